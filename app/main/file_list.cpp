@@ -1,0 +1,1 @@
+#include "app/main/file_list.h"

@@ -1,0 +1,101 @@
+// The sort engine: the selected entries, one file per step, copied, moved or renamed to their clean
+// names and folders. It knows no widget; whoever drives it calls Step until it is finished, so that
+// a window can answer between steps (a large copy takes several).
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "app/main/file_list.h"
+#include "core/names/settings.h"
+#include "core/platform/disk.h"
+#include "core/platform/prompts.h"
+
+namespace mdlPLM {
+
+/// The controls of the main window that a sort reads, as they stand when it starts.
+struct SortChoices {
+    SortMethod Method = SortMethod::Rename;
+    IfExists Exists = IfExists::Prompt;
+    Text txtTargetDir;
+    bool chkConvert = true;
+    bool chkGenre = false;
+    bool chkAlphabetical = false;
+    bool chkSubFolder = false;
+    Text txtSubFolder = u"5";
+    Text OutPattern;
+    Text txtNewName;  ///< the new-name box: the name of the one selected file
+};
+
+/// The two checks of the target folder (Copy and Move; Rename passes at once): an empty one is
+/// refused with a message, a missing one is created after a question. True when the sort may begin.
+bool CheckTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts);
+
+/// Which button started it: only the whole-list sort counts artists beforehand.
+enum class SortStart { All, ThisFile };
+
+/// One failed file and why.
+struct SortFailure {
+    Text Path;
+    Text Reason;
+};
+
+struct SortProgress {
+    Text Method;                ///< "Copying file:", "Moving file:", "Renaming file:"
+    Text Source;                ///< the file being handled (path)
+    Text Target;                ///< where it goes (path)
+    std::size_t Done = 0;       ///< entries looked at
+    std::size_t Total = 0;      ///< entries selected at the start
+    std::int64_t FileDone = 0;  ///< bytes of the copy under way
+    std::int64_t FileTotal = 0;
+};
+
+struct SortReport {
+    std::size_t Handled = 0;  ///< entries that left the list
+    std::size_t Skipped =
+        0;  ///< stayed without a failure (missing file, no artist, "No" of a rename)
+    bool Cancelled = false;  ///< ended by Cancel in a question
+    bool Stopped = false;    ///< ended by the stop flag
+    std::vector<SortFailure> Failures;
+};
+
+class SortRun {
+public:
+    /// Takes the entries selected now. `context` must outlive the run; the list must not change
+    /// while the run is under way except through it. Rows that were handled are taken out of the
+    /// list in few large changes (FlushRemovals), never one view reset per file.
+    SortRun(FileList& list, SortChoices choices, SortStart start, const NamingContext& context,
+            Disk& disk, Prompts& prompts);
+    ~SortRun();
+    SortRun(const SortRun&) = delete;
+    SortRun& operator=(const SortRun&) = delete;
+
+    /// Does the next piece of work: a step of the preparation (artist counts), one file, or a piece
+    /// of a large copy. False when the run is finished.
+    bool Step();
+    /// The stop flag: the copy under way is finished, no further file is begun.
+    void Stop() { stop_ = true; }
+    [[nodiscard]] bool Finished() const { return finished_; }
+    /// Takes the handled entries out of the list now (at the end of the run it happens by itself).
+    void FlushRemovals();
+    [[nodiscard]] const SortProgress& Progress() const { return progress_; }
+    [[nodiscard]] const SortReport& Report() const { return report_; }
+    /// The row that took the last handled one's place; Count() when there is none.
+    [[nodiscard]] FileList::Index NextRow() const;
+
+private:
+    struct Implementation;
+    std::unique_ptr<Implementation> impl_;
+    SortProgress progress_;
+    SortReport report_;
+    bool stop_ = false;
+    bool finished_ = false;
+};
+
+/// The one message at the end that names what failed and why; empty when nothing failed.
+Text FailureText(const std::vector<SortFailure>& failures);
+
+/// "12 done, 3 skipped, 1 failed": the status line after a run.
+Text SummaryText(const SortReport& report);
+
+}  // namespace mdlPLM

@@ -1,0 +1,1 @@
+#include "app/shared/qt_text.h"

@@ -1,0 +1,29 @@
+# Flags that every target of the project takes, and ccache where it is installed.
+add_library(plm_warnings INTERFACE)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+    target_compile_options(plm_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                           -Wno-sign-conversion -Wnon-virtual-dtor -Woverloaded-virtual)
+    if(PLM_WARNINGS_AS_ERRORS)
+        target_compile_options(plm_warnings INTERFACE -Werror)
+    endif()
+endif()
+
+if(PLM_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CCACHE} sloppiness=pch_defines,time_macros base_dir=${CMAKE_SOURCE_DIR})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        add_compile_options(-fpch-preprocess)
+    elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+    endif()
+endif()

@@ -1,0 +1,23 @@
+// What happens to a target that exists: shared by the sort engine and the name-from-text run.
+#pragma once
+
+#include "core/names/settings.h"
+#include "core/platform/disk.h"
+#include "core/platform/prompts.h"
+
+namespace mdlPLM {
+
+/// The question for an existing target: "The file "..." already exists!", line break, "Do you want
+/// to replace it?".
+Message ExistingTargetQuestion(TextView target);
+
+enum class TargetDecision { Replace, Leave, Cancel };
+
+/// Asks when `choice` is Prompt (Yes: Replace, No: Leave, Cancel: Cancel); Skip leaves, Replace
+/// replaces.
+TargetDecision DecideExistingTarget(IfExists choice, TextView target, Prompts& prompts);
+
+/// Sum of the attribute values that the settings have switched on (0 for none).
+int AttributesToSet(const Settings& settings);
+
+}  // namespace mdlPLM

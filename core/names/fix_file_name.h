@@ -1,0 +1,22 @@
+// One file to its new, clean name.
+#pragma once
+
+#include "core/names/patterns.h"
+#include "core/names/tag_boxes.h"
+#include "core/tags/file_tags.h"
+
+namespace mdlPLM {
+
+/// New name (name and extension, no folder) of the file at `path`, from its own tags; empty when
+/// the file does not exist. Read errors are not shown: the fields come from the old name then.
+Text FixFileName(TextView path, TextView outPattern, const NamingContext& context);
+
+/// The same from tags that have been read already (nothing is opened).
+Text FixFileName(TextView path, TextView outPattern, const FileTags& tags,
+                 const NamingContext& context);
+
+/// New name of the file at `path` from the tag panel's boxes; never touches the disk.
+Text FixFileName2(TextView path, TextView outPattern, const TagBoxes& boxes,
+                  const NamingContext& context);
+
+}  // namespace mdlPLM

@@ -1,0 +1,34 @@
+// Name patterns: placeholders for tag fields and, between them, literal text as separators.
+#pragma once
+
+#include "core/names/settings.h"
+
+namespace mdlPLM {
+
+/// The seven values that a pattern can hold.
+struct FieldValues {
+    Text Artist;
+    Text Title;
+    Text Album;
+    Text Track;
+    Text Year;
+    Text Genre;
+    Text Comment;
+};
+
+/// One field of a file name, path, list line or any text line by an input pattern; trimmed, empty
+/// when it cannot be taken. `fieldName` is one of "artist", "title", "album", "track", "year",
+/// "genre", "comment" in any letter case. Never fails.
+Text GetFieldFromPattern(TextView fileName, TextView fieldName, TextView pattern,
+                         const Settings& settings);
+
+/// The output pattern with its placeholders (exact, lower case) replaced. `filled` is false when no
+/// field put anything in; the result is then of no use and the old file name takes its place.
+Text FillPattern(TextView outPattern, const FieldValues& values, const Settings& settings,
+                 bool& filled);
+
+/// True for the characters that a key press may not put into the in-pattern / out-pattern box.
+bool IsForbiddenInInPattern(char16_t c);
+bool IsForbiddenInOutPattern(char16_t c);
+
+}  // namespace mdlPLM

@@ -1,0 +1,133 @@
+// What the program does to the file system, as one interface: the real disk below, a recording
+// double in the tests. Paths are Text (see path.h).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "core/platform/errors.h"
+
+namespace mdlPLM {
+
+/// File attributes as the rules count them.
+enum Attributes : int { ReadOnly = 1, Hidden = 2, Directory = 16, Archive = 32 };
+
+/// True when the attributes of the path can be read: for folders too, and through symbolic links.
+/// Every failure gives false.
+bool FileExists(TextView path);
+
+/// True when the path's attributes have the directory bit.
+bool IsFolder(TextView path);
+
+/// File length in bytes; -1 when it cannot be told (missing, a folder).
+std::int64_t FileLength(TextView path);
+
+/// What identifies a file or folder, whatever name it is reached by.
+struct FileIdentity {
+    std::uint64_t Device = 0;
+    std::uint64_t Node = 0;
+    friend bool operator==(const FileIdentity& a, const FileIdentity& b) {
+        return a.Device == b.Device && a.Node == b.Node;
+    }
+};
+
+/// False when the path cannot be read. Follows symbolic links.
+bool IdentityOf(TextView path, FileIdentity& identity);
+
+/// True when both paths exist and lead to the same file (device and inode).
+bool IsSameFile(TextView a, TextView b);
+
+struct FolderItem {
+    Text Name;
+    bool IsFolder = false;  ///< symbolic links to folders included
+};
+
+/// The names in a folder ("." and ".." left out), sorted by name without regard to letter case so
+/// that a listing is the same on every system. Hidden (dot) names are listed too.
+Status ListFolder(TextView folder, std::vector<FolderItem>& items);
+
+/// A copy that is made piece by piece into a temporary name beside the target and takes the target
+/// name at the end: a failure or an abandoned copy leaves the target as it was and nothing behind.
+class PiecewiseCopy {
+public:
+    virtual ~PiecewiseCopy() = default;
+    /// Copies the next piece (some megabytes). `done` is set when the target stands complete.
+    virtual Status Step(bool& done) = 0;
+    /// Bytes copied so far and in all.
+    [[nodiscard]] virtual std::int64_t Copied() const = 0;
+    [[nodiscard]] virtual std::int64_t Total() const = 0;
+};
+
+enum class IfTargetExists {
+    Fail,     ///< a target that exists, or comes to exist meanwhile, is FileAlreadyExists
+    Replace,  ///< the target is replaced by one atomic rename
+};
+
+class Disk {
+public:
+    virtual ~Disk() = default;
+    virtual bool Exists(TextView path) = 0;  ///< FileExists
+    virtual bool IsFolder(TextView path) = 0;
+    virtual bool IsSameFile(TextView a, TextView b) = 0;
+    /// Renames within one file system; a symbolic link is renamed as a link. Across file systems:
+    /// DifferentDrive. Onto a folder: PathFileAccess. Fail mode never replaces, not even a target
+    /// that appears between two looks; source and target being two spellings of the same file (a
+    /// change of letter case where the file system does not tell them apart) succeeds.
+    virtual Status Rename(TextView from, TextView to, IfTargetExists ifExists) = 0;
+    /// Begins a copy that keeps mode bits and modification time. The attributes that have no file
+    /// mode travel along as far as the target's file system takes them.
+    virtual Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
+                             std::unique_ptr<PiecewiseCopy>& copy) = 0;
+    /// One level; FileAlreadyExists when something of that name is there, PathNotFound when the
+    /// parent is missing.
+    virtual Status CreateFolder(TextView path) = 0;
+    /// A file or symbolic link, never a folder.
+    virtual Status DeleteFile(TextView path) = 0;
+    /// Sum of ReadOnly, Hidden and Archive; 0 is "normal".
+    virtual Status SetAttributes(TextView path, int attributes) = 0;
+};
+
+/// The machine's own file system.
+class SystemDisk : public Disk {
+public:
+    bool Exists(TextView path) override;
+    bool IsFolder(TextView path) override;
+    bool IsSameFile(TextView a, TextView b) override;
+    Status Rename(TextView from, TextView to, IfTargetExists ifExists) override;
+    Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
+                     std::unique_ptr<PiecewiseCopy>& copy) override;
+    Status CreateFolder(TextView path) override;
+    Status DeleteFile(TextView path) override;
+    Status SetAttributes(TextView path, int attributes) override;
+};
+
+/// Attributes of an existing path as SetAttributes takes them (plus Directory); 0 when unreadable.
+int GetAttributes(TextView path);
+
+/// Whole contents of a small file (settings, lists, playlists, album texts).
+Status ReadWholeFile(TextView path, Bytes& contents);
+
+/// Replaces or creates a small file of our own in one atomic step: the old contents stand until the
+/// new ones are complete. A symbolic link is written through.
+Status WriteWholeFile(TextView path, BytesView contents);
+
+/// Creates a folder and its missing parents.
+Status CreateFolders(TextView path);
+
+/// The folder of the running program, with its trailing separator.
+Text ProgramFolder();
+
+/// The user's folders for configuration and for data of this program, with trailing separator
+/// (XDG base directories and "PLM"); not created.
+Text ConfigurationFolder();
+Text DataFolder();
+
+/// The user's temporary folder with trailing separator.
+Text TemporaryFolder();
+
+/// True when files can be created in the folder (asked of the system, nothing is written).
+bool IsWritableFolder(TextView folder);
+
+}  // namespace mdlPLM
