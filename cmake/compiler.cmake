@@ -20,7 +20,8 @@ endif()
 find_program(CCACHE ccache)
 if(CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER
-        ${CCACHE} sloppiness=pch_defines,time_macros base_dir=${CMAKE_SOURCE_DIR})
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_NOHASHDIR=1
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} ${CCACHE})
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         add_compile_options(-fpch-preprocess)
     elseif(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")

@@ -1,0 +1,24 @@
+// What the windows share. The application owns one and hands it to each window.
+#pragma once
+
+#include "core/names/settings_store.h"
+#include "core/names/text_lists.h"
+#include "core/platform/disk.h"
+#include "core/platform/prompts.h"
+
+namespace mdlPLM {
+
+class FileDialogs;
+
+struct AppContext {
+    Settings Values;               ///< the one Settings value in force
+    ReplacementList Replacements;  ///< "replaces.txt"
+    SettingsStore& Store;
+    Disk& Files;
+    Prompts& Ask;                  ///< boxes over the active window
+    FileDialogs& Dialogs;
+    Text ListsFolder;              ///< where the three text files are, with trailing separator
+    Text ProgramFolder;            ///< with trailing separator
+};
+
+}  // namespace mdlPLM
