@@ -14,16 +14,21 @@ class FileList {
 public:
     using Index = std::size_t;
 
-    /// Told after every change of rows (never per row): the views reset once.
+    /// Told once per change, never per row, and only when something did change: the views reset
+    /// once.
     struct Observer {
         virtual ~Observer() = default;
-        virtual void RowsAboutToChange() = 0;  ///< rows come, go or move
+        /// Rows come or go; the list is still as it was before.
+        virtual void RowsAboutToChange() = 0;
+        /// Rows came or went; the selection of those that stayed went along with them.
         virtual void RowsChanged() = 0;
-        virtual void NamesChanged(Index first, Index last) = 0;  ///< new names of existing rows
+        /// New names, or the paths, of the existing rows first to last.
+        virtual void NamesChanged(Index first, Index last) = 0;
         virtual void SelectionChanged() = 0;
     };
     void SetObserver(Observer* observer) { observer_ = observer; }
 
+    // What is asked about a row takes a row below Count(); what changes one ignores any other.
     [[nodiscard]] Index Count() const { return rows_.size(); }
     [[nodiscard]] const Text& Path(Index row) const;     ///< what is opened
     [[nodiscard]] const Text& Entry(Index row) const;    ///< what is shown: the list line
@@ -41,11 +46,12 @@ public:
     /// Consecutive new names from `first` on, announced once.
     void SetNewNames(Index first, std::vector<Text> names);
     void ClearNewNames();
-    /// A file that was renamed on disk keeps its row.
+    /// A file that was renamed on disk keeps its row, its new name and its selection.
     void SetPath(Index row, Text path);
 
     void Remove(Index row);
-    /// Removes every row for which `gone` is true: linear, one change.
+    /// Removes every row for which `gone` is true: linear, one change. `gone` is asked once per
+    /// row, upwards, while the list still stands as it was.
     void RemoveIf(const std::function<bool(Index)>& gone);
     void RemoveSelected();
     void Clear();
@@ -79,6 +85,14 @@ private:
         std::int64_t Size = -1;
         bool Selected = false;
     };
+    void AppendRows(std::vector<Row> rows);
+    /// True when a row changed; announces nothing.
+    bool SetSelection(Index first, Index last, const std::function<bool(Index)>& on);
+    void RowsAboutToChange();
+    void RowsChanged();
+    void NamesChanged(Index first, Index last);
+    void SelectionChanged();
+
     std::vector<Row> rows_;
     Index selectedCount_ = 0;
     Observer* observer_ = nullptr;
