@@ -15,10 +15,11 @@ struct AppContext {
     ReplacementList Replacements;  ///< "replaces.txt"
     SettingsStore& Store;
     Disk& Files;
-    Prompts& Ask;                  ///< boxes over the active window
+    Prompts& Ask;  ///< boxes over the active window
     FileDialogs& Dialogs;
-    Text ListsFolder;              ///< where the three text files are, with trailing separator
-    Text ProgramFolder;            ///< with trailing separator
+    Text ListsFolder;               ///< where the three text files are, with trailing separator
+    Text ProgramFolder;             ///< with trailing separator
+    bool StoreFailureTold = false;  ///< see SaveSettings
 };
 
 }  // namespace mdlPLM

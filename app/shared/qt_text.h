@@ -8,7 +8,8 @@
 namespace mdlPLM {
 
 inline QString ToQt(TextView text) {
-    return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+    return QString(reinterpret_cast<const QChar*>(text.data()),
+                   static_cast<qsizetype>(text.size()));
 }
 
 inline Text FromQt(QStringView text) {

@@ -1,0 +1,105 @@
+#include "app/shared/message_boxes.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+
+#include "app/shared/qt_text.h"
+
+namespace mdlPLM {
+
+namespace {
+
+constexpr std::size_t MostLines = 12;
+
+struct BoxLook {
+    QMessageBox::Icon Icon;
+    QMessageBox::StandardButtons Buttons;
+    QMessageBox::StandardButton Safe;
+};
+
+QWidget* ActiveWindow() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+QString TitleOf(const Message& message) {
+    return message.Title.empty() ? QGuiApplication::applicationDisplayName() : ToQt(message.Title);
+}
+
+/// A label draws a CR as a blank.
+QString LinesOf(TextView text) { return ToQt(Replace(text, CrLf, u"\n")); }
+
+void ShowLiterally(QWidget& box) {
+    for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+}
+
+QMessageBox::StandardButton ShowBox(const Message& message, const BoxLook& look) {
+    const BoxText body = FitIntoBox(message.Body);
+    const BoxText detail = FitIntoBox(message.Detail);
+    QMessageBox box(look.Icon, TitleOf(message), LinesOf(body.Shown), look.Buttons, ActiveWindow());
+    box.setInformativeText(LinesOf(detail.Shown));
+    if (!body.Rest.empty() || !detail.Rest.empty())
+        box.setDetailedText(LinesOf(body.Rest.empty() ? detail.Rest : body.Rest));
+    box.setDefaultButton(look.Safe);
+    box.setEscapeButton(look.Safe);
+    ShowLiterally(box);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+}  // namespace
+
+BoxText FitIntoBox(TextView text) {
+    std::size_t lines = 1;
+    std::size_t cut = 0;
+    for (std::size_t end = text.find(u'\n'); end != TextView::npos; end = text.find(u'\n', end + 1))
+        if (++lines == MostLines) cut = end + 1;
+    if (lines <= MostLines) return {Text(text), {}};
+    const auto more = static_cast<long long>(lines - MostLines + 1);
+    return {Text(text.substr(0, cut)) + u"\u2026 " + NumberText(more) + u" more lines", Text(text)};
+}
+
+Answer QtPrompts::AskYesNo(const Message& question) {
+    const BoxLook look{QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No};
+    return ShowBox(question, look) == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+Answer QtPrompts::AskYesNoCancel(const Message& question) {
+    const BoxLook look{QMessageBox::Question,
+                       QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                       QMessageBox::Cancel};
+    switch (ShowBox(question, look)) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        default:
+            return Answer::Cancel;
+    }
+}
+
+void QtPrompts::Inform(const Message& message) {
+    ShowBox(message, {QMessageBox::Information, QMessageBox::Ok, QMessageBox::Ok});
+}
+
+void QtPrompts::Critical(const Message& message) {
+    ShowBox(message, {QMessageBox::Critical, QMessageBox::Ok, QMessageBox::Ok});
+}
+
+std::optional<Text> QtPrompts::AskText(const Message& question) {
+    QInputDialog box(ActiveWindow());
+    box.setWindowTitle(TitleOf(question));
+    box.setLabelText(LinesOf(question.Body));
+    ShowLiterally(box);
+    if (auto* entry = box.findChild<QLineEdit*>()) entry->setAccessibleName(box.labelText());
+    if (box.exec() != QDialog::Accepted) return std::nullopt;
+    return FromQt(box.textValue());
+}
+
+void BoxErrors::Report(ErrorNumber number, TextView path) {
+    ask_.Critical({{}, ErrorMessage(number), Text(path)});
+}
+
+}  // namespace mdlPLM
