@@ -1,0 +1,174 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+#include "core/platform/disk.h"
+#include "core/platform/posix.h"
+
+namespace mdlPLM {
+
+namespace {
+
+constexpr std::size_t PieceSize = std::size_t{1} << 20;
+constexpr mode_t KeptMode = 0777;
+
+// The codes by which a pair of file systems says that bytes cannot be copied inside the kernel.
+bool IsRefusal(int code) {
+    return code == EXDEV || code == EINVAL || code == ENOSYS || code == EOPNOTSUPP ||
+           code == EBADF || code == EPERM;
+}
+
+class PosixCopy final : public PiecewiseCopy {
+public:
+    PosixCopy(posix::Handle source, Bytes target, IfTargetExists ifExists)
+        : source_(std::move(source)), target_(std::move(target)), ifExists_(ifExists) {}
+    ~PosixCopy() override { Abandon(); }
+    PosixCopy(const PosixCopy&) = delete;
+    PosixCopy& operator=(const PosixCopy&) = delete;
+
+    Status Begin();
+    Status Step(bool& done) override;
+    [[nodiscard]] std::int64_t Copied() const override { return copied_; }
+    [[nodiscard]] std::int64_t Total() const override { return sourceData_.st_size; }
+
+private:
+    [[nodiscard]] Status CheckTarget() const;
+    Status CopyPiece(std::size_t& got);
+    Status CopyInKernel(std::size_t& got, bool& refused);
+    Status CopyByBuffer(std::size_t& got);
+    Status Finish();
+    void KeepModeAndTimes() const;
+    Status TakeTargetName() const;
+    void Abandon();
+
+    posix::Handle source_;
+    Bytes target_;
+    IfTargetExists ifExists_;
+    struct stat sourceData_ {};
+    posix::Handle temporary_;
+    Bytes temporaryPath_;  // empty: there is none (any more)
+    std::int64_t copied_ = 0;
+    bool byBuffer_ = false;
+    Bytes buffer_;
+    bool done_ = false;
+    Status failure_;
+};
+
+// What can be known beforehand is said before anything is copied.
+Status PosixCopy::CheckTarget() const {
+    if (target_.empty()) return ErrorNumber::BadFileName;
+    struct stat existing {};
+    if (::lstat(target_.c_str(), &existing) != 0)
+        return errno == ENOENT ? Status() : posix::LastError();
+    if (S_ISDIR(existing.st_mode)) return ErrorNumber::PathFileAccess;
+    return ifExists_ == IfTargetExists::Fail ? ErrorNumber::FileAlreadyExists : ErrorNumber::None;
+}
+
+Status PosixCopy::Begin() {
+    if (::fstat(source_.Get(), &sourceData_) != 0) return posix::LastError();
+    if (!S_ISREG(sourceData_.st_mode)) return ErrorNumber::PathFileAccess;
+    if (const Status possible = CheckTarget(); !possible.Ok()) return possible;
+    return posix::CreateTemporaryBeside(target_, 0600, temporaryPath_, temporary_);
+}
+
+Status PosixCopy::Step(bool& done) {
+    done = done_;
+    if (done_ || !failure_.Ok()) return failure_;
+    std::size_t got = 0;
+    failure_ = CopyPiece(got);
+    copied_ += static_cast<std::int64_t>(got);
+    if (failure_.Ok() && got < PieceSize) failure_ = Finish();
+    if (!failure_.Ok()) Abandon();
+    done = done_;
+    return failure_;
+}
+
+Status PosixCopy::CopyPiece(std::size_t& got) {
+    bool refused = byBuffer_;
+    if (!refused) {
+        const Status status = CopyInKernel(got, refused);
+        if (!refused) return status;
+        byBuffer_ = true;
+    }
+    return CopyByBuffer(got);
+}
+
+Status PosixCopy::CopyInKernel(std::size_t& got, bool& refused) {
+#ifdef __linux__
+    while (got < PieceSize) {
+        off_t from = copied_ + static_cast<off_t>(got);
+        off_t to = from;
+        const ssize_t n =
+            ::copy_file_range(source_.Get(), &from, temporary_.Get(), &to, PieceSize - got, 0);
+        // Some virtual file systems answer 0 before the end; the buffer finds out.
+        refused = got == 0 && (n == 0 ? copied_ < Total() : n < 0 && IsRefusal(errno));
+        if (n == 0 || refused) return {};
+        if (n > 0) {
+            got += static_cast<std::size_t>(n);
+        } else if (errno != EINTR) {
+            return posix::LastError();
+        }
+    }
+    return {};
+#else
+    (void)got;
+    refused = true;
+    return {};
+#endif
+}
+
+Status PosixCopy::CopyByBuffer(std::size_t& got) {
+    buffer_.resize(PieceSize);
+    const Status read = posix::ReadFully(source_.Get(), copied_, buffer_.data(), PieceSize, got);
+    if (!read.Ok()) return read;
+    return posix::WriteFully(temporary_.Get(), copied_, BytesView(buffer_).substr(0, got));
+}
+
+Status PosixCopy::Finish() {
+    if (copied_ < Total()) return ErrorNumber::InputPastEnd;
+    KeepModeAndTimes();
+    if (const Status closed = temporary_.Close(); !closed.Ok()) return closed;
+    if (const Status taken = TakeTargetName(); !taken.Ok()) return taken;
+    temporaryPath_.clear();
+    done_ = true;
+    return {};
+}
+
+// A file system without modes or such times keeps what it can: no failure.
+void PosixCopy::KeepModeAndTimes() const {
+    posix::CopyDosAttributes(source_.Get(), temporary_.Get());
+    (void)::fchmod(temporary_.Get(), sourceData_.st_mode & KeptMode);
+    const std::array<timespec, 2> times = {sourceData_.st_atim, sourceData_.st_mtim};
+    (void)::futimens(temporary_.Get(), times.data());
+}
+
+Status PosixCopy::TakeTargetName() const {
+    if (ifExists_ == IfTargetExists::Fail) return posix::RenameNoReplace(temporaryPath_, target_);
+    return ::rename(temporaryPath_.c_str(), target_.c_str()) == 0 ? Status()
+                                                                  : posix::LastErrorOfNewName();
+}
+
+void PosixCopy::Abandon() {
+    (void)temporary_.Close();
+    if (!temporaryPath_.empty()) ::unlink(temporaryPath_.c_str());
+    temporaryPath_.clear();
+}
+
+}  // namespace
+
+Status SystemDisk::BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
+                             std::unique_ptr<PiecewiseCopy>& copy) {
+    posix::Handle source = posix::OpenHandle(posix::SystemPath(from), O_RDONLY);
+    if (!source.IsOpen()) return posix::LastError();
+    auto begun = std::make_unique<PosixCopy>(std::move(source), posix::SystemPath(to), ifExists);
+    const Status status = begun->Begin();
+    if (status.Ok()) copy = std::move(begun);
+    return status;
+}
+
+}  // namespace mdlPLM

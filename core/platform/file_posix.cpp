@@ -1,0 +1,88 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "core/platform/file.h"
+#include "core/platform/posix.h"
+
+namespace mdlPLM {
+
+namespace {
+
+// A read of more than this is checked against the file's length before memory is taken for it: the
+// count may come from a damaged file.
+constexpr std::size_t LargeRead = std::size_t{1} << 20;
+
+constexpr int OpenFlags[] = {O_RDONLY, O_RDWR, O_RDWR | O_CREAT | O_EXCL};
+
+std::size_t CountWithinFile(int handle, std::int64_t offset, std::size_t count) {
+    struct stat data {};
+    if (::fstat(handle, &data) != 0 || !S_ISREG(data.st_mode)) return count;
+    const std::int64_t rest = std::max<std::int64_t>(0, data.st_size - offset);
+    return std::min(count, static_cast<std::size_t>(rest));
+}
+
+bool HoldsBytes(mode_t mode) { return !S_ISDIR(mode) && !S_ISFIFO(mode) && !S_ISSOCK(mode); }
+
+}  // namespace
+
+File::File(File&& other) noexcept : handle_(other.handle_), size_(other.size_) {
+    other.handle_ = Closed;
+}
+
+File& File::operator=(File&& other) noexcept {
+    std::swap(handle_, other.handle_);
+    std::swap(size_, other.size_);
+    return *this;
+}
+
+File::~File() { (void)Close(); }
+
+Status File::Open(TextView path, Mode mode) {
+    if (const Status closed = Close(); !closed.Ok()) return closed;
+    const int flags = OpenFlags[static_cast<int>(mode)];
+    posix::Handle handle = posix::OpenHandle(posix::SystemPath(path), flags, 0666);
+    if (!handle.IsOpen())
+        return mode == Mode::CreateNew ? posix::LastErrorOfNewName() : posix::LastError();
+    struct stat data {};
+    if (::fstat(handle.Get(), &data) != 0) return posix::LastError();
+    if (!HoldsBytes(data.st_mode)) return ErrorNumber::PathFileAccess;
+    handle_ = handle.Release();
+    size_ = data.st_size;
+    return {};
+}
+
+Status File::ReadAt(std::int64_t offset, std::size_t count, Bytes& out) const {
+    out.clear();
+    if (offset < 0) return ErrorNumber::BadRecordNumber;
+    if (count > LargeRead) count = CountWithinFile(handle_, offset, count);
+    out.resize(count);
+    std::size_t got = 0;
+    const Status status = ReadAt(offset, count, out.data(), got);
+    out.resize(got);
+    return status;
+}
+
+Status File::ReadAt(std::int64_t offset, std::size_t count, char* buffer, std::size_t& got) const {
+    got = 0;
+    if (offset < 0) return ErrorNumber::BadRecordNumber;
+    return posix::ReadFully(handle_, offset, buffer, count, got);
+}
+
+Status File::WriteAt(std::int64_t offset, BytesView bytes) {
+    if (offset < 0) return ErrorNumber::BadRecordNumber;
+    return posix::WriteFully(handle_, offset, bytes);
+}
+
+Status File::Flush() { return ::fsync(handle_) == 0 ? Status() : posix::LastError(); }
+
+Status File::Close() {
+    if (!IsOpen()) return {};
+    posix::Handle closing(std::exchange(handle_, Closed));
+    return closing.Close();
+}
+
+}  // namespace mdlPLM

@@ -1,0 +1,110 @@
+#include "core/platform/posix.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <random>
+#include <utility>
+
+#include "core/platform/path.h"
+
+namespace mdlPLM::posix {
+
+Bytes SystemPath(TextView path) {
+    if (path.find(u'\0') != TextView::npos) return {};
+    return NativePath(path);
+}
+
+Status LastError() { return ErrorFromSystem(errno); }
+
+Status LastErrorOfNewName() {
+    return errno == ENOENT ? ErrorNumber::PathNotFound : ErrorFromSystem(errno);
+}
+
+Handle::Handle(Handle&& other) noexcept : descriptor_(other.Release()) {}
+
+Handle& Handle::operator=(Handle&& other) noexcept {
+    if (this != &other) {
+        (void)Close();
+        descriptor_ = other.Release();
+    }
+    return *this;
+}
+
+Handle::~Handle() { (void)Close(); }
+
+Status Handle::Close() {
+    if (!IsOpen()) return {};
+    const int closed = ::close(descriptor_);
+    descriptor_ = -1;
+    // The descriptor is gone even when close is interrupted.
+    return closed == 0 || errno == EINTR ? Status() : LastError();
+}
+
+int Handle::Release() { return std::exchange(descriptor_, -1); }
+
+Handle OpenHandle(const Bytes& path, int flags, unsigned mode) {
+    for (;;) {
+        const int descriptor =
+            ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
+        if (descriptor >= 0 || errno != EINTR) return Handle(descriptor);
+    }
+}
+
+Status ReadFully(int descriptor, std::int64_t offset, char* buffer, std::size_t count,
+                 std::size_t& got) {
+    got = 0;
+    while (got < count) {
+        const ssize_t n = ::pread(descriptor, buffer + got, count - got,
+                                  static_cast<off_t>(offset) + static_cast<off_t>(got));
+        if (n == 0) break;
+        if (n > 0) {
+            got += static_cast<std::size_t>(n);
+        } else if (errno != EINTR) {
+            return LastError();
+        }
+    }
+    return {};
+}
+
+Status WriteFully(int descriptor, std::int64_t offset, BytesView bytes) {
+    while (!bytes.empty()) {
+        const ssize_t n = offset < 0 ? ::write(descriptor, bytes.data(), bytes.size())
+                                     : ::pwrite(descriptor, bytes.data(), bytes.size(), offset);
+        if (n == 0) return ErrorNumber::DiskFull;
+        if (n > 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(n));
+            if (offset >= 0) offset += n;
+        } else if (errno != EINTR) {
+            return LastError();
+        }
+    }
+    return {};
+}
+
+Bytes FolderOfNative(const Bytes& path) {
+    const std::size_t last = path.rfind('/');
+    return last == Bytes::npos ? Bytes() : path.substr(0, last + 1);
+}
+
+// No leading dot: what a killed run leaves behind is to be seen and found.
+Bytes TemporaryNameBeside(const Bytes& target) {
+    std::random_device numbers;
+    std::array<char, 32> name{};
+    (void)std::snprintf(name.data(), name.size(), "plm-%08x%08x.tmp", numbers(), numbers());
+    return FolderOfNative(target) + name.data();
+}
+
+Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Handle& handle) {
+    do {
+        path = TemporaryNameBeside(target);
+        handle = OpenHandle(path, O_RDWR | O_CREAT | O_EXCL, mode);
+    } while (!handle.IsOpen() && errno == EEXIST);
+    return handle.IsOpen() ? Status() : LastErrorOfNewName();
+}
+
+}  // namespace mdlPLM::posix

@@ -1,0 +1,73 @@
+// What the POSIX sources of this room share. Not for other rooms.
+#pragma once
+
+#include <cstdint>
+
+#include "core/platform/errors.h"
+
+namespace mdlPLM::posix {
+
+/// Path bytes for a system call. A path that holds a NUL names no file: it becomes the empty path,
+/// which every call answers with "no such file", instead of naming the file before the NUL.
+Bytes SystemPath(TextView path);
+
+/// The error of the system call that has just failed.
+Status LastError();
+
+/// The same where the call makes a name in a folder: a missing one is then the folder.
+Status LastErrorOfNewName();
+
+/// A file descriptor that closes itself.
+class Handle {
+public:
+    Handle() = default;
+    explicit Handle(int descriptor) : descriptor_(descriptor) {}
+    Handle(Handle&& other) noexcept;
+    Handle& operator=(Handle&& other) noexcept;
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    ~Handle();
+    [[nodiscard]] bool IsOpen() const { return descriptor_ >= 0; }
+    [[nodiscard]] int Get() const { return descriptor_; }
+    Status Close();
+    /// Hands the descriptor over: it is not closed here any more.
+    int Release();
+
+private:
+    int descriptor_ = -1;
+};
+
+/// open(2), begun again when a signal interrupts it; the descriptor is not handed to child
+/// processes, and a FIFO does not hold the caller up.
+Handle OpenHandle(const Bytes& path, int flags, unsigned mode = 0);
+
+/// Reads up to `count` bytes at `offset`; fewer only at the end of the file.
+Status ReadFully(int descriptor, std::int64_t offset, char* buffer, std::size_t count,
+                 std::size_t& got);
+
+/// Writes all bytes at `offset`, or at the descriptor's own position when `offset` is negative.
+Status WriteFully(int descriptor, std::int64_t offset, BytesView bytes);
+
+/// A new, empty file under a name of its own in the folder of `target`. The name is short, so that
+/// it fits where the target's name does.
+Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Handle& handle);
+
+/// A name of that kind that nothing in the folder of `target` has.
+Bytes TemporaryNameBeside(const Bytes& target);
+
+/// The folder of a path with its trailing separator, "" when there is none.
+Bytes FolderOfNative(const Bytes& path);
+
+/// Takes `from` to the name `to` in one step that never replaces anything. See rename_posix.cpp.
+Status RenameNoReplace(const Bytes& from, const Bytes& to);
+
+/// The ways of doing that, tried in this order; each leaves both names as they were when it fails.
+/// They give the system's code, 0 for success.
+int RenameByFlag(const Bytes& from, const Bytes& to);
+int RenameByLink(const Bytes& from, const Bytes& to);
+int RenameByClaim(const Bytes& from, const Bytes& to);
+
+/// Copies the attributes that have no file mode, as far as the target's file system takes them.
+void CopyDosAttributes(int from, int to);
+
+}  // namespace mdlPLM::posix

@@ -1,0 +1,120 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <exception>
+
+#include "core/platform/disk.h"
+#include "core/platform/file.h"
+#include "core/platform/posix.h"
+
+namespace mdlPLM {
+
+namespace {
+
+constexpr std::size_t PieceSize = std::size_t{64} << 10;
+constexpr int MostLinks = 40;  // as many as the system itself follows
+constexpr mode_t Permissions = 07777;
+
+Status ReadToEnd(const File& file, Bytes& contents) {
+    std::size_t got = 0;
+    do {
+        const std::size_t length = contents.size();
+        contents.resize(length + PieceSize);
+        const Status status = file.ReadAt(static_cast<std::int64_t>(length), PieceSize,
+                                          contents.data() + length, got);
+        contents.resize(length + got);
+        if (!status.Ok()) return status;
+    } while (got == PieceSize);
+    return {};
+}
+
+bool IsLink(const Bytes& path) {
+    struct stat data {};
+    return ::lstat(path.c_str(), &data) == 0 && S_ISLNK(data.st_mode);
+}
+
+// The file that a chain of symbolic links ends in, whether it exists or not.
+Status FollowLinks(Bytes& path) {
+    for (int i = 0; i < MostLinks; ++i) {
+        if (!IsLink(path)) return {};
+        std::array<char, PATH_MAX> buffer{};
+        const ssize_t length = ::readlink(path.c_str(), buffer.data(), buffer.size());
+        if (length <= 0) return posix::LastError();
+        const Bytes next(buffer.data(), static_cast<std::size_t>(length));
+        path = next.front() == '/' ? next : posix::FolderOfNative(path) + next;
+    }
+    return ErrorFromSystem(ELOOP);
+}
+
+Status WriteInPlace(const Bytes& path, BytesView contents) {
+    posix::Handle handle = posix::OpenHandle(path, O_WRONLY);
+    if (!handle.IsOpen()) return posix::LastError();
+    const Status written = posix::WriteFully(handle.Get(), -1, contents);
+    return written.Ok() ? handle.Close() : written;
+}
+
+// What is to become the file: an existing one hands its mode and, where that may be done, its owner
+// on to what replaces it.
+Status CreateSuccessor(const Bytes& path, const struct stat* old, Bytes& temporary,
+                       posix::Handle& handle) {
+    const mode_t mode = old == nullptr ? 0666 : old->st_mode & Permissions;
+    const Status created = posix::CreateTemporaryBeside(path, mode, temporary, handle);
+    if (!created.Ok() || old == nullptr) return created;
+    if (old->st_uid != ::geteuid() || old->st_gid != ::getegid())
+        (void)!::fchown(handle.Get(), old->st_uid, old->st_gid);
+    (void)::fchmod(handle.Get(), mode);
+    return {};
+}
+
+Status Complete(posix::Handle& handle, BytesView contents) {
+    const Status written = posix::WriteFully(handle.Get(), 0, contents);
+    if (!written.Ok()) return written;
+    // What is renamed over the old file must be on the disk before its name is.
+    if (::fsync(handle.Get()) != 0) return posix::LastError();
+    return handle.Close();
+}
+
+Status ReplaceContents(const Bytes& path, const struct stat* old, BytesView contents) {
+    Bytes temporary;
+    posix::Handle handle;
+    Status status = CreateSuccessor(path, old, temporary, handle);
+    if (!status.Ok()) return status;
+    status = Complete(handle, contents);
+    if (status.Ok() && ::rename(temporary.c_str(), path.c_str()) != 0) status = posix::LastError();
+    if (!status.Ok()) ::unlink(temporary.c_str());
+    return status;
+}
+
+}  // namespace
+
+Status ReadWholeFile(TextView path, Bytes& contents) {
+    contents.clear();
+    File file;
+    if (const Status opened = file.Open(path, File::Mode::Read); !opened.Ok()) return opened;
+    try {
+        contents.reserve(static_cast<std::size_t>(file.Size()) + PieceSize);
+        return ReadToEnd(file, contents);
+    } catch (const std::exception&) {
+        return ErrorNumber::OutOfMemory;
+    }
+}
+
+Status WriteWholeFile(TextView path, BytesView contents) {
+    Bytes native = posix::SystemPath(path);
+    if (native.empty()) return ErrorNumber::BadFileName;
+    if (const Status followed = FollowLinks(native); !followed.Ok()) return followed;
+    struct stat old {};
+    if (::stat(native.c_str(), &old) != 0) return ReplaceContents(native, nullptr, contents);
+    if (S_ISDIR(old.st_mode)) return ErrorNumber::PathFileAccess;
+    // A device or a pipe is written to, never replaced; a write-protected file is to stay.
+    if (!S_ISREG(old.st_mode)) return WriteInPlace(native, contents);
+    if (::access(native.c_str(), W_OK) != 0) return posix::LastError();
+    return ReplaceContents(native, &old, contents);
+}
+
+}  // namespace mdlPLM
