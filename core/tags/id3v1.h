@@ -37,6 +37,9 @@ Bytes FieldText(BytesView field);
 /// "TAG" in front: no trailer (three NULs in `Tag`, 255 in `Genre`).
 ID3v1Tag ParseID3v1(BytesView trailer);
 
+/// True for the 128 bytes of an ID3v1.1 trailer: byte 125 is 0, whatever the track byte behind it.
+bool HasTrackByte(BytesView trailer);
+
 /// The 128 bytes of a record: the ID3v1.0 layout without a track, the ID3v1.1 layout with one.
 Bytes RenderID3v1(const ID3v1Tag& tag);
 
@@ -66,6 +69,7 @@ void LayOutID3v1(ID3v1Tag& tag, const ID3v1Texts& texts, bool optimized);
 
 /// The mirror of LayOutID3v1 for display: each field cut at its first NUL, the continuation
 /// appended (before trimming) when `optimized`, then trimmed.
+/// A field without a NUL, or with its first NUL at the last character, has no continuation.
 ID3v1Texts ShowID3v1(const ID3v1Tag& tag, bool optimized);
 
 /// Entry limits of the optimized layout, in characters: the artist box 59 less the album, without a

@@ -1,0 +1,146 @@
+#include "core/tags/file_tags.h"
+
+#include <algorithm>
+
+#include "core/tags/tag_file.h"
+
+namespace mdlPLM {
+
+namespace {
+
+constexpr auto HeaderSize = static_cast<std::int64_t>(ID3v2HeaderSize);
+constexpr auto TrailerSize = static_cast<std::int64_t>(ID3v1Size);
+
+// The start of a file in one read: as a rule the whole tag of a file without a picture.
+class Head {
+public:
+    Status Read(const File& file) {
+        const auto most = static_cast<std::int64_t>(buffer_.size());
+        const auto count = static_cast<std::size_t>(std::min(most, file.Size()));
+        return file.ReadAt(0, count, buffer_.data(), got_);
+    }
+    [[nodiscard]] BytesView View() const { return {buffer_.data(), got_}; }
+
+private:
+    std::array<char, 4096> buffer_;
+    std::size_t got_ = 0;
+};
+
+struct TagSpan {
+    std::int64_t Length = 0;      // header included, as declared
+    std::int64_t TextInFile = 0;  // bytes of the tag text that the file holds
+};
+
+Status FindTag(BytesView head, std::int64_t fileSize, TagSpan& span) {
+    if (head.size() < ID3v2HeaderSize) return ErrorNumber::InputPastEnd;
+    const std::int64_t size = DecodeSize(head.substr(6, 4));
+    if (size > fileSize) return ErrorNumber::InputPastEnd;
+    // The text reaches ten bytes beyond the tag, because it is counted from behind the header.
+    span = {size + HeaderSize, std::min(size + HeaderSize, fileSize - HeaderSize)};
+    return {};
+}
+
+Status CompleteText(const File& file, BytesView head, Bytes& text, std::size_t length) {
+    text.reserve(length);
+    text.assign(head.substr(ID3v2HeaderSize));
+    const std::size_t have = text.size();
+    text.resize(length);
+    std::size_t got = 0;
+    const Status status =
+        file.ReadAt(static_cast<std::int64_t>(head.size()), length - have, text.data() + have, got);
+    if (!status.Ok()) return status;
+    return got == length - have ? Status() : Status(ErrorNumber::InputPastEnd);
+}
+
+struct V2Result {
+    ID3v2Tag Tag;
+    std::int64_t Length = 0;
+};
+
+Status ReadTag(const File& file, BytesView head, ID3v2Parts parts, V2Result& result) {
+    if (head.substr(0, 3) != "ID3") return {};
+    result.Tag.ID = "ID3";
+    TagSpan span;
+    const Status status = FindTag(head, file.Size(), span);
+    if (!status.Ok()) return status;
+    const auto length = static_cast<std::size_t>(span.TextInFile);
+    Bytes longText;
+    BytesView text = head.substr(ID3v2HeaderSize, length);
+    if (text.size() < length) {
+        const Status rest = CompleteText(file, head, longText, length);
+        if (!rest.Ok()) return rest;
+        text = longText;
+    }
+    result.Tag = ParseID3v2(head, text, parts);
+    result.Length = span.Length;
+    return {};
+}
+
+Status ReadRecord(const File& file, BytesView head, FileTags& tags) {
+    const std::int64_t start = file.Size() - TrailerSize;
+    Bytes read;
+    BytesView trailer;
+    if (start >= 0 && static_cast<std::int64_t>(head.size()) == file.Size()) {
+        trailer = head.substr(static_cast<std::size_t>(start));
+    } else {
+        const Status status = ReadTrailer(file, read);
+        if (!status.Ok()) return status;
+        trailer = read;
+    }
+    tags.V1 = ParseID3v1(trailer);
+    tags.V1HasTrackByte = tags.V1.Present() && HasTrackByte(trailer);
+    return {};
+}
+
+void NoteV1Failure(FileTags& tags) {
+    tags.V1Failed = true;
+    tags.V1.Genre = NoGenre;
+}
+
+}  // namespace
+
+FileTags ReadFileTags(const File& file, TextView path, ID3v2Parts parts, ErrorSink& errors) {
+    FileTags tags;
+    tags.Exists = true;
+    tags.FileSize = file.Size();
+    Head head;
+    const Status first = head.Read(file);
+    const Status v1 = ReadRecord(file, head.View(), tags);
+    if (!v1.Ok()) {
+        NoteV1Failure(tags);
+        errors.Report(v1.Number(), path);
+    }
+    V2Result v2;
+    const Status second = first.Ok() ? ReadTag(file, head.View(), parts, v2) : first;
+    tags.V2 = std::move(v2.Tag);
+    tags.V2Length = v2.Length;
+    tags.V2Failed = !second.Ok();
+    if (tags.V2Failed) errors.Report(second.Number(), path);
+    return tags;
+}
+
+FileTags ReadFileTags(TextView path, ID3v2Parts parts, ErrorSink& errors) {
+    File file;
+    FileTags tags;
+    const Status status = OpenForTags(path, file, tags.Exists);
+    if (!tags.Exists) return tags;
+    if (status.Ok()) return ReadFileTags(file, path, parts, errors);
+    NoteV1Failure(tags);
+    tags.V2Failed = true;
+    errors.Report(status.Number(), path);
+    return tags;
+}
+
+ID3v2Tag ReadID3v2(TextView path, ErrorSink& errors) {
+    File file;
+    bool exists = false;
+    Status status = OpenForTags(path, file, exists);
+    V2Result result;
+    Head head;
+    if (exists && status.Ok()) status = head.Read(file);
+    if (exists && status.Ok()) status = ReadTag(file, head.View(), ID3v2Parts::Everything, result);
+    if (!status.Ok()) errors.Report(status.Number(), path);
+    return std::move(result.Tag);
+}
+
+}  // namespace mdlPLM
