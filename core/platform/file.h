@@ -37,6 +37,9 @@ public:
     /// Writes all of `bytes` at `offset`; a short write is an error (DiskFull when it is that).
     Status WriteAt(std::int64_t offset, BytesView bytes);
 
+    /// Cuts the file to `size` bytes or lengthens it with NULs; Size() stays that of opening.
+    Status SetSize(std::int64_t size);
+
     /// Waits until what was written is on the disk. Failures are reported, not swallowed.
     Status Flush();
 

@@ -1,5 +1,6 @@
 #include "core/platform/disk.h"
 #include "core/tags/genres.h"
+#include "core/tags/patches.h"
 #include "core/tags/tag_file.h"
 #include "core/text/code_page.h"
 
@@ -16,7 +17,18 @@ Status ReadRecord(const File& file, ID3v1Tag& tag) {
     return status;
 }
 
+Status WriteTrailer(File& file, const ID3v1Tag& tag) {
+    Bytes old;
+    const Status status = ReadTrailer(file, old);
+    if (!status.Ok()) return status;
+    return ApplyPatches(file, {{TrailerPlace(file, old), RenderID3v1(tag)}});
+}
+
 }  // namespace
+
+std::int64_t TrailerPlace(const File& file, BytesView lastBytes) {
+    return lastBytes.substr(0, 3) == "TAG" ? file.Size() - TrailerSize : file.Size();
+}
 
 Status OpenForTags(TextView path, File& file, bool& exists) {
     const Status status = file.Open(path, File::Mode::Read);
@@ -43,6 +55,15 @@ ID3v1Tag ReadID3v1(TextView path, ErrorSink& errors) {
         errors.Report(status.Number(), path);
     }
     return tag;
+}
+
+bool WriteID3v1(TextView path, const ID3v1Tag& tag, ErrorSink& errors) {
+    File file;
+    Status status = file.Open(path, File::Mode::ReadWrite);
+    if (status.Ok()) status = WriteTrailer(file, tag);
+    if (status.Ok()) status = file.Close();
+    if (!status.Ok()) errors.Report(status.Number(), path);
+    return status.Ok();
 }
 
 Text GetFileGenre(TextView path, ErrorSink& errors) {

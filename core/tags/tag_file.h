@@ -13,4 +13,7 @@ Status OpenForTags(TextView path, File& file, bool& exists);
 /// The last 128 bytes of a file. A file shorter than that is BadRecordNumber.
 Status ReadTrailer(const File& file, Bytes& trailer);
 
+/// Where a trailer is to be written: over the one that the last 128 bytes are, else at the end.
+std::int64_t TrailerPlace(const File& file, BytesView lastBytes);
+
 }  // namespace mdlPLM
