@@ -77,6 +77,15 @@ Status File::WriteAt(std::int64_t offset, BytesView bytes) {
     return posix::WriteFully(handle_, offset, bytes);
 }
 
+Status File::SetSize(std::int64_t size) {
+    if (size < 0) return ErrorNumber::BadRecordNumber;
+    int result = 0;
+    do {
+        result = ::ftruncate(handle_, size);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 ? Status() : posix::LastError();
+}
+
 Status File::Flush() { return ::fsync(handle_) == 0 ? Status() : posix::LastError(); }
 
 Status File::Close() {
