@@ -7,34 +7,21 @@
 #include <vector>
 
 #include "app/main/file_list.h"
-#include "core/names/settings.h"
+#include "app/main/sort_choices.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 
 namespace mdlPLM {
 
-/// The controls of the main window that a sort reads, as they stand when it starts.
-struct SortChoices {
-    SortMethod Method = SortMethod::Rename;
-    IfExists Exists = IfExists::Prompt;
-    Text txtTargetDir;
-    bool chkConvert = true;
-    bool chkGenre = false;
-    bool chkAlphabetical = false;
-    bool chkSubFolder = false;
-    Text txtSubFolder = u"5";
-    Text OutPattern;
-    Text txtNewName;  ///< the new-name box: the name of the one selected file
-};
-
-/// The two checks of the target folder (Copy and Move; Rename passes at once): an empty one is
-/// refused with a message, a missing one is created after a question. True when the sort may begin.
+/// The checks of the target folder (Copy and Move; Rename passes at once): an empty one is refused
+/// with a message, a missing one is created after a question; one that cannot be created, or is no
+/// folder, gives a message too. True when the sort may begin.
 bool CheckTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts);
 
 /// Which button started it: only the whole-list sort counts artists beforehand.
 enum class SortStart { All, ThisFile };
 
-/// One failed file and why.
+/// One failed file, or a folder that could not be made, and why.
 struct SortFailure {
     Text Path;
     Text Reason;
@@ -51,9 +38,10 @@ struct SortProgress {
 };
 
 struct SortReport {
-    std::size_t Handled = 0;  ///< entries that left the list
-    std::size_t Skipped =
-        0;  ///< stayed without a failure (missing file, no artist, "No" of a rename)
+    /// Entries that leave the list.
+    std::size_t Handled = 0;
+    /// Entries that stay without a failure: the file is missing or has no artist, "No" of a rename.
+    std::size_t Skipped = 0;
     bool Cancelled = false;  ///< ended by Cancel in a question
     bool Stopped = false;    ///< ended by the stop flag
     std::vector<SortFailure> Failures;
@@ -80,7 +68,8 @@ public:
     void FlushRemovals();
     [[nodiscard]] const SortProgress& Progress() const { return progress_; }
     [[nodiscard]] const SortReport& Report() const { return report_; }
-    /// The row that took the last handled one's place; Count() when there is none.
+    /// The row that took (or will take) the last handled one's place once the handled entries are
+    /// out of the list; Count() when there is none.
     [[nodiscard]] FileList::Index NextRow() const;
 
 private:
@@ -92,8 +81,11 @@ private:
     bool finished_ = false;
 };
 
-/// The one message at the end that names what failed and why; empty when nothing failed.
+/// The one message at the end that names what failed and why; empty when nothing failed. It stays
+/// short enough for a box: behind the first failures it says how many more there are.
 Text FailureText(const std::vector<SortFailure>& failures);
+/// All failures, one line each.
+Text FailureList(const std::vector<SortFailure>& failures);
 
 /// "12 done, 3 skipped, 1 failed": the status line after a run.
 Text SummaryText(const SortReport& report);

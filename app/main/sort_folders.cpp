@@ -1,0 +1,96 @@
+#include "app/main/sort_folders.h"
+
+#include <algorithm>
+
+#include "core/names/fix_file_name.h"
+#include "core/names/fixing_rules.h"
+#include "core/platform/path.h"
+#include "core/tags/id3v1.h"
+#include "core/text/letter_case.h"
+
+namespace mdlPLM {
+
+namespace {
+
+constexpr TextView ArtistMark = u" - ";
+
+bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
+bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
+
+/// A target folder that ends in a separator gets a second one: the file system takes no offence,
+/// and the text stays the user's. Intended.
+Text Below(TextView folder, TextView name) { return Text(folder) + Separator + Text(name); }
+
+}  // namespace
+
+Text FolderName(TextView text) {
+    Text name = ReplaceIllegalCharacters(Text(text));
+    return IsUsableFileName(name) ? name : Text();
+}
+
+Text LetterOf(TextView newName) {
+    const bool pair =
+        newName.size() > 1 && IsHighSurrogate(newName[0]) && IsLowSurrogate(newName[1]);
+    return UCase(newName.substr(0, pair ? 2 : 1));
+}
+
+std::optional<Text> ArtistOf(TextView name) {
+    const Pos mark = InStr(name, ArtistMark);
+    if (mark == 0) return std::nullopt;
+    return Left(name, mark - 1);
+}
+
+SortNames NamesOf(TextView source, const SortRules& rules) {
+    const SortChoices& choices = rules.Choices;
+    if (!choices.chkConvert) {
+        const Text present = FileNameOfPath(source);
+        return {present, present};
+    }
+    const Text fixed = FixFileName(source, choices.OutPattern, rules.Context);
+    const bool fromBox = !rules.Multiple && !choices.txtNewName.empty();
+    return {fromBox ? choices.txtNewName : fixed, fixed};
+}
+
+void Descend(FolderLevels& levels, TextView text) {
+    const Text name = FolderName(text);
+    if (!name.empty()) levels.push_back(Below(levels.back(), name));
+}
+
+Status EnsureFolders(const FolderLevels& levels, Disk& disk, Text& failed) {
+    for (std::size_t level = 1; level < levels.size(); ++level) {
+        if (disk.IsFolder(levels[level])) continue;
+        const Status status = disk.CreateFolder(levels[level]);
+        if (!status.Ok()) {
+            failed = levels[level];
+            return status;
+        }
+    }
+    return {};
+}
+
+FolderLevels FoldersOf(TextView source, TextView newName, const SortChoices& choices) {
+    FolderLevels levels{choices.txtTargetDir};
+    SilentErrors silent;
+    if (choices.chkGenre) Descend(levels, GetFileGenre(source, silent));
+    if (choices.chkAlphabetical) Descend(levels, LetterOf(newName));
+    return levels;
+}
+
+long long ArtistThreshold(const SortChoices& choices) {
+    return std::max(0LL, IntegerPart(choices.txtSubFolder));
+}
+
+bool AddArtistFolder(FolderLevels& levels, TextView artistName, const SortChoices& choices,
+                     Disk& disk) {
+    const std::optional<Text> artist = ArtistOf(artistName);
+    if (!artist) return false;
+    FolderLevels withArtist = levels;
+    Descend(withArtist, *artist);
+    // Above 0 the folder counts as earned when it stands, whoever made it.
+    if (ArtistThreshold(choices) == 0 || disk.IsFolder(withArtist.back())) {
+        levels = std::move(withArtist);
+    }
+    return true;
+}
+
+}  // namespace mdlPLM

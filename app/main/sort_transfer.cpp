@@ -1,0 +1,110 @@
+#include "app/main/sort_transfer.h"
+
+#include "core/text/letter_case.h"
+
+namespace mdlPLM {
+
+FileTransfer::FileTransfer(const SortChoices& choices, const Settings& settings, Disk& disk,
+                           Prompts& prompts)
+    : choices_(choices), settings_(settings), disk_(disk), prompts_(prompts) {}
+
+FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView destination) {
+    if (disk_.IsSameFile(source, destination)) {
+        // The other spelling of its own name, where the file system does not tell them apart.
+        const bool respell = choices_.Method == SortMethod::Move && source != destination &&
+                             EqualIgnoringCase(source, destination);
+        return respell ? Rename(source, destination, IfTargetExists::Fail) : Result::Handled;
+    }
+    SetAttributes(source);
+    if (!disk_.Exists(destination)) return Transfer(source, destination, IfTargetExists::Fail);
+    switch (DecideExistingTarget(choices_.Exists, destination, prompts_)) {
+        case TargetDecision::Replace:
+            return Transfer(source, destination, IfTargetExists::Replace);
+        case TargetDecision::Leave:
+            return Result::Handled;
+        case TargetDecision::Cancel:
+            break;
+    }
+    return Result::Cancelled;
+}
+
+FileTransfer::Result FileTransfer::RenameFile(TextView oldPath, TextView newPath) {
+    if (oldPath == newPath) return Result::Handled;
+    const bool respell = EqualIgnoringCase(oldPath, newPath);
+    if (!respell && disk_.IsSameFile(oldPath, newPath)) return Result::Handled;
+    SetAttributes(oldPath);
+    if (!respell && disk_.Exists(newPath)) return FileExistActions(oldPath, newPath);
+    return Rename(oldPath, newPath, IfTargetExists::Fail);
+}
+
+FileTransfer::Result FileTransfer::FileExistActions(TextView strOldFile, TextView strNewFile) {
+    switch (DecideExistingTarget(choices_.Exists, strNewFile, prompts_)) {
+        case TargetDecision::Replace:
+            return Rename(strOldFile, strNewFile, IfTargetExists::Replace);
+        case TargetDecision::Leave:
+            return Result::Stays;
+        case TargetDecision::Cancel:
+            break;
+    }
+    return Result::Cancelled;
+}
+
+FileTransfer::Result FileTransfer::Transfer(TextView source, TextView destination,
+                                            IfTargetExists ifExists) {
+    if (choices_.Method == SortMethod::Copy) return BeginCopy(source, destination, ifExists);
+    const Result moved = Rename(source, destination, ifExists);
+    if (moved == Result::Failed && error_.Number() == ErrorNumber::DifferentDrive) {
+        return BeginCopy(source, destination, ifExists);
+    }
+    return moved;
+}
+
+FileTransfer::Result FileTransfer::Rename(TextView from, TextView to, IfTargetExists ifExists) {
+    return Settle(disk_.Rename(from, to, ifExists));
+}
+
+FileTransfer::Result FileTransfer::BeginCopy(TextView source, TextView destination,
+                                             IfTargetExists ifExists) {
+    const Status status = disk_.BeginCopy(source, destination, ifExists, copy_);
+    if (!status.Ok()) {
+        copy_.reset();
+        return Settle(status);
+    }
+    source_ = source;
+    return Continue();
+}
+
+FileTransfer::Result FileTransfer::Continue() {
+    bool done = false;
+    const Status status = copy_->Step(done);
+    if (status.Ok() && !done) return Result::UnderWay;
+    copy_.reset();
+    return status.Ok() ? EndCopy() : Settle(status);
+}
+
+FileTransfer::Result FileTransfer::EndCopy() {
+    // A move to another file system: the source goes only now that the target stands.
+    if (choices_.Method != SortMethod::Move) return Result::Handled;
+    const Result removed = Settle(disk_.DeleteFile(source_));
+    sourceStays_ = removed == Result::Failed;
+    return removed;
+}
+
+FileTransfer::Result FileTransfer::Settle(Status status) {
+    error_ = status;
+    sourceStays_ = false;
+    return status.Ok() ? Result::Handled : Result::Failed;
+}
+
+Text FileTransfer::Reason() const {
+    const Text reason(Describe(error_.Number()));
+    return sourceStays_ ? u"Copied, but the original could not be removed: " + reason : reason;
+}
+
+void FileTransfer::SetAttributes(TextView path) {
+    if (!settings_.bSetAttributes) return;
+    // A file that does not take them is sorted all the same.
+    static_cast<void>(disk_.SetAttributes(path, AttributesToSet(settings_)));
+}
+
+}  // namespace mdlPLM

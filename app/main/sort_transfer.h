@@ -1,0 +1,62 @@
+// One file to its place: the decision about a target that exists, the attributes, and the copy,
+// move or rename itself. A copy goes in pieces, so that a large one can take several steps.
+#pragma once
+
+#include <memory>
+
+#include "app/main/sort_choices.h"
+#include "core/names/existing_target.h"
+#include "core/platform/disk.h"
+#include "core/platform/prompts.h"
+
+namespace mdlPLM {
+
+class FileTransfer {
+public:
+    enum class Result {
+        Handled,    ///< the entry leaves the list
+        Stays,      ///< nothing was done and the entry stays
+        Failed,     ///< see Reason(); nothing is lost and the entry stays
+        Cancelled,  ///< Cancel in the question; the entry stays
+        UnderWay,   ///< a copy that goes on with Continue
+    };
+
+    FileTransfer(const SortChoices& choices, const Settings& settings, Disk& disk,
+                 Prompts& prompts);
+
+    /// A target that is left as it is ("No", "Skip") counts as handled.
+    Result CopyOrMoveFile(TextView source, TextView destination);
+    /// Renames in place, `newPath` being in the same folder. A target that is left as it is keeps
+    /// the entry.
+    Result RenameFile(TextView oldPath, TextView newPath);
+
+    [[nodiscard]] bool UnderWay() const { return copy_ != nullptr; }
+    /// The next piece of the copy under way.
+    Result Continue();
+
+    /// Why the last file failed, in words.
+    [[nodiscard]] Text Reason() const;
+    /// Bytes of the copy under way; 0 without one.
+    [[nodiscard]] std::int64_t Copied() const { return copy_ ? copy_->Copied() : 0; }
+    [[nodiscard]] std::int64_t Total() const { return copy_ ? copy_->Total() : 0; }
+
+private:
+    Result FileExistActions(TextView strOldFile, TextView strNewFile);
+    Result Transfer(TextView source, TextView destination, IfTargetExists ifExists);
+    Result BeginCopy(TextView source, TextView destination, IfTargetExists ifExists);
+    Result Rename(TextView from, TextView to, IfTargetExists ifExists);
+    Result EndCopy();
+    Result Settle(Status status);
+    void SetAttributes(TextView path);
+
+    SortChoices choices_;
+    const Settings& settings_;
+    Disk& disk_;
+    Prompts& prompts_;
+    std::unique_ptr<PiecewiseCopy> copy_;
+    Text source_;  ///< of the copy under way
+    Status error_;
+    bool sourceStays_ = false;  ///< moved as far as a copy, but the source could not be removed
+};
+
+}  // namespace mdlPLM
