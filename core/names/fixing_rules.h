@@ -18,10 +18,11 @@ struct RuleContext {
     const ReplacementList& Replacements;
 };
 
-/// One rule of a chain: applies itself only when its setting is on.
+/// One rule of a chain: applies itself only when its setting is on. The text is handed from rule to
+/// rule, so that a rule that has nothing to do copies nothing.
 struct Rule {
     const char* Name;
-    Text (*Apply)(const Text& text, const RuleContext& context);
+    Text (*Apply)(Text text, const RuleContext& context);
 };
 
 /// The chain for file names, in order.
@@ -32,10 +33,10 @@ const std::vector<Rule>& TagTextRules();
 Text ApplyRules(const std::vector<Rule>& rules, Text text, const RuleContext& context);
 
 /// "\", "/", ":", "<", ">", "|" and "*" become blanks; "?" and the double quote are removed.
-Text ReplaceIllegalCharacters(TextView text);
+Text ReplaceIllegalCharacters(Text text);
 
 /// First character upper, rest lower.
-Text FirstLetterUpper(TextView text);
+Text FirstLetterUpper(Text text);
 
 /// Cleans one tag text.
 Text FixText(TextView text, const Settings& settings, const ReplacementList& replacements);

@@ -1,0 +1,179 @@
+#include "core/names/fix_file_name.h"
+
+#include <array>
+#include <utility>
+
+#include "core/names/fixing_rules.h"
+#include "core/names/list_entry.h"
+#include "core/tags/genres.h"
+#include "core/text/code_page.h"
+#include "core/text/letter_case.h"
+
+namespace mdlPLM {
+
+namespace {
+
+using Field = Text FieldValues::*;
+
+struct FieldWord {
+    Field Value;
+    TextView Word;
+};
+constexpr std::array<FieldWord, 7> FieldWords = {{{&FieldValues::Artist, u"artist"},
+                                                  {&FieldValues::Title, u"title"},
+                                                  {&FieldValues::Album, u"album"},
+                                                  {&FieldValues::Track, u"track"},
+                                                  {&FieldValues::Year, u"year"},
+                                                  {&FieldValues::Genre, u"genre"},
+                                                  {&FieldValues::Comment, u"comment"}}};
+
+struct Work {
+    TextView Path;
+    TextView OutPattern;
+    const NamingContext& Context;
+    FieldValues Fields;
+
+    [[nodiscard]] const Settings& Values() const { return Context.Values; }
+};
+
+void TakeFromPattern(Work& work, const FieldWord& field) {
+    work.Fields.*field.Value =
+        GetFieldFromPattern(work.Path, field.Word, work.Context.InPattern, work.Values());
+}
+
+void TakeAllFromPattern(Work& work) {
+    for (const FieldWord& field : FieldWords) TakeFromPattern(work, field);
+}
+
+// Fills what the tags left empty; true when the title was one of them.
+bool TakeMissingFromPattern(Work& work, bool commentToo) {
+    const bool noTitle = work.Fields.Title.empty();
+    for (const FieldWord& field : FieldWords)
+        if ((work.Fields.*field.Value).empty() && (commentToo || field.Word != u"comment"))
+            TakeFromPattern(work, field);
+    return noTitle;
+}
+
+// A title that the pattern left together with its artist: "Abba - Waterloo" by Abba.
+void FixTitle(FieldValues& fields) {
+    const Pos dash = InStr(fields.Title, u" - ");
+    if (fields.Title == fields.Artist + u" -") fields.Title.clear();
+    if (dash < 1 || dash >= static_cast<Pos>(fields.Title.size()) - 3) return;
+    const Text before = Left(fields.Title, dash - 1);
+    if (fields.Artist.empty()) fields.Artist = before;
+    if (LCase(fields.Artist) == LCase(before)) fields.Title = Mid(fields.Title, dash + 3);
+}
+
+void FixTrack(Text& track) {
+    if (track == TextView(u"\0", 1) || track == u" ") track.clear();
+    if (track.size() == 1 && track != u"0") track.insert(0, u"0");
+}
+
+void FixTagFields(Work& work, bool titleFromPattern) {
+    const bool fixMisses = work.Values().bMisses;
+    if (fixMisses && titleFromPattern) FixTitle(work.Fields);
+    FixTrack(work.Fields.Track);
+    if (!fixMisses) return;
+    for (const FieldWord& field : FieldWords)
+        work.Fields.*field.Value = Trim(work.Fields.*field.Value);
+}
+
+// The dependence on the extension setting is odd and kept on purpose.
+bool TagsAllowed(const Settings& settings) {
+    return settings.bID3 && !Trim(settings.Extension).empty();
+}
+
+Text CleanName(Work work) {
+    if (work.Values().Change == static_cast<int>(CaseOption::FirstLetter))
+        for (const Field field : {&FieldValues::Artist, &FieldValues::Title, &FieldValues::Album})
+            work.Fields.*field = FirstLetterUpper(std::move(work.Fields.*field));
+    bool filled = false;
+    Text name = FillPattern(work.OutPattern, work.Fields, work.Values(), filled);
+    if (!filled) name = GetListEntryFileName(work.Path);
+    return ApplyRules(FileNameRules(), std::move(name), {work.Values(), work.Context.Replacements});
+}
+
+BytesView UpToNul(BytesView field) { return field.substr(0, field.find('\0')); }
+
+// What the optimized layout keeps behind the field's first NUL, up to the next one.
+BytesView Continuation(BytesView field) {
+    const std::size_t nul = field.find('\0');
+    return nul == BytesView::npos ? BytesView() : UpToNul(field.substr(nul + 1));
+}
+
+// A field of the trailer, untrimmed; `carrier` is the field that may hold its continuation.
+Bytes V1Field(BytesView field, BytesView carrier, const Settings& settings) {
+    Bytes text(UpToNul(field));
+    if (settings.bOptimizedID3v1) text.append(Continuation(carrier));
+    return text;
+}
+
+// Only the trailer's field is looked at without its blanks.
+Text FirstOf(BytesView v2, const Bytes& v1) {
+    if (!v2.empty()) return FromCodePage(v2);
+    Text text = FromCodePage(v1);
+    return Trim(text).empty() ? Text() : text;
+}
+
+FieldValues FieldsOfTags(const FileTags& tags, const Settings& settings) {
+    const ID3v1Tag& v1 = tags.V1;
+    const ID3v2Tag& v2 = tags.V2;
+    FieldValues fields;
+    fields.Artist = FirstOf(v2.Artist, V1Field(v1.Artist, v1.Album, settings));
+    fields.Title = FirstOf(v2.Title, V1Field(v1.Title, v1.Comment, settings));
+    fields.Album = FirstOf(v2.Album, V1Field(v1.Album, {}, settings));
+    const int track = static_cast<unsigned char>(v1.Track);
+    fields.Track = FirstOf(v2.Track, track == 0 ? Bytes() : std::to_string(track));
+    fields.Year = FirstOf(v2.Year, V1Field(v1.Year, {}, settings));
+    fields.Genre = FirstOf(v2.Genre, GetGenreName(BytesView(&v1.Genre, 1)));
+    fields.Comment = FirstOf(v2.Comments, V1Field(v1.Comment, {}, settings));
+    return fields;
+}
+
+FieldValues FieldsOfBoxes(const TagBoxes& boxes) {
+    const auto first = [](const Text& v2, const Text& v1) { return v2.empty() ? v1 : v2; };
+    FieldValues fields;
+    fields.Artist = first(boxes.txtV2Artist, boxes.txtArtist);
+    fields.Title = first(boxes.txtV2Title, boxes.txtTitle);
+    fields.Album = first(boxes.txtV2Album, boxes.txtAlbum);
+    fields.Track = first(boxes.txtV2Track, boxes.txtTrackNr);
+    fields.Year = first(boxes.txtV2Year, boxes.txtYear);
+    fields.Genre = first(boxes.cmbV2Genre, boxes.cmbGenre);
+    fields.Comment = first(boxes.txtV2Comments, boxes.txtComments);
+    return fields;
+}
+
+}  // namespace
+
+Text FixFileName(TextView path, TextView outPattern, const NamingContext& context) {
+    SilentErrors silent;
+    return FixFileName(path, outPattern, ReadFileTags(path, ID3v2Parts::NameFields, silent),
+                       context);
+}
+
+Text FixFileName(TextView path, TextView outPattern, const FileTags& tags,
+                 const NamingContext& context) {
+    if (!tags.Exists) return {};
+    Work work{path, outPattern, context, {}};
+    if (TagsAllowed(context.Values) && (tags.V1.Present() || tags.V2.Present())) {
+        work.Fields = FieldsOfTags(tags, context.Values);
+        FixTagFields(work, TakeMissingFromPattern(work, true));
+    } else {
+        TakeAllFromPattern(work);
+    }
+    return CleanName(std::move(work));
+}
+
+Text FixFileName2(TextView path, TextView outPattern, const TagBoxes& boxes,
+                  const NamingContext& context) {
+    Work work{path, outPattern, context, {}};
+    if (TagsAllowed(context.Values) && (boxes.chkID3v1 || boxes.chkID3v2)) {
+        work.Fields = FieldsOfBoxes(boxes);
+        FixTagFields(work, TakeMissingFromPattern(work, false));
+    } else {
+        TakeAllFromPattern(work);
+    }
+    return CleanName(std::move(work));
+}
+
+}  // namespace mdlPLM
