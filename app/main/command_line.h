@@ -38,6 +38,10 @@ StartRequest ParseArguments(const std::vector<Text>& arguments);
 /// The prompt of the input box that asks for the extension.
 inline constexpr TextView ExtensionPrompt = u"Enter new file extension (excluding \".\"): ";
 
+/// Asks for the extension when the job says so. False when none was given (the box cancelled or
+/// left empty): then nothing can be done.
+bool SettleExtension(BatchJob& job, Prompts& prompts);
+
 /// Counts of a batch run; ExitStatus is 0 when every file was renamed or needed no renaming, 1 when
 /// some could not be, 2 when there was nothing that could be done.
 struct BatchResult {
@@ -47,7 +51,8 @@ struct BatchResult {
     [[nodiscard]] int ExitStatus() const;
 };
 
-/// Renames the files of a job; a rename that fails is skipped silently.
+/// Renames the files of a job; one that cannot be renamed (missing, a folder, a new name that is
+/// taken or is no file name) is counted and passed over silently. Nothing is ever replaced.
 BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk);
 
 /// The new path of one file under "+ext": up to and including the last "." of its name, then the
