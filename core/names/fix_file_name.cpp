@@ -15,18 +15,6 @@ namespace {
 
 using Field = Text FieldValues::*;
 
-struct FieldWord {
-    Field Value;
-    TextView Word;
-};
-constexpr std::array<FieldWord, 7> FieldWords = {{{&FieldValues::Artist, u"artist"},
-                                                  {&FieldValues::Title, u"title"},
-                                                  {&FieldValues::Album, u"album"},
-                                                  {&FieldValues::Track, u"track"},
-                                                  {&FieldValues::Year, u"year"},
-                                                  {&FieldValues::Genre, u"genre"},
-                                                  {&FieldValues::Comment, u"comment"}}};
-
 struct Work {
     TextView Path;
     TextView OutPattern;
@@ -143,6 +131,24 @@ FieldValues FieldsOfBoxes(const TagBoxes& boxes) {
     return fields;
 }
 
+bool UsesTags(const FileTags& tags, const Settings& settings) {
+    return TagsAllowed(settings) && (tags.V1.Present() || tags.V2.Present());
+}
+
+void Gather(Work& work, const FileTags& tags) {
+    if (UsesTags(tags, work.Values())) {
+        work.Fields = FieldsOfTags(tags, work.Values());
+        FixTagFields(work, TakeMissingFromPattern(work, true));
+    } else {
+        TakeAllFromPattern(work);
+    }
+}
+
+// In the order of FieldWords.
+constexpr std::array<Bytes ID3v2Tag::*, FieldWords.size()> V2Fields = {
+    &ID3v2Tag::Artist, &ID3v2Tag::Title, &ID3v2Tag::Album,   &ID3v2Tag::Track,
+    &ID3v2Tag::Year,   &ID3v2Tag::Genre, &ID3v2Tag::Comments};
+
 }  // namespace
 
 Text FixFileName(TextView path, TextView outPattern, const NamingContext& context) {
@@ -155,13 +161,25 @@ Text FixFileName(TextView path, TextView outPattern, const FileTags& tags,
                  const NamingContext& context) {
     if (!tags.Exists) return {};
     Work work{path, outPattern, context, {}};
-    if (TagsAllowed(context.Values) && (tags.V1.Present() || tags.V2.Present())) {
-        work.Fields = FieldsOfTags(tags, context.Values);
-        FixTagFields(work, TakeMissingFromPattern(work, true));
-    } else {
-        TakeAllFromPattern(work);
-    }
+    Gather(work, tags);
     return CleanName(std::move(work));
+}
+
+GatheredFields GatherFields(TextView path, const FileTags& tags, const NamingContext& context) {
+    Work work{path, {}, context, {}};
+    Gather(work, tags);
+    const bool usesTags = UsesTags(tags, context.Values);
+    const FieldValues fromTags = usesTags ? FieldsOfTags(tags, context.Values) : FieldValues();
+    GatheredFields gathered{std::move(work.Fields), {}};
+    for (std::size_t i = 0; i < FieldWords.size(); ++i) {
+        const Field field = FieldWords[i].Value;
+        if ((gathered.Values.*field).empty()) continue;
+        const bool inV2 = usesTags && !(tags.V2.*V2Fields[i]).empty();
+        const FieldSource other =
+            (fromTags.*field).empty() ? FieldSource::Pattern : FieldSource::V1;
+        gathered.Sources[i] = inV2 ? FieldSource::V2 : other;
+    }
+    return gathered;
 }
 
 Text FixFileName2(TextView path, TextView outPattern, const TagBoxes& boxes,

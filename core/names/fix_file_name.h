@@ -15,6 +15,16 @@ Text FixFileName(TextView path, TextView outPattern, const NamingContext& contex
 Text FixFileName(TextView path, TextView outPattern, const FileTags& tags,
                  const NamingContext& context);
 
+/// Where a field of a new name came from.
+enum class FieldSource { None, V2, V1, Pattern };
+
+/// The fields that FixFileName puts into the output pattern.
+struct GatheredFields {
+    FieldValues Values;
+    std::array<FieldSource, FieldWords.size()> Sources{};  ///< in the order of FieldWords
+};
+GatheredFields GatherFields(TextView path, const FileTags& tags, const NamingContext& context);
+
 /// New name of the file at `path` from the tag panel's boxes; never touches the disk.
 Text FixFileName2(TextView path, TextView outPattern, const TagBoxes& boxes,
                   const NamingContext& context);

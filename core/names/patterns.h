@@ -1,6 +1,8 @@
 // Name patterns: placeholders for tag fields and, between them, literal text as separators.
 #pragma once
 
+#include <array>
+
 #include "core/names/settings.h"
 
 namespace mdlPLM {
@@ -15,6 +17,19 @@ struct FieldValues {
     Text Genre;
     Text Comment;
 };
+
+/// A field and the word for it, as GetFieldFromPattern takes it.
+struct FieldWord {
+    Text FieldValues::*Value;
+    TextView Word;
+};
+inline constexpr std::array<FieldWord, 7> FieldWords = {{{&FieldValues::Artist, u"artist"},
+                                                         {&FieldValues::Title, u"title"},
+                                                         {&FieldValues::Album, u"album"},
+                                                         {&FieldValues::Track, u"track"},
+                                                         {&FieldValues::Year, u"year"},
+                                                         {&FieldValues::Genre, u"genre"},
+                                                         {&FieldValues::Comment, u"comment"}}};
 
 /// One field of a file name, path, list line or any text line by an input pattern; trimmed, empty
 /// when it cannot be taken. `fieldName` is one of "artist", "title", "album", "track", "year",
