@@ -1,6 +1,7 @@
 #include "app/shared/message_boxes.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -36,6 +37,14 @@ void ShowLiterally(QWidget& box) {
     for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
 }
 
+/// A short message over a long path would be as narrow as the message.
+void GiveRoom(QMessageBox& box) {
+    auto* layout = qobject_cast<QGridLayout*>(box.layout());
+    if (layout == nullptr || box.informativeText().isEmpty()) return;
+    const int width = 60 * box.fontMetrics().averageCharWidth();
+    layout->addItem(new QSpacerItem(width, 0), layout->rowCount(), 0, 1, layout->columnCount());
+}
+
 QMessageBox::StandardButton ShowBox(const Message& message, const BoxLook& look) {
     const BoxText body = FitIntoBox(message.Body);
     const BoxText detail = FitIntoBox(message.Detail);
@@ -43,6 +52,7 @@ QMessageBox::StandardButton ShowBox(const Message& message, const BoxLook& look)
     box.setInformativeText(LinesOf(detail.Shown));
     if (!body.Rest.empty() || !detail.Rest.empty())
         box.setDetailedText(LinesOf(body.Rest.empty() ? detail.Rest : body.Rest));
+    GiveRoom(box);
     box.setDefaultButton(look.Safe);
     box.setEscapeButton(look.Safe);
     ShowLiterally(box);
