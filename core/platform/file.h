@@ -47,7 +47,6 @@ public:
     Status Close();
 
 private:
-    friend class FileReplacement;
     static constexpr int Closed = -1;
     int handle_ = Closed;
     std::int64_t size_ = 0;

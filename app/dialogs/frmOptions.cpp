@@ -1,0 +1,142 @@
+#include "app/dialogs/frmOptions.h"
+
+#include "app/dialogs/options_form.h"
+#include "app/dialogs/qt_pair_model.h"
+#include "app/shared/entry_filter.h"
+#include "app/shared/qt_text.h"
+#include "app/shared/save_settings.h"
+#include "core/platform/path.h"
+#include "ui_frmOptions.h"
+
+namespace mdlPLM {
+
+namespace {
+
+QString CountText(std::size_t pairs) {
+    if (pairs == 0) return frmOptions::tr("No pairs in the list.");
+    if (pairs == 1) return frmOptions::tr("1 pair in the list.");
+    return frmOptions::tr("%1 pairs in the list.").arg(pairs);
+}
+
+}  // namespace
+
+frmOptions::frmOptions(AppContext& context, QWidget* parent)
+    : QDialog(parent),
+      context_(context),
+      ui_(std::make_unique<Ui::frmOptions>()),
+      editor_(context.Replacements),
+      finds_(new PairModel(editor_, &Replacement::Find, this)),
+      puts_(new PairModel(editor_, &Replacement::Put, this)) {
+    ui_->setupUi(this);
+    const QList<QAbstractButton*> cases = ui_->optChange->buttons();
+    for (int i = 0; i < cases.size(); ++i) ui_->optChange->setId(cases[i], i);
+    ui_->cmbReplace1->setModel(finds_);
+    ui_->cmbReplace2->setModel(puts_);
+    FilterEntry(*ui_->txtExtension, IsForbiddenInExtension);
+    FilterEntry(*ui_->txtRemoveChars);
+    for (QComboBox* combo : {ui_->cmbReplace1, ui_->cmbReplace2}) {
+        combo->setCompleter(nullptr);
+        FilterEntry(*combo->lineEdit());
+    }
+    ShowSettings();
+    ShowPair();
+    ConnectHandlers();
+}
+
+frmOptions::~frmOptions() = default;
+
+void frmOptions::ShowSettings() {
+    for (const OptionRow& row : OptionRows)
+        findChild<QCheckBox*>(row.Control)->setChecked(context_.Values.*row.Value);
+    for (const OptionTextRow& row : OptionTextRows) {
+        auto* box = findChild<QLineEdit*>(row.Control);
+        box->setText(ToQt(context_.Values.*row.Value));
+        box->setCursorPosition(0);
+    }
+    ShowCaseOption();
+}
+
+void frmOptions::ShowCaseOption() {
+    QAbstractButton* chosen = ui_->optChange->button(context_.Values.Change);
+    if (chosen == nullptr) return;
+    chosen->setChecked(true);
+    // The Tab key goes to the chosen one; left alone it would go to the first.
+    for (QAbstractButton* button : ui_->optChange->buttons())
+        button->setFocusPolicy(button == chosen ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void frmOptions::ConnectHandlers() {
+    connect(ui_->cmdOK, &QPushButton::clicked, this, &frmOptions::cmdOK_Click);
+    connect(ui_->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui_->cmdAddReplace, &QPushButton::clicked, this, &frmOptions::cmdAddReplace_Click);
+    connect(ui_->cmdRemReplace, &QPushButton::clicked, this, &frmOptions::cmdRemReplace_Click);
+    for (QComboBox* combo : {ui_->cmbReplace1, ui_->cmbReplace2}) {
+        connect(combo, &QComboBox::activated, this, &frmOptions::cmbReplace_Click);
+        connect(combo->lineEdit(), &QLineEdit::textEdited, this, &frmOptions::cmbReplace_Change);
+    }
+}
+
+void frmOptions::ShowPair() {
+    entered_ = editor_.ShownPair();
+    finds_->Reset();
+    puts_->Reset();
+    const bool isNew = editor_.Shown() == ReplacementEditor::NewPair;
+    const int row = isNew ? -1 : static_cast<int>(editor_.Shown());
+    ui_->cmbReplace1->setCurrentIndex(row);
+    ui_->cmbReplace2->setCurrentIndex(row);
+    ui_->cmbReplace1->setEditText(ToQt(entered_.Find));
+    ui_->cmbReplace2->setEditText(ToQt(entered_.Put));
+    ui_->lblReplaceCount->setText(CountText(editor_.Pairs().size()));
+}
+
+Settings frmOptions::ChosenSettings() const {
+    Settings chosen = context_.Values;
+    for (const OptionRow& row : OptionRows)
+        chosen.*row.Value = findChild<QCheckBox*>(row.Control)->isChecked();
+    for (const OptionTextRow& row : OptionTextRows)
+        chosen.*row.Value = FromQt(findChild<QLineEdit*>(row.Control)->text());
+    if (ui_->optChange->checkedId() >= 0) chosen.Change = ui_->optChange->checkedId();
+    return chosen;
+}
+
+void frmOptions::SaveReplacementList() {
+    context_.Replacements = editor_.Finish(entered_);
+    const Status saved = SaveReplacements(context_.ListsFolder, context_.Replacements);
+    if (saved.Ok()) return;
+    context_.Ask.Critical(
+        {{},
+         u"The replacement list could not be saved. It holds until the program ends." + Text(CrLf) +
+             ErrorMessage(saved.Number()),
+         JoinPath(context_.ListsFolder, u"replaces.txt")});
+}
+
+void frmOptions::cmdOK_Click() {
+    TakeOverOptions(ChosenSettings(), context_.Values);
+    StoreSettings(context_.Values, WrittenBy::OptionsDialog, context_.Store);
+    SaveSettings(context_);
+    SaveReplacementList();
+    accept();
+}
+
+void frmOptions::cmdAddReplace_Click() {
+    editor_.AddNew(entered_);
+    ShowPair();
+    ui_->cmbReplace1->setFocus();
+}
+
+void frmOptions::cmdRemReplace_Click() {
+    editor_.Remove();
+    ShowPair();
+    ui_->cmbReplace1->setFocus();
+}
+
+void frmOptions::cmbReplace_Click(int row) {
+    editor_.Show(static_cast<std::size_t>(row), entered_);
+    ShowPair();
+}
+
+void frmOptions::cmbReplace_Change() {
+    entered_ = {FromQt(ui_->cmbReplace1->currentText()), FromQt(ui_->cmbReplace2->currentText())};
+}
+
+}  // namespace mdlPLM

@@ -1,0 +1,26 @@
+#include "app/dialogs/qt_pair_model.h"
+
+#include "app/shared/qt_text.h"
+
+namespace mdlPLM {
+
+PairModel::PairModel(const ReplacementEditor& editor, Text Replacement::*part, QObject* parent)
+    : QAbstractListModel(parent), editor_(editor), part_(part) {}
+
+int PairModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(editor_.Pairs().size());
+}
+
+QVariant PairModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    const Replacement& pair = editor_.Pairs()[static_cast<std::size_t>(index.row())];
+    if (role == Qt::EditRole) return ToQt(pair.*part_);
+    return role == Qt::DisplayRole ? ToQt(PairText(pair)) : QVariant();
+}
+
+void PairModel::Reset() {
+    beginResetModel();
+    endResetModel();
+}
+
+}  // namespace mdlPLM
