@@ -17,12 +17,6 @@ namespace {
 constexpr std::size_t PieceSize = std::size_t{1} << 20;
 constexpr mode_t KeptMode = 0777;
 
-// The codes by which a pair of file systems says that bytes cannot be copied inside the kernel.
-bool IsRefusal(int code) {
-    return code == EXDEV || code == EINVAL || code == ENOSYS || code == EOPNOTSUPP ||
-           code == EBADF || code == EPERM;
-}
-
 class PosixCopy final : public PiecewiseCopy {
 public:
     PosixCopy(posix::Handle source, Bytes target, IfTargetExists ifExists)
@@ -38,9 +32,6 @@ public:
 
 private:
     [[nodiscard]] Status CheckTarget() const;
-    Status CopyPiece(std::size_t& got);
-    Status CopyInKernel(std::size_t& got, bool& refused);
-    Status CopyByBuffer(std::size_t& got);
     Status Finish();
     void KeepModeAndTimes() const;
     Status TakeTargetName() const;
@@ -53,8 +44,7 @@ private:
     posix::Handle temporary_;
     Bytes temporaryPath_;  // empty: there is none (any more)
     std::int64_t copied_ = 0;
-    bool byBuffer_ = false;
-    Bytes buffer_;
+    posix::RangeCopier copier_;
     bool done_ = false;
     Status failure_;
 };
@@ -80,53 +70,13 @@ Status PosixCopy::Step(bool& done) {
     done = done_;
     if (done_ || !failure_.Ok()) return failure_;
     std::size_t got = 0;
-    failure_ = CopyPiece(got);
+    const posix::Range piece{copied_, copied_, PieceSize, Total() - copied_};
+    failure_ = copier_.Copy(source_.Get(), temporary_.Get(), piece, got);
     copied_ += static_cast<std::int64_t>(got);
     if (failure_.Ok() && got < PieceSize) failure_ = Finish();
     if (!failure_.Ok()) Abandon();
     done = done_;
     return failure_;
-}
-
-Status PosixCopy::CopyPiece(std::size_t& got) {
-    bool refused = byBuffer_;
-    if (!refused) {
-        const Status status = CopyInKernel(got, refused);
-        if (!refused) return status;
-        byBuffer_ = true;
-    }
-    return CopyByBuffer(got);
-}
-
-Status PosixCopy::CopyInKernel(std::size_t& got, bool& refused) {
-#ifdef __linux__
-    while (got < PieceSize) {
-        off_t from = copied_ + static_cast<off_t>(got);
-        off_t to = from;
-        const ssize_t n =
-            ::copy_file_range(source_.Get(), &from, temporary_.Get(), &to, PieceSize - got, 0);
-        // Some virtual file systems answer 0 before the end; the buffer finds out.
-        refused = got == 0 && (n == 0 ? copied_ < Total() : n < 0 && IsRefusal(errno));
-        if (n == 0 || refused) return {};
-        if (n > 0) {
-            got += static_cast<std::size_t>(n);
-        } else if (errno != EINTR) {
-            return posix::LastError();
-        }
-    }
-    return {};
-#else
-    (void)got;
-    refused = true;
-    return {};
-#endif
-}
-
-Status PosixCopy::CopyByBuffer(std::size_t& got) {
-    buffer_.resize(PieceSize);
-    const Status read = posix::ReadFully(source_.Get(), copied_, buffer_.data(), PieceSize, got);
-    if (!read.Ok()) return read;
-    return posix::WriteFully(temporary_.Get(), copied_, BytesView(buffer_).substr(0, got));
 }
 
 Status PosixCopy::Finish() {

@@ -47,6 +47,7 @@ public:
     Status Close();
 
 private:
+    friend class FileReplacement;
     static constexpr int Closed = -1;
     int handle_ = Closed;
     std::int64_t size_ = 0;

@@ -6,13 +6,20 @@
 
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
-#include <random>
+#include <ctime>
 #include <utility>
 
 #include "core/platform/path.h"
 
 namespace mdlPLM::posix {
+
+namespace {
+
+constexpr int MostLinks = 40;  // as many as the system itself follows
+
+}  // namespace
 
 Bytes SystemPath(TextView path) {
     if (path.find(u'\0') != TextView::npos) return {};
@@ -91,11 +98,27 @@ Bytes FolderOfNative(const Bytes& path) {
     return last == Bytes::npos ? Bytes() : path.substr(0, last + 1);
 }
 
+Status FollowLinks(Bytes& path) {
+    for (int i = 0; i < MostLinks; ++i) {
+        std::array<char, PATH_MAX> buffer{};
+        const ssize_t length = ::readlink(path.c_str(), buffer.data(), buffer.size());
+        // No link, or nothing at all: whoever opens the path finds out.
+        if (length <= 0) return {};
+        const Bytes next(buffer.data(), static_cast<std::size_t>(length));
+        path = next.front() == '/' ? next : FolderOfNative(path) + next;
+    }
+    return ErrorFromSystem(ELOOP);
+}
+
 // No leading dot: what a killed run leaves behind is to be seen and found.
 Bytes TemporaryNameBeside(const Bytes& target) {
-    std::random_device numbers;
+    // Straight from the system: a batch makes thousands of names. Where it has no numbers to give,
+    // the name is taken by another file at worst, and the next one is tried.
+    std::array<unsigned, 2> numbers = {static_cast<unsigned>(::getpid()),
+                                       static_cast<unsigned>(::clock())};
+    (void)!::getentropy(numbers.data(), sizeof numbers);
     std::array<char, 32> name{};
-    (void)std::snprintf(name.data(), name.size(), "plm-%08x%08x.tmp", numbers(), numbers());
+    (void)std::snprintf(name.data(), name.size(), "plm-%08x%08x.tmp", numbers[0], numbers[1]);
     return FolderOfNative(target) + name.data();
 }
 

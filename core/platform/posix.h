@@ -48,6 +48,30 @@ Status ReadFully(int descriptor, std::int64_t offset, char* buffer, std::size_t 
 /// Writes all bytes at `offset`, or at the descriptor's own position when `offset` is negative.
 Status WriteFully(int descriptor, std::int64_t offset, BytesView bytes);
 
+/// A piece of one file that becomes a piece of another.
+struct Range {
+    std::int64_t From = 0;
+    std::int64_t To = 0;
+    std::size_t Count = 0;
+    std::int64_t Expected = 0;  ///< bytes that the source is known to hold from `From` on
+};
+
+/// Copies ranges inside the kernel where the pair of file systems takes it, else by a buffer.
+class RangeCopier {
+public:
+    /// `got` is less than the count only where the source ends.
+    Status Copy(int source, int target, const Range& range, std::size_t& got);
+
+private:
+    Status CopyByBuffer(int source, int target, const Range& range, std::size_t& got);
+
+    bool byBuffer_ = false;
+    Bytes buffer_;
+};
+
+/// Leads `path` to the file that a chain of symbolic links ends in, whether it exists or not.
+Status FollowLinks(Bytes& path);
+
 /// A new, empty file under a name of its own in the folder of `target`. The name is short, so that
 /// it fits where the target's name does.
 Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Handle& handle);

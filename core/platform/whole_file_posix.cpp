@@ -2,9 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <exception>
 
@@ -17,7 +15,6 @@ namespace mdlPLM {
 namespace {
 
 constexpr std::size_t PieceSize = std::size_t{64} << 10;
-constexpr int MostLinks = 40;  // as many as the system itself follows
 constexpr mode_t Permissions = 07777;
 
 Status ReadToEnd(const File& file, Bytes& contents) {
@@ -31,24 +28,6 @@ Status ReadToEnd(const File& file, Bytes& contents) {
         if (!status.Ok()) return status;
     } while (got == PieceSize);
     return {};
-}
-
-bool IsLink(const Bytes& path) {
-    struct stat data {};
-    return ::lstat(path.c_str(), &data) == 0 && S_ISLNK(data.st_mode);
-}
-
-// The file that a chain of symbolic links ends in, whether it exists or not.
-Status FollowLinks(Bytes& path) {
-    for (int i = 0; i < MostLinks; ++i) {
-        if (!IsLink(path)) return {};
-        std::array<char, PATH_MAX> buffer{};
-        const ssize_t length = ::readlink(path.c_str(), buffer.data(), buffer.size());
-        if (length <= 0) return posix::LastError();
-        const Bytes next(buffer.data(), static_cast<std::size_t>(length));
-        path = next.front() == '/' ? next : posix::FolderOfNative(path) + next;
-    }
-    return ErrorFromSystem(ELOOP);
 }
 
 Status WriteInPlace(const Bytes& path, BytesView contents) {
@@ -107,7 +86,7 @@ Status ReadWholeFile(TextView path, Bytes& contents) {
 Status WriteWholeFile(TextView path, BytesView contents) {
     Bytes native = posix::SystemPath(path);
     if (native.empty()) return ErrorNumber::BadFileName;
-    if (const Status followed = FollowLinks(native); !followed.Ok()) return followed;
+    if (const Status followed = posix::FollowLinks(native); !followed.Ok()) return followed;
     struct stat old {};
     if (::stat(native.c_str(), &old) != 0) return ReplaceContents(native, nullptr, contents);
     if (S_ISDIR(old.st_mode)) return ErrorNumber::PathFileAccess;

@@ -1,0 +1,82 @@
+#include "core/tags/save_tags.h"
+
+#include <array>
+
+#include "core/platform/file_replacement.h"
+#include "core/tags/patches.h"
+#include "core/tags/tag_file.h"
+
+namespace mdlPLM {
+
+namespace {
+
+Status LookAt(const File& file, OldFile& old) {
+    old.Size = file.Size();
+    Bytes trailer;
+    if (const Status status = ReadTrailer(file, trailer); !status.Ok()) return status;
+    old.HasV1 = trailer.substr(0, 3) == "TAG";
+    Bytes header;
+    if (const Status status = file.ReadAt(0, ID3v2HeaderSize, header); !status.Ok()) return status;
+    // The file has become shorter since it was opened.
+    if (header.size() < ID3v2HeaderSize) return ErrorNumber::InputPastEnd;
+    old.HasV2 = header.substr(0, 3) == "ID3";
+    const std::int64_t declared = DecodeSize(BytesView(header).substr(6));
+    if (old.HasV2) old.V2Length = declared + static_cast<std::int64_t>(ID3v2HeaderSize);
+    return {};
+}
+
+Status ChangeInPlace(File& file, const SavePlan& plan) {
+    // The trailer first: only what lies behind the old end can find the disk full.
+    std::vector<Patch> patches;
+    if (!plan.Trailer.empty()) patches.push_back({plan.TrailerPlace, plan.Trailer});
+    if (!plan.Head.empty()) patches.push_back({0, plan.Head});
+    return ApplyPatches(file, patches);
+}
+
+Status WriteAnew(TextView path, const File& file, const SavePlan& plan) {
+    FileReplacement replacement;
+    Status status = replacement.Begin(path, file);
+    if (status.Ok()) status = replacement.Append(plan.Head);
+    if (status.Ok()) status = replacement.AppendOld(plan.CarriedFrom, plan.CarriedLength);
+    if (status.Ok()) status = replacement.Append(plan.Trailer);
+    if (status.Ok()) status = replacement.Commit();
+    return status;
+}
+
+Status Perform(TextView path, File& file, const SavePlan& plan) {
+    switch (plan.Way) {
+        case SaveWay::InPlace:
+            return ChangeInPlace(file, plan);
+        case SaveWay::Shorten:
+            return file.SetSize(plan.NewSize);
+        case SaveWay::Rewrite:
+            return WriteAnew(path, file, plan);
+        case SaveWay::Refused:
+        case SaveWay::NoWork:
+            break;
+    }
+    return plan.Error;
+}
+
+SaveResult ResultOf(Status status) {
+    if (status.Ok()) return {SaveOutcome::Written, ErrorNumber::None};
+    return {SaveOutcome::Failed, status.Number()};
+}
+
+}  // namespace
+
+SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes) {
+    if (modes.V1 == TagMode::Leave && modes.V2 == TagMode::Leave) return {};
+    File file;
+    OldFile old;
+    Status status = file.Open(path, File::Mode::ReadWrite);
+    if (status.Ok()) status = LookAt(file, old);
+    if (!status.Ok()) return ResultOf(status);
+    const SavePlan plan = PlanSave(old, v1, v2, modes);
+    if (plan.Way == SaveWay::NoWork) return {};
+    status = Perform(path, file, plan);
+    if (status.Ok()) status = file.Close();
+    return ResultOf(status);
+}
+
+}  // namespace mdlPLM

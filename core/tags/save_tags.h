@@ -1,0 +1,26 @@
+// Saving both tags of a file in one go.
+#pragma once
+
+#include "core/tags/save_plan.h"
+
+namespace mdlPLM {
+
+enum class SaveOutcome { Written, NoWork, Failed };
+
+struct SaveResult {
+    SaveOutcome Outcome = SaveOutcome::NoWork;
+    ErrorNumber Error = ErrorNumber::None;  ///< when it failed
+
+    /// True when the file was written.
+    explicit operator bool() const { return Outcome == SaveOutcome::Written; }
+};
+
+/// Writes, removes or leaves alone each tag of an existing file by its mode; what a tag that is not
+/// written holds in its record does not matter. What the file holds is looked at anew, whatever was
+/// read from it before. In place only the tag's own bytes are touched, and put back when that
+/// fails; otherwise the file is written anew beside the old one and takes its place in one step
+/// (see file_replacement.h). A failure leaves the file as it was and is not reported: the caller
+/// names the file.
+SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes);
+
+}  // namespace mdlPLM
