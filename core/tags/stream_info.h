@@ -1,0 +1,47 @@
+// The technical data of a file's audio stream, as the lines that the tag panel shows.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "core/tags/file_tags.h"
+#include "core/tags/mpeg_header.h"
+
+namespace mdlPLM {
+
+/// Every line as it is shown; empty where there is nothing to tell.
+struct StreamLines {
+    Text Version;     ///< "MPEG 1.0"
+    Text Layer;       ///< "layer 3"
+    Text Bitrate;     ///< "128kbps"
+    Text Frequency;   ///< "44100Hz JStereo"
+    Text Copyright;   ///< "Copyrighted: No"
+    Text Original;    ///< "Original: Yes"
+    Text Protection;  ///< "CRCs: No"
+    Text Emphasis;    ///< "Emphasis: None"
+    Text Header;      ///< "Header:" and the 32 bits
+    Text ID3v1;       ///< "ID3v1: 1.1"
+    Text ID3v2;       ///< "ID3v2: 3.0"
+    Text Size;        ///< "Size: 4000000b"
+    Text Length;      ///< "Length: 249.2 s"
+};
+
+/// Gives up to `count` bytes at `offset`; fewer at the end, or when they cannot be read.
+using ReadBytes = std::function<Bytes(std::int64_t offset, std::size_t count)>;
+
+/// The first header of the audio in the bytes from `begin` to `end`: the first position with a
+/// known header that another one follows at its real distance, or that the audio's end follows;
+/// where there is none, the first position with eleven set bits. Reads in blocks.
+std::optional<MpegHeader> FindHeader(const ReadBytes& read, std::int64_t begin, std::int64_t end);
+
+/// The playing time in seconds; 0 when it cannot be told. The fixed divisor 38.4, whatever the
+/// sampling frequency, and the 138 bytes that a trailer takes off are kept on purpose.
+double PlayingTime(const FileTags& tags, int frameLength);
+
+/// The lines of a file: `header` is its first one, if there is any.
+StreamLines DescribeStream(const FileTags& tags, const std::optional<MpegHeader>& header);
+
+/// The lines of an open file whose tags have been read.
+StreamLines ReadStream(const File& file, const FileTags& tags);
+
+}  // namespace mdlPLM
