@@ -6,12 +6,12 @@ namespace mdlPLM {
 
 void ArtistFolders::Count(TextView source) {
     if (!disk_.Exists(source)) return;
-    const SortNames names = NamesOf(source, rules_);
+    const SortNames names = NamesOf(source, rules_, disk_);
     const std::optional<Text> artist = ArtistOf(names.ArtistName);
     if (!artist) return;
     Artist& entry = artists_[*artist];
     ++entry.Files;
-    entry.Places.insert(FoldersOf(source, names.NewName, rules_.Choices));
+    entry.Places.insert(FoldersOf(disk_.ContentsAt(source), names.NewName, rules_.Choices));
 }
 
 std::vector<FolderLevels> ArtistFolders::Earned() const {

@@ -131,7 +131,7 @@ SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& s
     if (!Files.Exists(source)) return Result::Stays;
     // A list can name folders, but nobody asked for a new name or place of a whole folder.
     if (Files.IsFolder(source)) return Fail(Text(Describe(ErrorNumber::PathFileAccess)));
-    const SortNames names = NamesOf(source, Rules);
+    const SortNames names = NamesOf(source, Rules, Files);
     if (!IsUsableFileName(names.NewName)) {
         return Fail(ReasonWith(ErrorNumber::BadFileName, names.NewName));
     }
@@ -142,7 +142,7 @@ SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& s
 SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& source,
                                                                   const SortNames& names) {
     const SortChoices& choices = Rules.Choices;
-    FolderLevels levels = FoldersOf(source, names.NewName, choices);
+    FolderLevels levels = FoldersOf(Files.ContentsAt(source), names.NewName, choices);
     // The list's last entry is sorted without an artist folder when every artist has one. Intended.
     const bool exempt = ArtistThreshold(choices) == 0 && IsLastOfList();
     if (choices.chkSubFolder && !exempt &&

@@ -40,13 +40,15 @@ std::optional<Text> ArtistOf(TextView name) {
     return Left(name, mark - 1);
 }
 
-SortNames NamesOf(TextView source, const SortRules& rules) {
+SortNames NamesOf(TextView source, const SortRules& rules, Disk& disk) {
     const SortChoices& choices = rules.Choices;
     if (!choices.chkConvert) {
         const Text present = FileNameOfPath(source);
         return {present, present};
     }
-    const Text fixed = FixFileName(source, choices.OutPattern, rules.Context);
+    SilentErrors silent;
+    const FileTags tags = ReadFileTags(disk.ContentsAt(source), ID3v2Parts::NameFields, silent);
+    const Text fixed = FixFileName(source, choices.OutPattern, tags, rules.Context);
     const bool fromBox = !rules.Multiple && !choices.txtNewName.empty();
     return {fromBox ? choices.txtNewName : fixed, fixed};
 }
@@ -68,10 +70,10 @@ Status EnsureFolders(const FolderLevels& levels, Disk& disk, Text& failed) {
     return {};
 }
 
-FolderLevels FoldersOf(TextView source, TextView newName, const SortChoices& choices) {
+FolderLevels FoldersOf(TextView contents, TextView newName, const SortChoices& choices) {
     FolderLevels levels{choices.txtTargetDir};
     SilentErrors silent;
-    if (choices.chkGenre) Descend(levels, GetFileGenre(source, silent));
+    if (choices.chkGenre) Descend(levels, GetFileGenre(contents, silent));
     if (choices.chkAlphabetical) Descend(levels, LetterOf(newName));
     return levels;
 }

@@ -35,7 +35,7 @@ struct SortRules {
 };
 
 /// The names of the file at `source`. The new-name box decides nothing about the artist.
-SortNames NamesOf(TextView source, const SortRules& rules);
+SortNames NamesOf(TextView source, const SortRules& rules, Disk& disk);
 
 /// The target folder and the folders below it that lead to a file's place, outermost first.
 using FolderLevels = std::vector<Text>;
@@ -48,7 +48,8 @@ void Descend(FolderLevels& levels, TextView text);
 Status EnsureFolders(const FolderLevels& levels, Disk& disk, Text& failed);
 
 /// The target folder with the genre and the letter folder of a file, as far as they are wanted.
-FolderLevels FoldersOf(TextView source, TextView newName, const SortChoices& choices);
+/// `contents` is where its tags can be read.
+FolderLevels FoldersOf(TextView contents, TextView newName, const SortChoices& choices);
 
 /// How many files an artist needs for a folder; 0: every artist has one.
 long long ArtistThreshold(const SortChoices& choices);

@@ -85,6 +85,9 @@ public:
     virtual Status CreateFolder(TextView path) = 0;
     /// A file or symbolic link, never a folder.
     virtual Status DeleteFile(TextView path) = 0;
+    /// Where the contents of the file at `path` can be read: there, but for a disk that only
+    /// pretends to have put them there.
+    [[nodiscard]] virtual Text ContentsAt(TextView path) { return Text(path); }
     /// Sum of ReadOnly, Hidden and Archive; 0 is "normal".
     virtual Status SetAttributes(TextView path, int attributes) = 0;
 };

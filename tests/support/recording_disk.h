@@ -59,6 +59,7 @@ public:
     Status CreateFolder(TextView path) override;
     Status DeleteFile(TextView path) override;
     Status SetAttributes(TextView path, int attributes) override;
+    Text ContentsAt(TextView path) override { return inner_.ContentsAt(path); }
 
 private:
     class Copy;
