@@ -63,19 +63,41 @@ SaveResult ResultOf(Status status) {
     return {SaveOutcome::Failed, status.Number()};
 }
 
+// What is asked of one file.
+struct Wish {
+    TextView Path;
+    const ID3v1Tag& V1;
+    const ID3v2Tag& V2;
+    SaveModes Modes;
+};
+
+// Opens the file as for writing and works out what is to be done with it; nothing is changed yet.
+Status Prepare(const Wish& wish, File& file, SavePlan& plan) {
+    if (wish.Modes.V1 == TagMode::Leave && wish.Modes.V2 == TagMode::Leave) return {};
+    OldFile old;
+    Status status = file.Open(wish.Path, File::Mode::ReadWrite);
+    if (status.Ok()) status = LookAt(file, old);
+    if (status.Ok()) plan = PlanSave(old, wish.V1, wish.V2, wish.Modes);
+    return status.Ok() ? plan.Error : status;
+}
+
 }  // namespace
 
 SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes) {
-    if (modes.V1 == TagMode::Leave && modes.V2 == TagMode::Leave) return {};
     File file;
-    OldFile old;
-    Status status = file.Open(path, File::Mode::ReadWrite);
-    if (status.Ok()) status = LookAt(file, old);
-    if (!status.Ok()) return ResultOf(status);
-    const SavePlan plan = PlanSave(old, v1, v2, modes);
-    if (plan.Way == SaveWay::NoWork) return {};
-    status = Perform(path, file, plan);
+    SavePlan plan;
+    Status status = Prepare({path, v1, v2, modes}, file, plan);
+    if (status.Ok() && plan.Way == SaveWay::NoWork) return {};
+    if (status.Ok()) status = Perform(path, file, plan);
     if (status.Ok()) status = file.Close();
+    return ResultOf(status);
+}
+
+SaveResult TrySaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes) {
+    File file;
+    SavePlan plan;
+    const Status status = Prepare({path, v1, v2, modes}, file, plan);
+    if (status.Ok() && plan.Way == SaveWay::NoWork) return {};
     return ResultOf(status);
 }
 

@@ -23,4 +23,25 @@ struct SaveResult {
 /// names the file.
 SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes);
 
+/// What would come of SaveTags, as far as it can be told without writing: the file is opened for
+/// writing, looked at and closed.
+SaveResult TrySaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes);
+
+/// Saves the tags of one file after the other, or only pretends to.
+class TagWriter {
+public:
+    virtual ~TagWriter() = default;
+    virtual SaveResult Save(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2,
+                            SaveModes modes) = 0;
+};
+
+/// Saves them into the files.
+class FileTagWriter final : public TagWriter {
+public:
+    SaveResult Save(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2,
+                    SaveModes modes) override {
+        return SaveTags(path, v1, v2, modes);
+    }
+};
+
 }  // namespace mdlPLM

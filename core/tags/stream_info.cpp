@@ -140,13 +140,17 @@ StreamLines DescribeStream(const FileTags& tags, const std::optional<MpegHeader>
     return lines;
 }
 
-StreamLines ReadStream(const File& file, const FileTags& tags) {
+std::optional<MpegHeader> FindStreamHeader(const File& file, const FileTags& tags) {
     const ReadBytes read = [&](std::int64_t offset, std::size_t count) {
         Bytes bytes;
         if (!file.ReadAt(offset, count, bytes).Ok()) bytes.clear();
         return bytes;
     };
-    return DescribeStream(tags, FindHeader(read, AudioBegin(tags), AudioEnd(tags)));
+    return FindHeader(read, AudioBegin(tags), AudioEnd(tags));
+}
+
+StreamLines ReadStream(const File& file, const FileTags& tags) {
+    return DescribeStream(tags, FindStreamHeader(file, tags));
 }
 
 }  // namespace mdlPLM

@@ -41,7 +41,10 @@ double PlayingTime(const FileTags& tags, int frameLength);
 /// The lines of a file: `header` is its first one, if there is any.
 StreamLines DescribeStream(const FileTags& tags, const std::optional<MpegHeader>& header);
 
-/// The lines of an open file whose tags have been read.
+/// The first header of the audio of an open file whose tags have been read.
+std::optional<MpegHeader> FindStreamHeader(const File& file, const FileTags& tags);
+
+/// The lines of such a file.
 StreamLines ReadStream(const File& file, const FileTags& tags);
 
 }  // namespace mdlPLM

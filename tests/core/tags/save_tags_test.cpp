@@ -43,7 +43,19 @@ protected:
         return SaveTags(folder_ / u"song.mp3", ParseID3v1(NewTrailer), v2, modes);
     }
 
+    // What is only tried tells the outcome and leaves the file alone.
+    void ExpectTried(const Bytes& before, SaveModes modes, const ID3v2Tag& v2, SaveResult result) {
+        const Text path = Make(before);
+        SetModificationTime(path, 1'000'000'000);
+        const SaveResult tried = TrySaveTags(path, ParseID3v1(NewTrailer), v2, modes);
+        EXPECT_EQ(tried.Outcome, result.Outcome);
+        EXPECT_EQ(tried.Error, result.Error);
+        EXPECT_TRUE(ReadFile(path) == before);
+        EXPECT_EQ(ModificationTime(path), 1'000'000'000);
+    }
+
     void ExpectWritten(const Bytes& before, SaveModes modes, const Bytes& after) {
+        ExpectTried(before, modes, Titled("New title"), {SaveOutcome::Written, ErrorNumber::None});
         const Text path = Make(before);
         EXPECT_EQ(Save(modes).Outcome, SaveOutcome::Written);
         EXPECT_TRUE(ReadFile(path) == after) << ReadFile(path).size() << ' ' << after.size();
@@ -51,6 +63,7 @@ protected:
     }
 
     void ExpectNoWork(const Bytes& before, SaveModes modes, const ID3v2Tag& v2) {
+        ExpectTried(before, modes, v2, {});
         const Text path = Make(before);
         SetModificationTime(path, 1'000'000'000);
         const SaveResult result = Save(modes, v2);
@@ -62,6 +75,7 @@ protected:
     }
 
     void ExpectFailed(const Bytes& before, SaveModes modes, ErrorNumber error) {
+        ExpectTried(before, modes, Titled("New title"), {SaveOutcome::Failed, error});
         const Text path = Make(before);
         const SaveResult result = Save(modes);
         EXPECT_EQ(result.Outcome, SaveOutcome::Failed);
