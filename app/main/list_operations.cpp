@@ -104,8 +104,11 @@ ListScan ScanForMissing(FileList& list) {
 void RemoveNonExistent(FileList& list) { Completed(ScanForMissing(list)).RemoveGone(); }
 
 ListScan DeletionFromDisk(FileList& list, Disk& disk) {
-    return ListScan(list, [&list, &disk](FileList::Index row) {
-        if (!list.Selected(row)) return ListScan::Finding::Other;
+    std::vector<bool> asked(list.Count());
+    for (const FileList::Index row : list.SelectedRows()) asked[row] = true;
+    // What the question was about goes, not what is clicked while it goes.
+    return ListScan(list, [&list, &disk, asked = std::move(asked)](FileList::Index row) {
+        if (!asked[row]) return ListScan::Finding::Other;
         const Status status = disk.DeleteFile(list.Path(row));
         return status.Ok() || IsNotThere(status) ? ListScan::Finding::Gone
                                                  : ListScan::Finding::Match;

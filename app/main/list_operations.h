@@ -66,8 +66,8 @@ ListScan ScanForMissing(FileList& list);
 /// keeps its entry. One that is no longer there counts as deleted. Returns how many could not be
 /// deleted.
 std::size_t DeleteSelectedFromDisk(FileList& list, Disk& disk);
-/// The same in slices: to be stepped, then RemoveGone, also when it was stopped half-way. A match
-/// is a file that could not be deleted.
+/// The same in slices, for the files selected at this moment: to be stepped, then RemoveGone, also
+/// when it was stopped half-way. A match is a file that could not be deleted.
 ListScan DeletionFromDisk(FileList& list, Disk& disk);
 
 }  // namespace mdlPLM

@@ -218,6 +218,20 @@ TEST_F(ListOperations, AScanLeavesTheListAloneUntilItIsApplied) {
     EXPECT_EQ(list_.SelectedCount(), 5U);
 }
 
+TEST_F(ListOperations, ADeletionTakesTheFilesThatWereSelectedAtItsStart) {
+    for (const TextView name : {u"a.mp3", u"b.mp3", u"c.mp3"}) Add(name, "x");
+    list_.Select(0, true);
+    list_.Select(1, true);
+    SystemDisk disk;
+    ListScan deletion = DeletionFromDisk(list_, disk);
+    EXPECT_TRUE(deletion.Step(1));
+    list_.SelectOnly(2);
+    EXPECT_FALSE(deletion.Step(2));
+    deletion.RemoveGone();
+    EXPECT_EQ(Listed(), (Names{u"c.mp3"}));
+    EXPECT_EQ(ListTree(temp_.Path()), (std::vector<Bytes>{"c.mp3"}));
+}
+
 TEST_F(ListOperations, AStoppedDeletionRemovesWhatIsDeletedSoFar) {
     for (const TextView name : {u"a.mp3", u"b.mp3", u"c.mp3"}) Add(name, "x");
     list_.SelectAll();
