@@ -1,0 +1,139 @@
+// The main window: files come in, names are made, files are sorted, and beside them their tags.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QPointer>
+#include <memory>
+
+#include "app/main/file_list.h"
+#include "app/main/frmPLM_models.h"
+#include "app/main/frmPLM_work.h"
+#include "app/main/sort_engine.h"
+#include "app/shared/app_context.h"
+#include "core/names/tag_boxes.h"
+
+class QAbstractButton;
+class QLabel;
+class QProgressBar;
+class QToolButton;
+
+namespace mdlPLM {
+
+namespace Ui {
+class frmPLM;
+}
+class frmSorting;
+class SortTask;
+
+class frmPLM : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit frmPLM(AppContext& context);
+    ~frmPLM() override;
+
+    /// Takes files into the list as a drop does: folders are walked, list files are read.
+    void AddPaths(std::vector<Text> paths);
+
+    /// Two or more entries are selected at this moment.
+    [[nodiscard]] bool MultipleSelection() const { return list_.SelectedCount() >= 2; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    // frmPLM.cpp: the window as a whole
+    void SetUpStatusLine();
+    void ConnectWindow();
+    void LoadSettings();
+    void TakeControls();
+    void SaveOnClose();
+    void RestoreLayout();
+    void SetStatus(const QString& text, const QString& details = {});
+    void Work_BusyChanged(bool busy);
+    void Work_Progressed();
+    void cmdDetails_Click();
+    void cmdOptions_Click();
+
+    // frmPLM_list.cpp: files come and go
+    void SetUpLists();
+    void ConnectList();
+    void ConnectSelectionButtons();
+    void StartAdding(AddRequest request);
+    void cmdAddFiles_Click();
+    void cmdLoad_Click();
+    void cmdSave_Click();
+    void cmdClear_Click();
+    void mnuRemFromList_Click();
+    void mnuRemFromHD_Click();
+    void mnuNonExistent_Click();
+    void cmdSelectNone_Click();
+    void SelectByTag(TagKind kind);
+    void ResetFileView();
+    void UpdateCounter();
+    void CountSlice();
+
+    // frmPLM_names.cpp: patterns, preview, the name boxes, the shown file
+    void SetUpPatterns();
+    void ConnectNames();
+    [[nodiscard]] Text InPattern() const;
+    [[nodiscard]] Text OutPattern() const;
+    [[nodiscard]] bool PreviewShown() const;
+    [[nodiscard]] NameMaker Maker() const;
+    void ComputeNames(std::vector<FileList::Index> rows);
+    void chkPreview_Click();
+    void cmbOutPattern_Change();
+    void cmbOutPattern_Validate();
+    void AskToApplyPattern();
+    void Selection_Changed(bool byView);
+    void List_Clicked();
+    void ShowFile(FileList::Index row);
+    void BlankPanel();
+    void ShowComputedName();
+    void ShowNewName();
+    void EditNewName(int row);
+
+    // frmPLM_sort.cpp: the sort engine and its choices
+    void ConnectSort();
+    void optMethod_Click(int index);
+    void ShowTargetDir();
+    void cmdTargetDir_Click();
+    [[nodiscard]] SortChoices Choices() const;
+    void StartSort(SortStart start);
+    void OpenSorting();
+    void frmSorting_Ended();
+    void Sort_Progressed();
+    void Sort_Done();
+
+    AppContext& context_;
+    std::unique_ptr<Ui::frmPLM> ui_;
+    FileList list_;
+    FileListModel model_;
+    FileSelection selection_;
+    WorkQueue work_;
+
+    QLabel* lblStatus_ = nullptr;
+    QProgressBar* prgWork_ = nullptr;
+    QToolButton* cmdStop_ = nullptr;
+    QToolButton* cmdDetails_ = nullptr;
+    QString details_;
+    bool closeWhenDone_ = false;
+
+    QTimer counting_;
+    FileList::Index counted_ = 0;
+
+    Text shownPath_;             ///< the file that the name boxes and the tag panel show
+    TagBoxes boxes_;             ///< its tags
+    bool shownCurrent_ = false;  ///< the selection is what is shown
+    bool outPatternEdited_ = false;
+
+    Text targetDir_;  ///< the target folder, also while its box shows a file's own folder
+    QPointer<frmSorting> sorting_;
+    SortTask* sort_ = nullptr;  ///< owned by work_, there while a sort is under way
+    QElapsedTimer labelsShown_;
+    QElapsedTimer removalsShown_;
+};
+
+}  // namespace mdlPLM

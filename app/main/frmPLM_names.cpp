@@ -1,0 +1,200 @@
+// frmPLM: names are made, and the shown file with its old and its new name.
+#include <QComboBox>
+#include <QLineEdit>
+#include <algorithm>
+#include <numeric>
+
+#include "app/dialogs/frmEdit.h"
+#include "app/dialogs/frmOptions.h"
+#include "app/main/frmPLM.h"
+#include "app/shared/entry_filter.h"
+#include "app/shared/message_boxes.h"
+#include "app/shared/qt_text.h"
+#include "core/names/fix_file_name.h"
+#include "core/names/text_lists.h"
+#include "core/platform/path.h"
+#include "core/tags/genres.h"
+#include "core/text/code_page.h"
+#include "ui_frmPLM.h"
+
+namespace mdlPLM {
+
+namespace {
+
+TagBoxes ReadBoxes(TextView path, const Settings& settings, ErrorSink& errors) {
+    const FileTags tags = ReadFileTags(path, ID3v2Parts::Everything, errors);
+    TagBoxes boxes;
+    boxes.chkID3v1 = tags.V1.Present();
+    boxes.chkID3v2 = tags.V2.Present();
+    if (boxes.chkID3v1) {
+        const ID3v1Texts texts = ShowID3v1(tags.V1, settings.bOptimizedID3v1);
+        boxes.txtTitle = texts.Title;
+        boxes.txtArtist = texts.Artist;
+        boxes.txtAlbum = texts.Album;
+        boxes.txtYear = texts.Year;
+        boxes.txtComments = texts.Comment;
+        const int genre = static_cast<unsigned char>(tags.V1.Genre);
+        if (genre < GenreCount) boxes.cmbGenre = FromCodePage(GenreNameOfNumber(genre));
+        const int track = static_cast<unsigned char>(tags.V1.Track);
+        if (track > 0) boxes.txtTrackNr = NumberText(static_cast<long long>(track));
+    }
+    boxes.txtV2Title = FromCodePage(tags.V2.Title);
+    boxes.txtV2Artist = FromCodePage(tags.V2.Artist);
+    boxes.txtV2Album = FromCodePage(tags.V2.Album);
+    boxes.txtV2Year = FromCodePage(tags.V2.Year);
+    boxes.cmbV2Genre = FromCodePage(tags.V2.Genre);
+    boxes.txtV2Track = FromCodePage(tags.V2.Track);
+    boxes.txtV2Comments = FromCodePage(tags.V2.Comments);
+    return boxes;
+}
+
+}  // namespace
+
+void frmPLM::SetUpPatterns() {
+    for (const Text& pattern : LoadInPatterns(context_.ListsFolder))
+        ui_->cmbInPattern->addItem(ToQt(pattern));
+    for (const Text& pattern : LoadOutPatterns(context_.ListsFolder))
+        ui_->cmbOutPattern->addItem(ToQt(pattern));
+    for (QComboBox* box : {ui_->cmbInPattern, ui_->cmbOutPattern}) {
+        box->setCompleter(nullptr);  // a pattern that begins like another one is not that one
+        box->setCurrentIndex(-1);    // the pattern in force need not be one of the list
+    }
+    FilterEntry(*ui_->cmbInPattern->lineEdit(), IsForbiddenInInPattern);
+    FilterEntry(*ui_->cmbOutPattern->lineEdit(), IsForbiddenInOutPattern);
+    FilterEntry(*ui_->txtNewName);
+    ui_->cmbOutPattern->installEventFilter(this);  // it has the focus of its line edit
+}
+
+void frmPLM::ConnectNames() {
+    connect(ui_->cmbInPattern, &QComboBox::currentTextChanged, this, &frmPLM::ShowComputedName);
+    connect(ui_->cmbOutPattern, &QComboBox::currentTextChanged, this,
+            &frmPLM::cmbOutPattern_Change);
+    connect(ui_->chkPreview, &QCheckBox::toggled, this, &frmPLM::chkPreview_Click);
+    connect(&selection_, &FileSelection::Changed, this, &frmPLM::Selection_Changed);
+    for (FileListView* view : {ui_->lstFiles, ui_->lstPreview})
+        connect(view, &QListView::clicked, this, &frmPLM::List_Clicked);
+    connect(ui_->lstPreview, &QListView::activated, this,
+            [this](const QModelIndex& index) { EditNewName(index.row()); });
+    connect(ui_->mnuEditName, &QAction::triggered, this,
+            [this] { EditNewName(selection_.CurrentRow()); });
+    ui_->wgtPreview->setVisible(PreviewShown());
+}
+
+Text frmPLM::InPattern() const { return FromQt(ui_->cmbInPattern->currentText()); }
+
+Text frmPLM::OutPattern() const { return FromQt(ui_->cmbOutPattern->currentText()); }
+
+bool frmPLM::PreviewShown() const { return ui_->chkPreview->isChecked(); }
+
+NameMaker frmPLM::Maker() const {
+    return {context_.Values, context_.Replacements, InPattern(), OutPattern()};
+}
+
+void frmPLM::ComputeNames(std::vector<FileList::Index> rows) {
+    work_.Start(std::make_unique<NamesTask>(list_, Maker(), std::move(rows)), [this](bool stopped) {
+        if (stopped) SetStatus(tr("Stopped. The other new names are not computed."));
+    });
+}
+
+void frmPLM::chkPreview_Click() {
+    ui_->wgtPreview->setVisible(PreviewShown());
+    if (!PreviewShown()) {
+        work_.Stop();  // the computing of names: during other work the box is at rest
+        return list_.ClearNewNames();
+    }
+    std::vector<FileList::Index> rows(list_.Count());
+    std::iota(rows.begin(), rows.end(), FileList::Index{0});
+    ComputeNames(std::move(rows));
+}
+
+bool frmPLM::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            cmbOutPattern_Validate();
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmPLM::cmbOutPattern_Change() {
+    outPatternEdited_ = true;
+    ShowComputedName();
+}
+
+void frmPLM::cmbOutPattern_Validate() {
+    if (!std::exchange(outPatternEdited_, false) || !PreviewShown()) return;
+    // Asked when the focus has arrived: a box in the midst of its way would hold it up.
+    QMetaObject::invokeMethod(this, &frmPLM::AskToApplyPattern, Qt::QueuedConnection);
+}
+
+void frmPLM::AskToApplyPattern() {
+    const Message question{{},
+                           u"The output pattern has been changed." + Text(CrLf) +
+                               u"Would you like to apply the new pattern to selected files?",
+                           {}};
+    if (context_.Ask.AskYesNo(question) == Answer::Yes) ComputeNames(list_.SelectedRows());
+}
+
+void frmPLM::Selection_Changed(bool byView) {
+    if (sort_ != nullptr) return;  // the run takes its entries out; nothing is shown meanwhile
+    if (list_.SelectedCount() == 1) return ShowFile(list_.SelectedRanges().front().first);
+    const int current = selection_.CurrentRow();
+    // A click that takes the last selected entry out still shows the entry that was clicked.
+    if (byView && list_.SelectedCount() == 0 && current >= 0)
+        return ShowFile(static_cast<FileList::Index>(current));
+    BlankPanel();
+    shownCurrent_ = true;
+}
+
+void frmPLM::List_Clicked() {
+    if (!shownCurrent_) Selection_Changed(true);
+}
+
+void frmPLM::ShowFile(FileList::Index row) {
+    shownPath_ = list_.Path(row);
+    shownCurrent_ = true;
+    BoxErrors errors(context_.Ask);
+    boxes_ = ReadBoxes(shownPath_, context_.Values, errors);
+    ui_->txtOldName->setText(ToQt(FileNameOfPath(shownPath_)));
+    const Text& computed = list_.NewName(row);
+    if (PreviewShown() && !computed.empty())
+        ui_->txtNewName->setText(ToQt(computed));
+    else
+        ShowNewName();
+    ShowTargetDir();
+}
+
+void frmPLM::ShowNewName() {
+    const Text inPattern = InPattern();
+    const NamingContext naming{context_.Values, context_.Replacements, inPattern};
+    ui_->txtNewName->setText(ToQt(FixFileName2(shownPath_, OutPattern(), boxes_, naming)));
+}
+
+void frmPLM::ShowComputedName() {
+    if (!shownPath_.empty() && !PreviewShown()) ShowNewName();
+}
+
+void frmPLM::EditNewName(int row) {
+    if (row < 0 || !PreviewShown() || work_.Busy()) return;
+    const auto line = static_cast<FileList::Index>(row);
+    const std::optional<Text> name = frmEdit::EditName(this, list_.NewName(line));
+    if (!name) return;
+    list_.SetNewName(line, *name);
+    if (list_.SelectedCount() == 1 && list_.Selected(line)) ui_->txtNewName->setText(ToQt(*name));
+}
+
+void frmPLM::cmdOptions_Click() {
+    frmOptions options(context_, this);
+    if (options.exec() == QDialog::Accepted) ShowComputedName();
+}
+
+void frmPLM::BlankPanel() {
+    shownPath_.clear();
+    shownCurrent_ = false;
+    boxes_ = {};
+    ui_->txtOldName->clear();
+    ui_->txtNewName->clear();
+    ShowTargetDir();
+}
+
+}  // namespace mdlPLM
