@@ -6,7 +6,6 @@
 #include "core/names/existing_target.h"
 #include "core/platform/path.h"
 #include "core/tags/file_tags.h"
-#include "core/tags/save_tags.h"
 #include "core/text/letter_case.h"
 
 namespace mdlPLM {
@@ -157,17 +156,18 @@ void RenameRun::SetAttributes(TextView path) {
 RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
     OwnTags own;
     if (!disk_.Exists(path)) return own;
+    const Text contents = disk_.ContentsAt(path);
     CollectingErrors errors;
     const ID3v2Parts parts = ID3v2Parts::Everything;
     if (choices_.chkSaveID3v1 && choices_.chkSaveID3v2) {
-        FileTags tags = ReadFileTags(path, parts, errors);
+        FileTags tags = ReadFileTags(contents, parts, errors);
         if (!tags.V1Failed) own.V1 = std::move(tags.V1);
         if (!tags.V2Failed) own.V2 = std::move(tags.V2);
     } else if (choices_.chkSaveID3v1) {
-        ID3v1Tag tag = ReadID3v1(path, errors);
+        ID3v1Tag tag = ReadID3v1(contents, errors);
         if (errors.Numbers.empty()) own.V1 = std::move(tag);
     } else if (choices_.chkSaveID3v2) {
-        ID3v2Tag tag = ReadID3v2(path, errors);
+        ID3v2Tag tag = ReadID3v2(contents, errors);
         if (errors.Numbers.empty()) own.V2 = std::move(tag);
     }
     for (const ErrorNumber number : errors.Numbers) FailTag(path, number);
@@ -176,16 +176,29 @@ RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
 
 void RenameRun::WriteTags(const OwnTags& own, const RenamePair& pair, const Text& newPath) {
     if (!disk_.Exists(newPath)) return;
-    if (own.V1) {
-        CollectingErrors errors;
-        WriteID3v1(newPath, FillID3v1(*own.V1, pair.NewName, choices_.Tags, settings_), errors);
-        for (const ErrorNumber number : errors.Numbers) FailTag(newPath, number);
-    }
-    if (own.V2) {
-        const ID3v2Tag tag = FillID3v2(*own.V2, pair.NewName, choices_.Tags, settings_);
-        const SaveResult result = SaveTags(newPath, {}, tag, {TagMode::Leave, TagMode::Write});
-        if (result.Outcome == SaveOutcome::Failed) FailTag(newPath, result.Error);
-    }
+    const RunTagChoices& choices = choices_.Tags;
+    if (own.V1)
+        Note(newPath, SaveV1(newPath, FillID3v1(*own.V1, pair.NewName, choices, settings_)));
+    if (own.V2)
+        Note(newPath, SaveV2(newPath, FillID3v2(*own.V2, pair.NewName, choices, settings_)));
+}
+
+SaveResult RenameRun::SaveV1(const Text& path, const ID3v1Tag& tag) {
+    if (writer_ != nullptr) return writer_->SaveID3v1(path, tag);
+    CollectingErrors errors;
+    if (WriteID3v1(path, tag, errors)) return {SaveOutcome::Written, ErrorNumber::None};
+    return {SaveOutcome::Failed,
+            errors.Numbers.empty() ? ErrorNumber::DeviceIo : errors.Numbers[0]};
+}
+
+SaveResult RenameRun::SaveV2(const Text& path, const ID3v2Tag& tag) {
+    constexpr SaveModes modes{TagMode::Leave, TagMode::Write};
+    return writer_ == nullptr ? SaveTags(path, {}, tag, modes)
+                              : writer_->Save(path, {}, tag, modes);
+}
+
+void RenameRun::Note(const Text& path, SaveResult result) {
+    if (result.Outcome == SaveOutcome::Failed) FailTag(path, result.Error);
 }
 
 void RenameRun::CountOutcome(Outcome outcome) {

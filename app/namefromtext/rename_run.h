@@ -8,6 +8,7 @@
 #include "app/namefromtext/run_tags.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
+#include "core/tags/save_tags.h"
 
 namespace mdlPLM {
 
@@ -51,6 +52,8 @@ public:
     /// `settings`, `disk` and `prompts` must outlive the run.
     RenameRun(std::vector<RenamePair> pairs, RunChoices choices, const Settings& settings,
               Disk& disk, Prompts& prompts);
+    /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
+    void WriteTagsThrough(TagWriter& writer) { writer_ = &writer; }
 
     [[nodiscard]] std::size_t Total() const { return pairs_.size(); }
     [[nodiscard]] std::size_t Done() const { return done_; }
@@ -74,6 +77,9 @@ private:
     void SetAttributes(TextView path);
     OwnTags ReadOwnTags(TextView path);
     void WriteTags(const OwnTags& own, const RenamePair& pair, const Text& newPath);
+    SaveResult SaveV1(const Text& path, const ID3v1Tag& tag);
+    SaveResult SaveV2(const Text& path, const ID3v2Tag& tag);
+    void Note(const Text& path, SaveResult result);
     void CountOutcome(Outcome outcome);
     void Fail(TextView path, const Message& message);
     void FailTag(TextView path, ErrorNumber number);
@@ -83,7 +89,8 @@ private:
     const Settings& settings_;
     Disk& disk_;
     Prompts& prompts_;
-    std::set<Text> own_;  // upper-case paths of the files of this run, old and new
+    TagWriter* writer_ = nullptr;  // none: into the files
+    std::set<Text> own_;           // upper-case paths of the files of this run, old and new
     std::size_t done_ = 0;
     bool finished_ = false;
     RunReport report_;

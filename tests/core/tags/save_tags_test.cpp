@@ -345,5 +345,21 @@ TEST_F(Saving, ThroughASymbolicLinkTheFileItselfIsWritten) {
     EXPECT_EQ(ListTree(folder_.Path()), (std::vector<Bytes>{"link.mp3", "real/", "real/song.mp3"}));
 }
 
+TEST_F(Saving, TryingToWriteATrailerTellsTheErrorOfWritingIt) {
+    for (const std::size_t size : {0U, 127U, 128U, 500U}) {
+        const Bytes before = Noise(size);
+        const Text path = Make(before);
+        const SaveResult tried = TryWriteID3v1(path);
+        EXPECT_TRUE(ReadFile(path) == before);
+        CollectedErrors errors;
+        EXPECT_EQ(WriteID3v1(path, ParseID3v1(NewTrailer), errors),
+                  tried.Outcome == SaveOutcome::Written);
+        EXPECT_EQ(test::NumbersOf(errors), tried.Error == ErrorNumber::None
+                                               ? std::vector<ErrorNumber>{}
+                                               : std::vector<ErrorNumber>{tried.Error});
+    }
+    EXPECT_EQ(TryWriteID3v1(folder_ / u"missing.mp3").Outcome, SaveOutcome::Failed);
+}
+
 }  // namespace
 }  // namespace mdlPLM
