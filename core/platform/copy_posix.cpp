@@ -98,9 +98,8 @@ void PosixCopy::KeepModeAndTimes() const {
 }
 
 Status PosixCopy::TakeTargetName() const {
-    if (ifExists_ == IfTargetExists::Fail) return posix::RenameNoReplace(temporaryPath_, target_);
-    return ::rename(temporaryPath_.c_str(), target_.c_str()) == 0 ? Status()
-                                                                  : posix::LastErrorOfNewName();
+    return ifExists_ == IfTargetExists::Fail ? posix::RenameNoReplace(temporaryPath_, target_)
+                                             : posix::RenameReplace(temporaryPath_, target_);
 }
 
 void PosixCopy::Abandon() {

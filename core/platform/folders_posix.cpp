@@ -28,7 +28,7 @@ Bytes AbsoluteFromEnvironment(const char* name) {
 }
 
 Bytes HomeFolder() {
-    const Bytes home = AbsoluteFromEnvironment("HOME");
+    Bytes home = AbsoluteFromEnvironment("HOME");
     if (!home.empty()) return home;
     const passwd* const user = ::getpwuid(::getuid());
     return user == nullptr || user->pw_dir == nullptr ? Bytes("/") : Bytes(user->pw_dir);

@@ -105,7 +105,7 @@ Status FollowLinks(Bytes& path) {
         // No link, or nothing at all: whoever opens the path finds out.
         if (length <= 0) return {};
         const Bytes next(buffer.data(), static_cast<std::size_t>(length));
-        path = next.front() == '/' ? next : FolderOfNative(path) + next;
+        path = next.front() == '/' ? next : FolderOfNative(path).append(next);
     }
     return ErrorFromSystem(ELOOP);
 }

@@ -85,8 +85,15 @@ Bytes FolderOfNative(const Bytes& path);
 /// Takes `from` to the name `to` in one step that never replaces anything. See rename_posix.cpp.
 Status RenameNoReplace(const Bytes& from, const Bytes& to);
 
-/// The ways of doing that, tried in this order; each leaves both names as they were when it fails.
-/// They give the system's code, 0 for success.
+/// Takes `from` to the name `to` in one step; a file of that name is replaced.
+Status RenameReplace(const Bytes& from, const Bytes& to);
+
+/// The error of a rename that ended in `code`: what is missing may be the file or the folder, and a
+/// name that the file system does not take is missing on some.
+Status RenameError(const Bytes& from, const Bytes& to, int code);
+
+/// The ways of never replacing, tried in this order; each leaves both names as they were when it
+/// fails. They give the system's code, 0 for success.
 int RenameByFlag(const Bytes& from, const Bytes& to);
 int RenameByLink(const Bytes& from, const Bytes& to);
 int RenameByClaim(const Bytes& from, const Bytes& to);

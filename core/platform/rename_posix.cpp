@@ -101,16 +101,6 @@ Status TargetExists(const Bytes& from, const Bytes& to) {
     return folder ? ErrorNumber::PathFileAccess : ErrorNumber::FileAlreadyExists;
 }
 
-Status MissingName(const Bytes& from) {
-    struct stat source {};
-    return ::lstat(from.c_str(), &source) == 0 ? ErrorNumber::PathNotFound
-                                               : ErrorNumber::FileNotFound;
-}
-
-Status RenameError(const Bytes& from, int code) {
-    return code == ENOENT ? MissingName(from) : Status(ErrorFromSystem(code));
-}
-
 }  // namespace
 
 int RenameByFlag(const Bytes& from, const Bytes& to) {
@@ -140,9 +130,22 @@ int RenameByClaim(const Bytes& from, const Bytes& to) {
     return code;
 }
 
+Status RenameError(const Bytes& from, const Bytes& to, int code) {
+    if (code != ENOENT) return ErrorFromSystem(code);
+    struct stat data {};
+    if (::lstat(from.c_str(), &data) != 0) return ErrorNumber::FileNotFound;
+    const Bytes folder = FolderOfNative(to);
+    const bool there = folder.empty() || ::stat(folder.c_str(), &data) == 0;
+    return there ? ErrorNumber::BadFileName : ErrorNumber::PathNotFound;
+}
+
 Status RenameNoReplace(const Bytes& from, const Bytes& to) {
     const int code = RenameInOneStep(from, to);
-    return code == EEXIST ? TargetExists(from, to) : RenameError(from, code);
+    return code == EEXIST ? TargetExists(from, to) : RenameError(from, to, code);
+}
+
+Status RenameReplace(const Bytes& from, const Bytes& to) {
+    return RenameError(from, to, CodeOf(::rename(from.c_str(), to.c_str())));
 }
 
 }  // namespace posix
@@ -155,7 +158,7 @@ Status SystemDisk::Rename(TextView from, TextView to, IfTargetExists ifExists) {
         const Status respelt = posix::RenameNoReplace(source, target);
         if (respelt.Number() != ErrorNumber::FileAlreadyExists) return respelt;
     }
-    return posix::RenameError(source, posix::CodeOf(::rename(source.c_str(), target.c_str())));
+    return posix::RenameReplace(source, target);
 }
 
 }  // namespace mdlPLM

@@ -190,7 +190,7 @@ TEST_F(Loading, AFileThatCannotBeOpenedIsNotReported) {
 }
 
 TEST_F(Loading, LinesOfBinaryRubbishAreSkippedSilently) {
-    Bytes rubbish("\0\1\2\n\xFF\xFE\r\n\x7F\0ELF\n/m/a.mp3\n\0", 25);
+    const Bytes rubbish("\0\1\2\n\xFF\xFE\r\n\x7F\0ELF\n/m/a.mp3\n\0", 24);
     for (const TextView name : {u"x.m3u", u"x.srt"}) {
         list_.Clear();
         EXPECT_TRUE(Load(folder_.File(name, rubbish)).Ok());

@@ -19,26 +19,28 @@ Bytes FromHex(BytesView hex) {
     return bytes;
 }
 
-// Version 3 with the text in front, and version 4 without, as file servers write them.
+// Records of each version with the attributes 0x22 and a creation time, as Samba packs them.
+const Bytes PackedOne = FromHex(
+    "30783232000001000100000022000000"
+    "000000000000000000000000000000000000000080d5e1a3c29cd7010000000000000000");
 const Bytes PackedThree = FromHex(
-    "30783230000003000300000011000000"
-    "20000000"
-    "000000000000000000000000000000000000000080d5e1a3c29dd701"
-    "0000000000000000");
+    "3078323200000300030000001100000022000000"
+    "000000000000000000000000000000000000000080d5e1a3c29cd7010000000000000000");
 const Bytes PackedFour = FromHex(
-    "00000400040000005100000022000000"
-    "80d5e1a3c29dd70180d5e1a3c29dd701");
+    "00000400040000001100000022000000"
+    "000000000000000080d5e1a3c29cd701");
+const Bytes PackedFive = FromHex("0000050005000000110000002200000080d5e1a3c29cd701");
 
 TEST(DosAttributes, BothFormsAreRead) {
     EXPECT_EQ(ParseDosAttributes("0x20"), 0x20U);
     EXPECT_EQ(ParseDosAttributes(Bytes("0x22\0", 5)), 0x22U);
-    EXPECT_EQ(ParseDosAttributes(PackedThree), 0x20U);
-    EXPECT_EQ(ParseDosAttributes(PackedFour), 0x22U);
+    for (const Bytes& packed : {PackedOne, PackedThree, PackedFour, PackedFive})
+        EXPECT_EQ(ParseDosAttributes(packed), 0x22U);
 }
 
 TEST(DosAttributes, OfARecordThatIsNotKnownTheTextInFrontCounts) {
     EXPECT_EQ(ParseDosAttributes(Bytes("0x20\0\0\7\0\7\0\0\0\2\0\0\0\2\0\0\0", 20)), 0x20U);
-    EXPECT_EQ(ParseDosAttributes(PackedThree.substr(0, 10)), 0x20U);
+    EXPECT_EQ(ParseDosAttributes(PackedThree.substr(0, 10)), 0x22U);
 }
 
 TEST(DosAttributes, AnythingElseIsNothing) {
@@ -53,7 +55,7 @@ TEST(DosAttributes, AnythingElseIsNothing) {
                             PackedFour.substr(0, 15)};
     for (const Bytes& contents : others) EXPECT_FALSE(ParseDosAttributes(contents)) << contents;
     Bytes notValid = PackedFour;
-    notValid[8] = 0x50;
+    notValid[8] = 0x10;
     EXPECT_FALSE(ParseDosAttributes(notValid));
 }
 
@@ -70,6 +72,9 @@ TEST(DosAttributes, APackedRecordKeepsItsOtherFields) {
     const Bytes three = RenderDosAttributes(PackedThree, 0x2);
     EXPECT_EQ(ParseDosAttributes(three), 0x2U);
     EXPECT_EQ(three.substr(16), PackedThree.substr(20));
+    const Bytes one = RenderDosAttributes(PackedOne, 0x2);
+    EXPECT_EQ(ParseDosAttributes(one), 0x2U);
+    EXPECT_EQ(one.substr(12), PackedOne.substr(16));
 }
 
 class FileAttributes : public testing::Test {

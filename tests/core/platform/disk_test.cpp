@@ -77,6 +77,7 @@ std::vector<Bytes> NamesIn(TextView folder) {
     std::vector<FolderItem> items;
     EXPECT_TRUE(ListFolder(folder, items).Ok());
     std::vector<Bytes> names;
+    names.reserve(items.size());
     for (const FolderItem& item : items)
         names.push_back(NativePath(item.Name) + (item.IsFolder ? "/" : ""));
     return names;
