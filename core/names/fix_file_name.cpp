@@ -62,16 +62,15 @@ void FixTagFields(Work& work, bool titleFromPattern) {
     if (fixMisses && titleFromPattern) FixTitle(work.Fields);
     FixTrack(work.Fields.Track);
     if (!fixMisses) return;
-    for (const FieldWord& field : FieldWords)
-        work.Fields.*field.Value = Trim(work.Fields.*field.Value);
+    for (const FieldWord& field : FieldWords) TrimInPlace(work.Fields.*field.Value);
 }
 
 // The dependence on the extension setting is odd and kept on purpose.
 bool TagsAllowed(const Settings& settings) {
-    return settings.bID3 && !Trim(settings.Extension).empty();
+    return settings.bID3 && !Trimmed(settings.Extension).empty();
 }
 
-Text CleanName(Work work) {
+Text CleanName(Work& work) {
     if (work.Values().Change == static_cast<int>(CaseOption::FirstLetter))
         for (const Field field : {&FieldValues::Artist, &FieldValues::Title, &FieldValues::Album})
             work.Fields.*field = FirstLetterUpper(std::move(work.Fields.*field));
@@ -89,32 +88,39 @@ BytesView Continuation(BytesView field) {
     return nul == BytesView::npos ? BytesView() : UpToNul(field.substr(nul + 1));
 }
 
-// A field of the trailer, untrimmed; `carrier` is the field that may hold its continuation.
-Bytes V1Field(BytesView field, BytesView carrier, const Settings& settings) {
-    Bytes text(UpToNul(field));
-    if (settings.bOptimizedID3v1) text.append(Continuation(carrier));
-    return text;
-}
-
-// Only the trailer's field is looked at without its blanks.
-Text FirstOf(BytesView v2, const Bytes& v1) {
+// Only the trailer's field is looked at without its blanks; it is worked out only where the other
+// tag has none.
+template <class V1>
+Text FirstOf(BytesView v2, V1 v1) {
     if (!v2.empty()) return FromCodePage(v2);
-    Text text = FromCodePage(v1);
-    return Trim(text).empty() ? Text() : text;
+    Text text = FromCodePage(v1());
+    return Trimmed(text).empty() ? Text() : text;
 }
 
 FieldValues FieldsOfTags(const FileTags& tags, const Settings& settings) {
     const ID3v1Tag& v1 = tags.V1;
     const ID3v2Tag& v2 = tags.V2;
+    // A field of the trailer, untrimmed; `carrier` is the field that may hold its continuation.
+    const auto field = [&](BytesView text, BytesView carrier = {}) {
+        return [=, &settings] {
+            Bytes whole(UpToNul(text));
+            if (settings.bOptimizedID3v1) whole.append(Continuation(carrier));
+            return whole;
+        };
+    };
+    const auto track = [&] {
+        const int number = static_cast<unsigned char>(v1.Track);
+        return number == 0 ? Bytes() : std::to_string(number);
+    };
+    const auto genre = [&] { return GetGenreName(BytesView(&v1.Genre, 1)); };
     FieldValues fields;
-    fields.Artist = FirstOf(v2.Artist, V1Field(v1.Artist, v1.Album, settings));
-    fields.Title = FirstOf(v2.Title, V1Field(v1.Title, v1.Comment, settings));
-    fields.Album = FirstOf(v2.Album, V1Field(v1.Album, {}, settings));
-    const int track = static_cast<unsigned char>(v1.Track);
-    fields.Track = FirstOf(v2.Track, track == 0 ? Bytes() : std::to_string(track));
-    fields.Year = FirstOf(v2.Year, V1Field(v1.Year, {}, settings));
-    fields.Genre = FirstOf(v2.Genre, GetGenreName(BytesView(&v1.Genre, 1)));
-    fields.Comment = FirstOf(v2.Comments, V1Field(v1.Comment, {}, settings));
+    fields.Artist = FirstOf(v2.Artist, field(v1.Artist, v1.Album));
+    fields.Title = FirstOf(v2.Title, field(v1.Title, v1.Comment));
+    fields.Album = FirstOf(v2.Album, field(v1.Album));
+    fields.Track = FirstOf(v2.Track, track);
+    fields.Year = FirstOf(v2.Year, field(v1.Year));
+    fields.Genre = FirstOf(v2.Genre, genre);
+    fields.Comment = FirstOf(v2.Comments, field(v1.Comment));
     return fields;
 }
 
@@ -162,7 +168,7 @@ Text FixFileName(TextView path, TextView outPattern, const FileTags& tags,
     if (!tags.Exists) return {};
     Work work{path, outPattern, context, {}};
     Gather(work, tags);
-    return CleanName(std::move(work));
+    return CleanName(work);
 }
 
 GatheredFields GatherFields(TextView path, const FileTags& tags, const NamingContext& context) {
@@ -191,7 +197,7 @@ Text FixFileName2(TextView path, TextView outPattern, const TagBoxes& boxes,
     } else {
         TakeAllFromPattern(work);
     }
-    return CleanName(std::move(work));
+    return CleanName(work);
 }
 
 }  // namespace mdlPLM

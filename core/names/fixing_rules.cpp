@@ -35,6 +35,23 @@ Text TidyMp3Ending(Text text, TextView ending, Pos drop) {
     return Trim(Left(text, static_cast<Pos>(text.size()) - drop)).append(Mp3Ending);
 }
 
+constexpr bool Goes(char16_t c) { return c == u'?' || c == u'"'; }
+
+constexpr bool BecomesBlank(char16_t c) {
+    switch (c) {
+        case u'\\':
+        case u'/':
+        case u':':
+        case u'<':
+        case u'>':
+        case u'|':
+        case u'*':
+            return true;
+        default:
+            return false;
+    }
+}
+
 // What stops the walk to the first character of a word. "@" (64) is among them on purpose.
 constexpr bool StartsWord(char16_t c) {
     return (c >= 97 && c <= 122) || (c >= 192 && c <= 255) || (c >= 64 && c <= 90) ||
@@ -45,7 +62,10 @@ constexpr bool EndsWord(char16_t c) { return c == u' ' || c == u'+' || c == u'-'
 
 // --- the rules, in the order of the chains ---
 
-Text TrimText(Text text, const RuleContext& /*context*/) { return Trim(text); }
+Text TrimText(Text text, const RuleContext& /*context*/) {
+    TrimInPlace(text);
+    return text;
+}
 
 Text RemoveOuterParentheses(Text text, const RuleContext& context) {
     if (!context.Values.bParentheses || !StartsWith(text, u"(") || !EndsWith(text, u")"))
@@ -124,7 +144,8 @@ Text TidyDashBeforeMp3(Text text, const RuleContext& context) {
 }
 
 Text TrimMisses(Text text, const RuleContext& context) {
-    return context.Values.bMisses ? Trim(text) : text;
+    if (context.Values.bMisses) TrimInPlace(text);
+    return text;
 }
 
 CaseOption CaseOf(const RuleContext& context) {
@@ -203,10 +224,10 @@ Text RemoveChars(TextView text, TextView chars, RemoveMode mode) {
 }
 
 Text ReplaceIllegalCharacters(Text text) {
-    std::erase_if(text, [](char16_t c) { return c == u'?' || c == u'"'; });
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char16_t c) { return TextView(u"\\/:<>|*").find(c) != TextView::npos; }, u' ');
+    std::size_t kept = 0;
+    for (const char16_t c : text)
+        if (!Goes(c)) text[kept++] = BecomesBlank(c) ? u' ' : c;
+    text.resize(kept);
     return text;
 }
 

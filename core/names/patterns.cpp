@@ -111,15 +111,19 @@ Text Extract(const Text& name, const Slots& slots, const Placeholder& wanted) {
     return {};
 }
 
-void ReplaceInPlace(Text& text, TextView from, TextView to) {
-    for (std::size_t at = text.find(from); at != Text::npos; at = text.find(from, at + to.size()))
+void ReplaceInPlace(Text& text, std::size_t start, TextView from, TextView to) {
+    for (std::size_t at = text.find(from, start); at != Text::npos;
+         at = text.find(from, at + to.size()))
         text.replace(at, from.size(), to);
 }
 
 Text Fill(TextView pattern, const FieldValues& values) {
     Text result(pattern);
-    for (const Placeholder& placeholder : Placeholders)
-        ReplaceInPlace(result, placeholder.Word, values.*placeholder.Value);
+    for (const Placeholder& placeholder : Placeholders) {
+        const std::size_t first = result.find(u'%');
+        if (first == Text::npos) break;
+        ReplaceInPlace(result, first, placeholder.Word, values.*placeholder.Value);
+    }
     return result;
 }
 
@@ -149,8 +153,11 @@ Text GetFieldFromPattern(TextView fileName, TextView fieldName, TextView pattern
 Text FillPattern(TextView outPattern, const FieldValues& values, const Settings& settings,
                  bool& filled) {
     Text result = Fill(outPattern, values);
-    const Text trimmed = Trim(result);
-    filled = trimmed != Trim(Fill(outPattern, {})) && trimmed != u"." + settings.Extension;
+    const TextView trimmed = Trimmed(result);
+    // Longer than the pattern is longer than the pattern without its placeholders.
+    const bool longer = trimmed.size() > outPattern.size();
+    filled = (longer || trimmed != Trimmed(Fill(outPattern, {}))) &&
+             trimmed != u"." + settings.Extension;
     return result;
 }
 

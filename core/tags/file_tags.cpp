@@ -52,14 +52,9 @@ Status CompleteText(const File& file, BytesView head, Bytes& text, std::size_t l
     return got == length - have ? Status() : Status(ErrorNumber::InputPastEnd);
 }
 
-struct V2Result {
-    ID3v2Tag Tag;
-    std::int64_t Length = 0;
-};
-
-Status ReadTag(const File& file, BytesView head, ID3v2Parts parts, V2Result& result) {
+Status ReadTag(const File& file, BytesView head, ID3v2Parts parts, FileTags& tags) {
     if (head.substr(0, 3) != "ID3") return {};
-    result.Tag.ID = "ID3";
+    tags.V2.ID = "ID3";
     TagSpan span;
     const Status status = FindTag(head, file.Size(), span);
     if (!status.Ok()) return status;
@@ -71,8 +66,8 @@ Status ReadTag(const File& file, BytesView head, ID3v2Parts parts, V2Result& res
         if (!rest.Ok()) return rest;
         text = longText;
     }
-    result.Tag = ParseID3v2(head, text, parts);
-    result.Length = span.Length;
+    tags.V2 = ParseID3v2(head, text, parts);
+    tags.V2Length = span.Length;
     return {};
 }
 
@@ -87,7 +82,7 @@ Status ReadRecord(const File& file, BytesView head, FileTags& tags) {
         if (!status.Ok()) return status;
         trailer = read;
     }
-    tags.V1 = ParseID3v1(trailer);
+    ParseID3v1(trailer, tags.V1);
     tags.V1HasTrackByte = tags.V1.Present() && HasTrackByte(trailer);
     return {};
 }
@@ -97,10 +92,15 @@ void NoteV1Failure(FileTags& tags) {
     tags.V1.Genre = NoGenre;
 }
 
-}  // namespace
+struct Reading {
+    const File& Source;
+    TextView Path;
+    ID3v2Parts Parts;
+    ErrorSink& Errors;
+};
 
-FileTags ReadFileTags(const File& file, TextView path, ID3v2Parts parts, ErrorSink& errors) {
-    FileTags tags;
+void Read(const Reading& reading, FileTags& tags) {
+    const File& file = reading.Source;
     tags.Exists = true;
     tags.FileSize = file.Size();
     Head head;
@@ -108,14 +108,18 @@ FileTags ReadFileTags(const File& file, TextView path, ID3v2Parts parts, ErrorSi
     const Status v1 = ReadRecord(file, head.View(), tags);
     if (!v1.Ok()) {
         NoteV1Failure(tags);
-        errors.Report(v1.Number(), path);
+        reading.Errors.Report(v1.Number(), reading.Path);
     }
-    V2Result v2;
-    const Status second = first.Ok() ? ReadTag(file, head.View(), parts, v2) : first;
-    tags.V2 = std::move(v2.Tag);
-    tags.V2Length = v2.Length;
-    tags.V2Failed = !second.Ok();
-    if (tags.V2Failed) errors.Report(second.Number(), path);
+    const Status v2 = first.Ok() ? ReadTag(file, head.View(), reading.Parts, tags) : first;
+    tags.V2Failed = !v2.Ok();
+    if (tags.V2Failed) reading.Errors.Report(v2.Number(), reading.Path);
+}
+
+}  // namespace
+
+FileTags ReadFileTags(const File& file, TextView path, ID3v2Parts parts, ErrorSink& errors) {
+    FileTags tags;
+    Read({file, path, parts, errors}, tags);
     return tags;
 }
 
@@ -124,7 +128,10 @@ FileTags ReadFileTags(TextView path, ID3v2Parts parts, ErrorSink& errors) {
     FileTags tags;
     const Status status = OpenForTags(path, file, tags.Exists);
     if (!tags.Exists) return tags;
-    if (status.Ok()) return ReadFileTags(file, path, parts, errors);
+    if (status.Ok()) {
+        Read({file, path, parts, errors}, tags);
+        return tags;
+    }
     NoteV1Failure(tags);
     tags.V2Failed = true;
     errors.Report(status.Number(), path);
@@ -135,12 +142,12 @@ ID3v2Tag ReadID3v2(TextView path, ErrorSink& errors) {
     File file;
     bool exists = false;
     Status status = OpenForTags(path, file, exists);
-    V2Result result;
+    FileTags tags;
     Head head;
     if (exists && status.Ok()) status = head.Read(file);
-    if (exists && status.Ok()) status = ReadTag(file, head.View(), ID3v2Parts::Everything, result);
+    if (exists && status.Ok()) status = ReadTag(file, head.View(), ID3v2Parts::Everything, tags);
     if (!status.Ok()) errors.Report(status.Number(), path);
-    return std::move(result.Tag);
+    return std::move(tags.V2);
 }
 
 }  // namespace mdlPLM

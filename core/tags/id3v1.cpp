@@ -75,8 +75,13 @@ bool HasTrackByte(BytesView trailer) {
 
 ID3v1Tag ParseID3v1(BytesView trailer) {
     ID3v1Tag tag;
+    ParseID3v1(trailer, tag);
+    return tag;
+}
+
+void ParseID3v1(BytesView trailer, ID3v1Tag& tag) {
     tag.Genre = NoGenre;
-    if (trailer.size() != ID3v1Size || trailer.substr(0, 3) != "TAG") return tag;
+    if (trailer.size() != ID3v1Size || trailer.substr(0, 3) != "TAG") return;
     for (const FieldPlace& place : Layout)
         (tag.*place.Field).assign(trailer.substr(place.Offset, place.Width));
     if (HasTrackByte(trailer)) {
@@ -84,7 +89,6 @@ ID3v1Tag ParseID3v1(BytesView trailer) {
         tag.Comment[CommentWithZeroByte] = '\0';
     }
     tag.Genre = trailer[GenreOffset];
-    return tag;
 }
 
 Bytes RenderID3v1(const ID3v1Tag& tag) {

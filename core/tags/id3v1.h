@@ -36,6 +36,8 @@ Bytes FieldText(BytesView field);
 /// then the comment keeps its first 29 characters followed by one NUL. Other bytes than 128, or no
 /// "TAG" in front: no trailer (three NULs in `Tag`, 255 in `Genre`).
 ID3v1Tag ParseID3v1(BytesView trailer);
+/// The same over a record that is still as it was made.
+void ParseID3v1(BytesView trailer, ID3v1Tag& tag);
 
 /// True for the 128 bytes of an ID3v1.1 trailer: byte 125 is 0, whatever the track byte behind it.
 bool HasTrackByte(BytesView trailer);

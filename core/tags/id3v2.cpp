@@ -98,6 +98,7 @@ Bytes ResolveGenre(BytesView rawGenre) {
     if (close == BytesView::npos || close < 2) return {};
     const BytesView reference = rawGenre.substr(1, close - 1);
     const Bytes name = IsAllDigits(reference) ? GenreNameOfNumber(NumberOf(reference)) : Bytes();
+    if (close + 1 == rawGenre.size()) return name;
     const Text refinement = Trim(FromCodePage(rawGenre.substr(close + 1)));
     if (refinement.empty() || EqualIgnoringCase(refinement, FromCodePage(name))) return name;
     return ToCodePage(refinement);

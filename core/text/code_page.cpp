@@ -1,5 +1,6 @@
 #include "core/text/code_page.h"
 
+#include <algorithm>
 #include <array>
 
 namespace mdlPLM {
@@ -11,6 +12,14 @@ constexpr std::array<char16_t, 32> HighPage = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr std::array<char16_t, 256> MakeWholePage() {
+    std::array<char16_t, 256> page{};
+    for (std::size_t byte = 0; byte < page.size(); ++byte) page[byte] = static_cast<char16_t>(byte);
+    for (std::size_t i = 0; i < HighPage.size(); ++i) page[0x80 + i] = HighPage[i];
+    return page;
+}
+constexpr std::array<char16_t, 256> WholePage = MakeWholePage();
 
 constexpr bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c <= 0xDBFF; }
 constexpr bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
@@ -100,11 +109,8 @@ void AppendUtf8(Bytes& bytes, char32_t value) {
 
 Text FromCodePage(BytesView bytes) {
     Text text(bytes.size(), u' ');
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        text[i] =
-            byte >= 0x80 && byte < 0xA0 ? HighPage[byte - 0x80U] : static_cast<char16_t>(byte);
-    }
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char byte) { return WholePage[static_cast<unsigned char>(byte)]; });
     return text;
 }
 
@@ -134,9 +140,15 @@ Text FromUtf8(BytesView bytes) {
 }
 
 Bytes ToUtf8(TextView text) {
-    Bytes bytes;
-    bytes.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
+    // Most texts are plain ASCII to their end.
+    const auto plainEnd =
+        std::find_if(text.begin(), text.end(), [](char16_t c) { return c > 0x7F; });
+    const auto plain = static_cast<std::size_t>(plainEnd - text.begin());
+    Bytes bytes(text.size(), ' ');
+    std::transform(text.begin(), plainEnd, bytes.begin(),
+                   [](char16_t c) { return static_cast<char>(c); });
+    bytes.resize(plain);
+    for (std::size_t i = plain; i < text.size(); ++i) {
         const char16_t c = text[i];
         if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
             AppendUtf8(bytes, 0x10000U + ((char32_t{c} - 0xD800U) << 10) + (text[i + 1] - 0xDC00U));

@@ -26,15 +26,9 @@ Text MapEach(TextView text, Map map) {
 
 }  // namespace
 
-char16_t UCase(char16_t c) {
-    if (c < 0x80) return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 0x20) : c;
-    return Lookup(ToUpperTable, c);
-}
+char16_t UCaseBeyondAscii(char16_t c) { return Lookup(ToUpperTable, c); }
 
-char16_t LCase(char16_t c) {
-    if (c < 0x80) return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 0x20) : c;
-    return Lookup(ToLowerTable, c);
-}
+char16_t LCaseBeyondAscii(char16_t c) { return Lookup(ToLowerTable, c); }
 
 Text UCase(TextView text) {
     return MapEach(text, [](char16_t c) { return UCase(c); });

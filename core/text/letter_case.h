@@ -9,8 +9,18 @@
 
 namespace mdlPLM {
 
-char16_t UCase(char16_t c);
-char16_t LCase(char16_t c);
+char16_t UCaseBeyondAscii(char16_t c);
+char16_t LCaseBeyondAscii(char16_t c);
+
+inline char16_t UCase(char16_t c) {
+    if (c >= 0x80) return UCaseBeyondAscii(c);
+    return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - 0x20) : c;
+}
+
+inline char16_t LCase(char16_t c) {
+    if (c >= 0x80) return LCaseBeyondAscii(c);
+    return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 0x20) : c;
+}
 
 /// Every character mapped by itself; the length never changes.
 Text UCase(TextView text);

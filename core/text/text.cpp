@@ -80,10 +80,17 @@ Pos InStrRev(TextView text, TextView what) {
     return found == TextView::npos ? 0 : static_cast<Pos>(found) + 1;
 }
 
-Text Trim(TextView text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    if (first == TextView::npos) return {};
-    return Text(text.substr(first, text.find_last_not_of(u' ') - first + 1));
+Text Trim(TextView text) { return Text(Trimmed(text)); }
+
+TextView Trimmed(TextView text) {
+    while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+    return text;
+}
+
+void TrimInPlace(Text& text) {
+    const TextView trimmed = Trimmed(text);
+    if (trimmed.size() < text.size()) text = Text(trimmed);
 }
 
 Text Replace(TextView text, TextView from, TextView to) {

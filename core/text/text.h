@@ -47,6 +47,9 @@ Pos InStrRev(TextView text, TextView what);
 
 /// Without the blanks (U+0020 only, never tabs or line ends) at both ends.
 Text Trim(TextView text);
+/// The same without a copy.
+TextView Trimmed(TextView text);
+void TrimInPlace(Text& text);
 
 /// Every `from` replaced by `to`, left to right, never looking into what was put. An empty `from`
 /// changes nothing.
