@@ -101,4 +101,12 @@ SaveResult TrySaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, Sa
     return ResultOf(status);
 }
 
+SaveResult TryWriteID3v1(TextView path) {
+    File file;
+    Bytes trailer;
+    Status status = file.Open(path, File::Mode::ReadWrite);
+    if (status.Ok()) status = ReadTrailer(file, trailer);
+    return ResultOf(status);
+}
+
 }  // namespace mdlPLM

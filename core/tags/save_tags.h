@@ -27,21 +27,17 @@ SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveM
 /// writing, looked at and closed.
 SaveResult TrySaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes);
 
+/// The same for WriteID3v1.
+SaveResult TryWriteID3v1(TextView path);
+
 /// Saves the tags of one file after the other, or only pretends to.
 class TagWriter {
 public:
     virtual ~TagWriter() = default;
     virtual SaveResult Save(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2,
                             SaveModes modes) = 0;
-};
-
-/// Saves them into the files.
-class FileTagWriter final : public TagWriter {
-public:
-    SaveResult Save(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2,
-                    SaveModes modes) override {
-        return SaveTags(path, v1, v2, modes);
-    }
+    /// The trailer alone, as WriteID3v1 does it: whatever state the other tag is in.
+    virtual SaveResult SaveID3v1(TextView path, const ID3v1Tag& v1) = 0;
 };
 
 }  // namespace mdlPLM
