@@ -1,0 +1,165 @@
+// The real player. There is no sound card where tests run, so GStreamer's automatic sink falls back
+// to its null sink: everything but the last step to the loudspeaker is what users have.
+#include "app/dialogs/qt_player.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "app/shared/qt_text.h"
+#include "core/platform/path.h"
+#include "tests/support/temp_folder.h"
+
+using namespace mdlPLM;
+
+namespace {
+
+/// Silence: whole MPEG 1.0 layer 3 frames of 128 kbit/s and 44100 Hz without side information.
+Bytes Silence(int frames) {
+    const Bytes frame = Bytes("\xFF\xFB\x90\x64") + Bytes(413, '\0');
+    Bytes silence;
+    for (int i = 0; i < frames; ++i) silence += frame;
+    return silence;
+}
+
+bool IsHeldOpen(TextView path) {
+    const Bytes nativePath = NativePath(path);
+    const QDir handles(QStringLiteral("/proc/self/fd"));
+    for (const QFileInfo& handle : handles.entryInfoList(QDir::System | QDir::Files)) {
+        QByteArray target(4096, '\0');
+        const auto length = readlink(QFile::encodeName(handle.filePath()).constData(),
+                                     target.data(), static_cast<std::size_t>(target.size()));
+        if (length > 0 && target.left(length).toStdString() == nativePath) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+class qt_player_test : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup() { player_.reset(); }
+    void aFileIsPlayedToItsEnd();
+    void stoppingClosesTheFileAtOnce();
+    void stoppingIsHarmlessAtAnyMoment();
+    void releasingTheFileClosesItAtOnce();
+    void aNameInNoEncodingIsPlayed();
+    void anotherFileTakesThePlaceOfTheFirst();
+    void aFileWithoutMusicSaysWhyOnceAndDoesNotHoldTheWindow();
+    void aFileThatHasGoneSaysWhy();
+
+private:
+    TempFolder folder_;
+    std::unique_ptr<MediaPlayer> player_;
+    QList<Text> started_;
+    int ended_ = 0;
+    QStringList faults_;
+};
+
+void qt_player_test::initTestCase() {
+    qputenv("GST_REGISTRY", QByteArray::fromStdString(NativePath(folder_ / u"registry")));
+}
+
+void qt_player_test::init() {
+    started_.clear();
+    faults_.clear();
+    ended_ = 0;
+    const QString programFolder = QFileInfo(QStringLiteral(PLM_PROGRAM)).path();
+    player_ = std::make_unique<MediaPlayer>(
+        LoadedPlayers(PlayerFolders(programFolder)),
+        PlayerEvents{[this](const Text& file) { started_ << file; }, [this] { ++ended_; },
+                     [this](const PlayerFault& fault) { faults_ << PlayerFaultText(fault); }});
+}
+
+void qt_player_test::aFileIsPlayedToItsEnd() {
+    const Text path = folder_.File(u"50% of #1 å.mp3", Silence(20));
+    player_->Play(path);
+    QTRY_COMPARE(started_.size(), 1);
+    QCOMPARE(started_[0], path);
+    QTRY_COMPARE(ended_, 1);
+    QVERIFY(player_->FileName().empty());
+    QTRY_VERIFY(!IsHeldOpen(path));
+    QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join(u'\n')));
+}
+
+void qt_player_test::stoppingClosesTheFileAtOnce() {
+    const Text path = folder_.File(u"long.mp3", Silence(5000));
+    player_->Play(path);
+    QTRY_COMPARE(started_.size(), 1);
+    QVERIFY(IsHeldOpen(path));
+    player_->Stop();
+    QVERIFY(!IsHeldOpen(path));
+    QCOMPARE(ended_, 1);
+}
+
+void qt_player_test::stoppingIsHarmlessAtAnyMoment() {
+    const Text path = folder_.File(u"hasty.mp3", Silence(5000));
+    for (int wait = 0; wait < 30; ++wait) {
+        player_->Play(path);
+        if (wait > 0) QTest::qWait(wait);
+        player_->Stop();
+        QVERIFY(!IsHeldOpen(path));
+    }
+    QCOMPARE(ended_, 30);
+    QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join(u'\n')));
+}
+
+void qt_player_test::releasingTheFileClosesItAtOnce() {
+    const Text path = folder_.File(u"held.mp3", Silence(5000));
+    player_->Play(path);
+    QTRY_COMPARE(started_.size(), 1);
+    player_->Release(folder_ / u"long.mp3");
+    QVERIFY(IsHeldOpen(path));
+    player_->Release(path);
+    QVERIFY(!IsHeldOpen(path));
+    QCOMPARE(ended_, 1);
+}
+
+void qt_player_test::aNameInNoEncodingIsPlayed() {
+    const Text path = folder_.File(u"b\xDCE9n%E9.mp3", Silence(20));
+    player_->Play(path);
+    QTRY_COMPARE(ended_, 1);
+    QCOMPARE(started_.size(), 1);
+    QTRY_VERIFY(!IsHeldOpen(path));
+    QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join(u'\n')));
+}
+
+void qt_player_test::anotherFileTakesThePlaceOfTheFirst() {
+    const Text first = folder_.File(u"first.mp3", Silence(5000));
+    const Text second = folder_.File(u"second.mp3", Silence(5000));
+    player_->Play(first);
+    QTRY_COMPARE(started_.size(), 1);
+    player_->Play(second);
+    QCOMPARE(ended_, 1);
+    QVERIFY(!IsHeldOpen(first));
+    QTRY_COMPARE(started_.size(), 2);
+    QCOMPARE(player_->FileName(), second);
+}
+
+void qt_player_test::aFileWithoutMusicSaysWhyOnceAndDoesNotHoldTheWindow() {
+    const Text path = folder_.File(u"text.mp3", "no music in here\n");
+    player_->Play(path);
+    QTRY_COMPARE(faults_.size(), 1);
+    QVERIFY(faults_[0].contains(QStringLiteral("text.mp3\" cannot be played: ")));
+    QTest::qWait(50);
+    QCOMPARE(faults_.size(), 1);
+    QVERIFY(started_.isEmpty());
+    QTRY_VERIFY(!IsHeldOpen(path));
+}
+
+void qt_player_test::aFileThatHasGoneSaysWhy() {
+    player_->Play(folder_ / u"gone.mp3");
+    QTRY_COMPARE(faults_.size(), 1);
+    player_->Play(folder_ / u"g\xDCF6ne.mp3");
+    QTRY_COMPARE(faults_.size(), 2);
+    QVERIFY(player_->FileName().empty());
+}
+
+QTEST_MAIN(qt_player_test)
+#include "qt_player_test.moc"
