@@ -38,13 +38,19 @@ Bytes ReadStored(const Bytes& /*path*/) { return {}; }
 void WriteStored(const Bytes& /*path*/, const Bytes& /*contents*/) {}
 #endif
 
-// A file system that takes no extended attribute has no hidden and archived files: no failure.
-void StoreWithoutMode(const Bytes& path, int attributes) {
+// What is to be stored; empty when it is stored already.
+Bytes NewContents(const Bytes& path, int attributes) {
     const Bytes stored = ReadStored(path);
     const std::uint32_t old = ParseDosAttributes(stored).value_or(0);
     const std::uint32_t wanted = (old & ~static_cast<std::uint32_t>(WithoutMode | ReadOnly)) |
                                  static_cast<std::uint32_t>(attributes);
-    if (wanted != old) WriteStored(path, RenderDosAttributes(stored, wanted));
+    return wanted == old ? Bytes() : RenderDosAttributes(stored, wanted);
+}
+
+Status SetMode(const Bytes& path, mode_t& mode, mode_t wanted) {
+    if (mode != wanted && ::chmod(path.c_str(), wanted) != 0) return posix::LastError();
+    mode = wanted;
+    return {};
 }
 
 mode_t WithReadOnly(mode_t mode, bool readOnly) {
@@ -83,14 +89,17 @@ Status SystemDisk::SetAttributes(TextView path, int attributes) {
     const Bytes native = posix::SystemPath(path);
     struct stat data {};
     if (::stat(native.c_str(), &data) != 0) return posix::LastError();
-    const mode_t old = data.st_mode & Permissions;
-    const mode_t wanted = WithReadOnly(old, (attributes & ReadOnly) != 0);
-    const bool locking = (wanted & S_IWUSR) == 0;
-    // The extended attribute needs the write permission: it is set while there is one.
-    if (locking) StoreWithoutMode(native, attributes & (WithoutMode | ReadOnly));
-    if (wanted != old && ::chmod(native.c_str(), wanted) != 0) return posix::LastError();
-    if (!locking) StoreWithoutMode(native, attributes & WithoutMode);
-    return {};
+    mode_t mode = data.st_mode & Permissions;
+    const mode_t wanted = WithReadOnly(mode, (attributes & ReadOnly) != 0);
+    const Bytes contents = NewContents(native, attributes & (WithoutMode | ReadOnly));
+    if (!contents.empty()) {
+        // The extended attribute can be set only while there is the write permission.
+        if (const Status opened = SetMode(native, mode, mode | S_IWUSR); !opened.Ok())
+            return opened;
+        // A file system that takes none has no hidden and archived files: no failure.
+        WriteStored(native, contents);
+    }
+    return SetMode(native, mode, wanted);
 }
 
 }  // namespace mdlPLM

@@ -53,7 +53,7 @@ Status ListFolder(TextView folder, std::vector<FolderItem>& items);
 class PiecewiseCopy {
 public:
     virtual ~PiecewiseCopy() = default;
-    /// Copies the next piece (some megabytes). `done` is set when the target stands complete.
+    /// Copies the next piece (a megabyte). `done` is set when the target stands complete.
     virtual Status Step(bool& done) = 0;
     /// Bytes copied so far and in all.
     [[nodiscard]] virtual std::int64_t Copied() const = 0;

@@ -81,7 +81,10 @@ void WriteFile(TextView path, BytesView contents) {
 Bytes ReadFile(TextView path) {
     std::ifstream file(Native(path), std::ios::binary);
     if (!file || fs::is_directory(Native(path))) Fail("cannot read", path);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    Bytes contents(fs::file_size(Native(path)), '\0');
+    file.read(contents.data(), static_cast<std::streamsize>(contents.size()));
+    if (!file) Fail("cannot read", path);
+    return contents;
 }
 
 bool IsThere(TextView path) { return fs::exists(fs::symlink_status(Native(path))); }

@@ -1,7 +1,9 @@
 #include "core/platform/disk.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -260,13 +262,29 @@ TEST(WholeFile, AWriteProtectedFileStays) {
     EXPECT_EQ(ReadFile(path), "old");
 }
 
-TEST(WholeFile, FoldersDevicesAndMissingFoldersAreNotReplaced) {
+TEST(WholeFile, AFolderIsNotReplacedAndAMissingOneNotMade) {
     const TempFolder folder;
     EXPECT_EQ(WriteWholeFile(folder.Folder(u"sub"), "x").Number(), ErrorNumber::PathFileAccess);
     EXPECT_EQ(WriteWholeFile(folder / u"none/a", "x").Number(), ErrorNumber::PathNotFound);
-    EXPECT_EQ(WriteWholeFile(u"/dev/full", "x").Number(), ErrorNumber::DiskFull);
-    EXPECT_TRUE(WriteWholeFile(u"/dev/null", "x").Ok());
+    EXPECT_EQ(WriteWholeFile(Text(u"a\0b", 3), "x").Number(), ErrorNumber::BadFileName);
     EXPECT_EQ(ListTree(folder.Path()), std::vector<Bytes>{"sub/"});
+}
+
+TEST(WholeFile, APipeIsWrittenToAndStays) {
+    const TempFolder folder;
+    const Bytes pipe = NativePath(folder / u"pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(WriteWholeFile(folder / u"pipe", "x").Number(), ErrorNumber::DeviceUnavailable);
+    const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+    ASSERT_GE(reader, 0);
+    EXPECT_TRUE(WriteWholeFile(folder / u"pipe", "contents").Ok());
+    Bytes got(20, '\0');
+    EXPECT_EQ(::read(reader, got.data(), got.size()), 8);
+    ::close(reader);
+    EXPECT_EQ(got.substr(0, 8), "contents");
+    struct stat data {};
+    ASSERT_EQ(::lstat(pipe.c_str(), &data), 0);
+    EXPECT_TRUE(S_ISFIFO(data.st_mode));
 }
 
 TEST(Folders, OfTheUserFollowTheEnvironment) {
