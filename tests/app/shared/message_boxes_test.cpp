@@ -40,7 +40,7 @@ class MessageBoxesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QApplication::setApplicationDisplayName("Pellmore"); }
+    void initTestCase() { QApplication::setApplicationName("Pellmore"); }
     void GivesSafeAnswer_data();
     void GivesSafeAnswer();
     void GivesPressedAnswer_data();
