@@ -14,9 +14,9 @@ namespace mdlPLM {
 namespace {
 
 QString MeaningOf(BytesView identifier) {
-    for (const FrameKind& kind : FrameKinds) {
+    for (const ListedFrame& kind : ListedFrames) {
         if (kind.Identifier == identifier)
-            return QCoreApplication::translate("FrameKinds", kind.Meaning);
+            return QCoreApplication::translate("ListedFrames", kind.Meaning);
     }
     return {};
 }
@@ -50,7 +50,7 @@ void frmMoreID3v2::Form_Load() {
     ui_->lblFile->setToolTip(ToQt(context_.FilePath));
     // What is typed counts as it is typed, so nothing completes it.
     ui_->cmbV2Frames->setCompleter(nullptr);
-    for (const FrameKind& kind : FrameKinds) {
+    for (const ListedFrame& kind : ListedFrames) {
         ui_->cmbV2Frames->addItem(ToQt(FromAscii(kind.Identifier)));
         ui_->cmbV2Frames->setItemData(ui_->cmbV2Frames->count() - 1, MeaningOf(kind.Identifier),
                                       Qt::ToolTipRole);

@@ -11,7 +11,7 @@
 
 namespace mdlPLM {
 
-constexpr std::array<FrameKind, 81> FrameKinds = {{
+constexpr std::array<ListedFrame, 81> ListedFrames = {{
     {"AENC", "Audio encryption"},
     {"APIC", "Attached picture"},
     {"ASPI", "Audio seek point index"},
@@ -105,7 +105,7 @@ using Places = std::array<std::uint8_t, 256>;
 
 Places PlacesOfLetters() {
     Places places{};
-    for (const FrameKind& kind : FrameKinds) {
+    for (const ListedFrame& kind : ListedFrames) {
         for (std::size_t i = 0; i < IdentifierSize; ++i)
             places[static_cast<unsigned char>(kind.Identifier[i])] |=
                 static_cast<std::uint8_t>(1U << i);
@@ -143,7 +143,7 @@ std::vector<BytesView> FramesIn(BytesView otherFrames) {
             found.insert(otherFrames.substr(at, IdentifierSize));
     }
     std::vector<BytesView> identifiers;
-    for (const FrameKind& kind : FrameKinds) {
+    for (const ListedFrame& kind : ListedFrames) {
         if (found.count(kind.Identifier) != 0) identifiers.push_back(kind.Identifier);
     }
     return identifiers;

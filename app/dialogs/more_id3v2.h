@@ -12,14 +12,14 @@
 namespace mdlPLM {
 
 /// An identifier that can be listed and added, and what such a frame holds.
-struct FrameKind {
+struct ListedFrame {
     BytesView Identifier;
     const char* Meaning;
 };
 
 /// The frames of "ID3v2.4.0, section 4" in the order of its list, without the comment and the
 /// original artist.
-extern const std::array<FrameKind, 81> FrameKinds;
+extern const std::array<ListedFrame, 81> ListedFrames;
 
 /// The other-frames text of the file that is shown, wherever it is kept. Every change is put back
 /// at once.

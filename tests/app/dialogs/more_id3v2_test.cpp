@@ -24,13 +24,13 @@ struct HeldText final : OtherFramesText {
     int Changes = 0;
 };
 
-TEST(FrameKinds, AreTheFramesOfTheStandardInItsOrder) {
-    EXPECT_EQ(FrameKinds.size(), 81U);
-    EXPECT_EQ(FrameKinds.front().Identifier, "AENC");
-    EXPECT_EQ(FrameKinds.back().Identifier, "WXXX");
+TEST(ListedFrames, AreTheFramesOfTheStandardInItsOrder) {
+    EXPECT_EQ(ListedFrames.size(), 81U);
+    EXPECT_EQ(ListedFrames.front().Identifier, "AENC");
+    EXPECT_EQ(ListedFrames.back().Identifier, "WXXX");
     std::set<BytesView> distinct;
     Bytes all;
-    for (const FrameKind& kind : FrameKinds) {
+    for (const ListedFrame& kind : ListedFrames) {
         EXPECT_EQ(kind.Identifier.size(), 4U);
         EXPECT_STRNE(kind.Meaning, "");
         distinct.insert(kind.Identifier);
@@ -65,7 +65,7 @@ TEST(FramesIn, TellsLetterCaseAndHalfIdentifiersApart) {
 }
 
 TEST(FramesIn, FindsEveryIdentifierOfTheTable) {
-    for (const FrameKind& kind : FrameKinds) {
+    for (const ListedFrame& kind : ListedFrames) {
         const Bytes text = "\0x"s.append(kind.Identifier).append("x");
         EXPECT_EQ(FramesIn(text), Found{kind.Identifier});
     }
