@@ -68,6 +68,7 @@ Status ReadTag(const File& file, BytesView head, ID3v2Parts parts, FileTags& tag
     }
     tags.V2 = ParseID3v2(head, text, parts);
     tags.V2Length = span.Length;
+    if (parts == ID3v2Parts::FieldsAndText) tags.V2Text.assign(text);
     return {};
 }
 

@@ -113,7 +113,7 @@ ID3v2Tag ParseID3v2(BytesView header, BytesView tagText, ID3v2Parts parts) {
     for (const KnownFrame& frame : KnownFrames)
         if (everything || frame.InNames) tag.*frame.Field = GetFrameText(tagText, frame.Identifier);
     tag.Genre = ResolveGenre(tag.Genre);
-    if (everything) tag.OtherFrames = OtherFramesOf(tagText);
+    if (parts == ID3v2Parts::Everything) tag.OtherFrames = OtherFramesOf(tagText);
     return tag;
 }
 

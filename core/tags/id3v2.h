@@ -50,8 +50,9 @@ Bytes ResolveGenre(BytesView rawGenre);
 
 /// Which parts of a tag a caller needs; what it does not ask for is not worked out.
 enum class ID3v2Parts {
-    NameFields,  ///< title, artist, album, year, track, genre, comments
-    Everything,  ///< all twelve fields and OtherFrames
+    NameFields,     ///< title, artist, album, year, track, genre, comments
+    Everything,     ///< all twelve fields and OtherFrames
+    FieldsAndText,  ///< all twelve fields, without OtherFrames; the tag text is kept, see FileTags
 };
 
 /// The record of a tag: `header` are its ten bytes, `tagText` what follows them (the frames, the
