@@ -109,9 +109,9 @@ ID3v2Tag ParseID3v2(BytesView header, BytesView tagText, ID3v2Parts parts) {
     if (header.substr(0, 3) != "ID3") return tag;
     tag.ID = "ID3";
     tag.Version = VersionText(header);
-    const bool everything = parts == ID3v2Parts::Everything;
     for (const KnownFrame& frame : KnownFrames)
-        if (everything || frame.InNames) tag.*frame.Field = GetFrameText(tagText, frame.Identifier);
+        if (frame.InNames || parts != ID3v2Parts::NameFields)
+            tag.*frame.Field = GetFrameText(tagText, frame.Identifier);
     tag.Genre = ResolveGenre(tag.Genre);
     if (parts == ID3v2Parts::Everything) tag.OtherFrames = OtherFramesOf(tagText);
     return tag;

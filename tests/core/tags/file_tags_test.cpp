@@ -161,6 +161,21 @@ TEST_F(TagsOfFile, ReadingOnlyTheTagGivesTheSameRecord) {
     EXPECT_EQ(alone.OtherFrames, both.OtherFrames);
 }
 
+TEST_F(TagsOfFile, TheTagTextComesInPlaceOfTheOtherFramesWhenAskedFor) {
+    for (const std::size_t length : {10U, 9000U}) {
+        const Bytes frames =
+            TitleFrame + TextFrame("TCOM", "composer") + Frame("APIC", Noise(length));
+        const Bytes audio = Noise(500);
+        const Text path = Make(WholeTag(frames) + audio);
+        const FileTags tags = ReadFileTags(path, ID3v2Parts::FieldsAndText, errors_);
+        EXPECT_EQ(tags.V2Text, frames + audio.substr(0, 10));
+        EXPECT_EQ(tags.V2.Title, "A title");
+        EXPECT_EQ(tags.V2.Composer, "composer");
+        EXPECT_EQ(tags.V2.OtherFrames, "");
+        EXPECT_EQ(ReadFileTags(path, ID3v2Parts::Everything, errors_).V2Text, "");
+    }
+}
+
 TEST_F(TagsOfFile, ANewNameDoesNotBuildTheOtherFrames) {
     const Text path = Make(WholeTag(TitleFrame + Frame("APIC", Noise(9000))) + Noise(500));
     const FileTags tags = ReadFileTags(path, ID3v2Parts::NameFields, errors_);

@@ -1,0 +1,95 @@
+#include "app/main/tag_run.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace mdlPLM {
+
+namespace {
+
+/// A message box with more lines than this would outgrow the screen.
+constexpr std::size_t FailuresInBox = 15;
+
+class FirstError final : public ErrorSink {
+public:
+    void Report(ErrorNumber number, TextView /*path*/) override {
+        if (status_.Ok()) status_ = number;
+    }
+    [[nodiscard]] Status Result() const { return status_; }
+
+private:
+    Status status_;
+};
+
+SaveResult ChangeFile(TextView path, const TagRun::Edit& edit) {
+    FileTags tags;
+    const Status read = ReadForChange(path, tags);
+    if (!read.Ok()) return {SaveOutcome::Failed, read.Number()};
+    const TagChange change = edit(path, tags);
+    return SaveTags(path, change.V1, change.V2, change.Modes);
+}
+
+Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
+
+Text FailureLine(const TagFailure& failure) {
+    return u"\"" + failure.Path + u"\": " + failure.Reason;
+}
+
+}  // namespace
+
+TagRun::TagRun(std::vector<Text> paths, Edit edit)
+    : paths_(std::move(paths)), edit_(std::move(edit)) {}
+
+bool TagRun::Step() {
+    if (Finished()) return false;
+    const Text& path = paths_[done_];
+    const SaveResult result = ChangeFile(path, edit_);
+    if (result.Outcome == SaveOutcome::Failed)
+        report_.Failures.push_back({path, Text(Describe(result.Error))});
+    else if (result)
+        report_.Written.push_back(done_);
+    else
+        ++report_.Unchanged;
+    ++done_;
+    return !Finished();
+}
+
+void TagRun::Stop() {
+    stopped_ = true;
+    report_.Stopped = done_ < paths_.size();
+}
+
+const Text& TagRun::Current() const {
+    static const Text none;
+    return Finished() ? none : paths_[done_];
+}
+
+Status ReadForChange(TextView path, FileTags& tags) {
+    FirstError errors;
+    tags = ReadFileTags(path, ID3v2Parts::FieldsAndText, errors);
+    return tags.Exists ? errors.Result() : ErrorNumber::FileNotFound;
+}
+
+Text TagFailureText(const std::vector<TagFailure>& failures) {
+    if (failures.empty()) return {};
+    Text text = failures.size() == 1
+                    ? Text(u"The tags of this file could not be saved:")
+                    : u"The tags of " + Count(failures.size()) + u" files could not be saved:";
+    const std::size_t shown = std::min(failures.size(), FailuresInBox);
+    for (std::size_t i = 0; i < shown; ++i) text += u"\n" + FailureLine(failures[i]);
+    if (shown < failures.size()) text += u"\nand " + Count(failures.size() - shown) + u" more.";
+    return text;
+}
+
+Text TagFailureList(const std::vector<TagFailure>& failures) {
+    Text text;
+    for (const TagFailure& failure : failures) text += FailureLine(failure) + u"\n";
+    return text;
+}
+
+Text TagSummaryText(const TagReport& report) {
+    return Count(report.Written.size()) + u" done, " + Count(report.Unchanged) + u" skipped, " +
+           Count(report.Failures.size()) + u" failed";
+}
+
+}  // namespace mdlPLM
