@@ -170,6 +170,7 @@ TEST_F(SortInMemory, CancelEndsTheRunAndHandledFilesStayHandled) {
     SortReport expected = Counts(2);
     expected.Cancelled = true;
     EXPECT_EQ(run->Report(), expected);
+    EXPECT_EQ(run->Progress().Done, 2U);
     EXPECT_EQ(Listed(), (Names{u"2.mp3", u"3.mp3"}));
     EXPECT_EQ(memory_.Files.count(u"/to/3.mp3"), 0U);
 }
@@ -220,6 +221,20 @@ TEST_F(SortInMemory, TheNextRowIsTheOneThatTookTheLastSortedOnesPlace) {
     EXPECT_EQ(run->NextRow(), 1U);
     EXPECT_FALSE(run->Step());
     EXPECT_EQ(Listed(), (Names{u"0.mp3", u"2.mp3", u"4.mp3", u"5.mp3"}));
+    EXPECT_EQ(list_.Path(run->NextRow()), u"/in/4.mp3");
+}
+
+TEST_F(SortInMemory, TheNextRowIsCountedAsIfWhatIsHandledWereGone) {
+    AddFiles(6);
+    list_.SelectNone();
+    list_.Select(1, true);
+    list_.Select(3, true);
+    list_.Select(5, true);
+    const auto run = Start();
+    EXPECT_TRUE(run->Step());
+    EXPECT_TRUE(run->Step());
+    EXPECT_EQ(run->NextRow(), 2U);
+    run->FlushRemovals();
     EXPECT_EQ(list_.Path(run->NextRow()), u"/in/4.mp3");
 }
 
