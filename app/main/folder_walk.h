@@ -9,23 +9,33 @@
 
 namespace mdlPLM {
 
-/// A walk that can be taken a step at a time. Files come before subfolders, level by level, in the
-/// order listed; a folder is visited once (device and inode), so a loop of links ends. Folders that
+/// A walk that can be taken a step at a time. Files come before subfolders, level by level, sorted
+/// by name; a folder is visited once (device and inode), so a loop of links ends. Folders that
 /// cannot be listed are passed over.
 class FolderWalk {
 public:
     /// Files whose name ends in "." & `extension` (letter case ignored) below `folder`.
     FolderWalk(TextView folder, TextView extension);
-    [[nodiscard]] bool Finished() const { return next_ >= folders_.size(); }
-    /// Lists the next folder; appends the paths of its matching files to `paths`.
+    [[nodiscard]] bool Finished() const;
+    /// Lists the next folder; appends the paths of its matching files to `paths`. A folder of many
+    /// thousand items takes several steps.
     void Step(std::vector<Text>& paths);
     [[nodiscard]] std::size_t FoldersSeen() const { return next_; }
 
 private:
+    void OpenNext();
+    void ReadSome();
+    void HandOutSome(std::vector<Text>& paths);
+    [[nodiscard]] bool IsWanted(const FolderItem& item) const;
+
     std::vector<Text> folders_;
     std::size_t next_ = 0;
     Text ending_;
     std::set<std::pair<std::uint64_t, std::uint64_t>> visited_;
+    Text folder_;  ///< the one that is being listed
+    FolderReader reader_;
+    std::vector<FolderItem> items_;  ///< of that folder: the wanted files and its subfolders
+    std::size_t handedOut_ = 0;
 };
 
 enum class DroppedKind { Folder, ListFile, SingleFile, Nothing };

@@ -44,6 +44,28 @@ struct FolderItem {
     bool IsFolder = false;  ///< symbolic links to folders included
 };
 
+/// Sorts by name without regard to letter case, names that differ in nothing else by themselves.
+void SortByName(std::vector<FolderItem>& items);
+
+/// The names in a folder ("." and ".." left out) in no order, some at a time: a folder can hold
+/// more than a window has time for.
+class FolderReader {
+public:
+    FolderReader() = default;
+    ~FolderReader() { Close(); }
+    FolderReader(const FolderReader&) = delete;
+    FolderReader& operator=(const FolderReader&) = delete;
+
+    Status Open(TextView folder);
+    [[nodiscard]] bool IsOpen() const { return folder_ != nullptr; }
+    /// Appends up to `most` further items. Closes itself at the end and at a failure.
+    Status Read(std::size_t most, std::vector<FolderItem>& items);
+    void Close();
+
+private:
+    void* folder_ = nullptr;  ///< the system's handle
+};
+
 /// The names in a folder ("." and ".." left out), sorted by name without regard to letter case so
 /// that a listing is the same on every system. Hidden (dot) names are listed too.
 Status ListFolder(TextView folder, std::vector<FolderItem>& items);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <utility>
 
 #include "core/platform/disk.h"
@@ -28,7 +29,8 @@ bool IsFolderItem(int folder, const dirent& item) {
 
 bool IsDots(BytesView name) { return name == "." || name == ".."; }
 
-// Ordered by name in capitals, equal ones by the name itself: a total order.
+}  // namespace
+
 void SortByName(std::vector<FolderItem>& items) {
     std::vector<std::pair<Text, FolderItem>> keyed;
     keyed.reserve(items.size());
@@ -44,17 +46,32 @@ void SortByName(std::vector<FolderItem>& items) {
                    [](auto& pair) { return std::move(pair.second); });
 }
 
-Status ReadItems(DIR* folder, std::vector<FolderItem>& items) {
-    for (;;) {
+Status FolderReader::Open(TextView folder) {
+    Close();
+    folder_ = ::opendir(posix::SystemPath(folder).c_str());
+    return IsOpen() ? Status() : posix::LastErrorOfNewName();
+}
+
+void FolderReader::Close() {
+    if (IsOpen()) ::closedir(static_cast<DIR*>(folder_));
+    folder_ = nullptr;
+}
+
+Status FolderReader::Read(std::size_t most, std::vector<FolderItem>& items) {
+    auto* const folder = static_cast<DIR*>(folder_);
+    for (; most > 0; --most) {
         errno = 0;
         const dirent* item = ::readdir(folder);
-        if (item == nullptr) return errno == 0 ? Status() : posix::LastError();
+        if (item == nullptr) {
+            const Status status = errno == 0 ? Status() : posix::LastError();
+            Close();
+            return status;
+        }
         if (IsDots(item->d_name)) continue;
         items.push_back({PathFromNative(item->d_name), IsFolderItem(::dirfd(folder), *item)});
     }
+    return {};
 }
-
-}  // namespace
 
 bool FileExists(TextView path) {
     struct stat data {};
@@ -86,10 +103,9 @@ bool IsSameFile(TextView a, TextView b) {
 
 Status ListFolder(TextView folder, std::vector<FolderItem>& items) {
     items.clear();
-    DIR* const open = ::opendir(posix::SystemPath(folder).c_str());
-    if (open == nullptr) return posix::LastErrorOfNewName();
-    const Status status = ReadItems(open, items);
-    ::closedir(open);
+    FolderReader reader;
+    if (const Status status = reader.Open(folder); !status.Ok()) return status;
+    const Status status = reader.Read(std::numeric_limits<std::size_t>::max(), items);
     SortByName(items);
     return status;
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/platform/path.h"
 #include "tests/support/temp_folder.h"
 
@@ -123,6 +125,34 @@ TEST_F(FolderWalking, TheFolderMayComeWithoutItsSeparator) {
     std::vector<Text> paths;
     walk.Step(paths);
     EXPECT_EQ(paths, (Paths{temp_ / u"a/1.mp3"}));
+}
+
+TEST_F(FolderWalking, AFolderWhoseNameEndsInABackslashIsWalked) {
+    Files({u"odd\\/1.mp3", u"odd\\/deep\\/2.mp3"});
+    FolderWalk walk(temp_ / u"odd\\", u"mp3");
+    std::vector<Text> paths;
+    while (!walk.Finished()) walk.Step(paths);
+    EXPECT_EQ(paths, (Paths{temp_ / u"odd\\/1.mp3", temp_ / u"odd\\/deep\\/2.mp3"}));
+}
+
+TEST_F(FolderWalking, AFolderOfThousandsTakesSeveralStepsAndKeepsItsOrder) {
+    constexpr std::size_t Count = 9000;
+    for (std::size_t i = 0; i < Count; ++i) {
+        Files({NumberText(static_cast<long long>(i * 7919 % Count + 10000)) + u".mp3"});
+    }
+    Files({u"folder/last.mp3", u"no song.txt"});
+    FolderWalk walk(temp_.Path(), u"mp3");
+    std::vector<Text> paths;
+    std::size_t steps = 0;
+    for (std::size_t before = 0; !walk.Finished(); ++steps, before = paths.size()) {
+        walk.Step(paths);
+        EXPECT_LE(paths.size() - before, 5000U);
+    }
+    EXPECT_GE(steps, 5U);
+    ASSERT_EQ(paths.size(), Count + 1);
+    EXPECT_TRUE(std::is_sorted(paths.begin(), paths.end() - 1));
+    EXPECT_EQ(paths.back(), temp_ / u"folder/last.mp3");
+    EXPECT_EQ(walk.FoldersSeen(), 2U);
 }
 
 TEST_F(FolderWalking, DroppedItemsAreToldApart) {
