@@ -32,7 +32,7 @@ Text frmEdit::FixedName() const { return FromQt(ui_->txtFixedName->text()); }
 bool frmEdit::eventFilter(QObject* watched, QEvent* event) {
     // Afterwards, because the click that gives the focus also sets the cursor.
     if (watched == ui_->txtReplace && event->type() == QEvent::FocusIn)
-        QMetaObject::invokeMethod(this, &frmEdit::txtReplace_GotFocus, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "txtReplace_GotFocus", Qt::QueuedConnection);
     return QDialog::eventFilter(watched, event);
 }
 

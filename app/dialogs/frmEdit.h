@@ -33,7 +33,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void txtReplace_GotFocus();
+    Q_INVOKABLE void txtReplace_GotFocus();
     void cmdReplace_Click();
 
     std::unique_ptr<Ui::frmEdit> ui_;

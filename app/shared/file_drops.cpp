@@ -3,6 +3,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QWidget>
+#include <utility>
 
 #include "app/shared/uri_list.h"
 
@@ -20,6 +21,8 @@ std::vector<Text> PathsOf(const QDropEvent& event) {
 FileDrops::FileDrops(QWidget* target, Take take) : QObject(target), take_(std::move(take)) {
     target->setAcceptDrops(true);
     target->installEventFilter(this);
+    later_.setSingleShot(true);
+    connect(&later_, &QTimer::timeout, this, &FileDrops::HandOver);
 }
 
 bool FileDrops::eventFilter(QObject* watched, QEvent* event) {
@@ -45,12 +48,17 @@ void FileDrops::OfferCopy(QDropEvent& event) const {
 }
 
 void FileDrops::Drop(QDropEvent& event) {
-    std::vector<Text> paths = PathsOf(event);
+    const std::vector<Text> paths = PathsOf(event);
     event.setDropAction(Qt::CopyAction);
     event.setAccepted(!paths.empty());
     if (paths.empty()) return;
-    QMetaObject::invokeMethod(
-        this, [this, taken = std::move(paths)] { take_(taken); }, Qt::QueuedConnection);
+    dropped_.insert(dropped_.end(), paths.begin(), paths.end());
+    later_.start(0);
+}
+
+void FileDrops::HandOver() {
+    // Emptied first: what takes the files may wait in a message box while more are dropped.
+    take_(std::exchange(dropped_, {}));
 }
 
 }  // namespace mdlPLM

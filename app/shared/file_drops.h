@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <functional>
 #include <vector>
 
@@ -24,7 +25,10 @@ public:
 private:
     void OfferCopy(QDropEvent& event) const;
     void Drop(QDropEvent& event);
+    void HandOver();
     Take take_;
+    std::vector<Text> dropped_;
+    QTimer later_;
     bool carriesFiles_ = false;
 };
 

@@ -13,7 +13,7 @@ namespace mdlPLM {
 
 namespace {
 
-constexpr std::size_t MostLines = 12;
+constexpr long long MostLines = 12;
 
 struct BoxLook {
     QMessageBox::Icon Icon;
@@ -62,13 +62,13 @@ QMessageBox::StandardButton ShowBox(const Message& message, const BoxLook& look)
 }  // namespace
 
 BoxText FitIntoBox(TextView text) {
-    std::size_t lines = 1;
+    long long lines = 1;
     std::size_t cut = 0;
     for (std::size_t end = text.find(u'\n'); end != TextView::npos; end = text.find(u'\n', end + 1))
         if (++lines == MostLines) cut = end + 1;
     if (lines <= MostLines) return {Text(text), {}};
-    const auto more = static_cast<long long>(lines - MostLines + 1);
-    return {Text(text.substr(0, cut)) + u"\u2026 " + NumberText(more) + u" more lines", Text(text)};
+    const Text more = NumberText(lines - MostLines + 1);
+    return {Text(text.substr(0, cut)) + u"\u2026 " + more + u" more lines", Text(text)};
 }
 
 Answer QtPrompts::AskYesNo(const Message& question) {

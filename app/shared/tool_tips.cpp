@@ -1,6 +1,7 @@
 #include "app/shared/tool_tips.h"
 
 #include <QHelpEvent>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QWidget>
 
