@@ -1,3 +1,76 @@
 // Picks batch mode or window; nothing else.
 
-int main() { return 0; }
+#include <QApplication>
+#include <cstdlib>
+#include <iostream>
+
+#include "app/main/frmPLM.h"
+#include "app/main/start_up.h"
+#include "app/shared/icons.h"
+#include "app/shared/message_boxes.h"
+#include "app/shared/qt_file_dialogs.h"
+#include "app/shared/tool_tips.h"
+#include "core/platform/path.h"
+#include "core/text/code_page.h"
+
+using namespace mdlPLM;
+
+namespace {
+
+/// The toolkit aborts when it cannot reach the display. That is the user's to mend, so it is said.
+void OnToolkitMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
+    if (type != QtFatalMsg) return;
+    std::cerr << '\n' << ToUtf8(NoDisplayText()) << std::flush;
+    std::_Exit(2);
+}
+
+/// Everything that needs the window system, made when it is first needed.
+class WindowSystem {
+public:
+    explicit WindowSystem(char* programName) : arguments_{programName, nullptr} {
+        QApplication::setApplicationName(QStringLiteral("Pellmore"));
+        QApplication::setDesktopFileName(QStringLiteral("pellmore"));
+        const QtMessageHandler before = qInstallMessageHandler(OnToolkitMessage);
+        application_ = std::make_unique<QApplication>(count_, arguments_);
+        qInstallMessageHandler(before);
+        QApplication::setWindowIcon(Icon(IconName::Program));
+        application_->installEventFilter(&toolTips_);
+    }
+
+    int OpenWindow(StartData& data, const std::vector<Text>& listPaths) {
+        SystemDisk disk;
+        QtPrompts prompts;
+        QtFileDialogs dialogs;
+        AppContext context{data.Values, data.Replacements, data.Store,         disk, prompts,
+                           dialogs,     data.ListsFolder,  data.ProgramFolder, false};
+        frmPLM window(context);
+        window.show();
+        if (!listPaths.empty()) window.AddPaths(listPaths);
+        return QApplication::exec();
+    }
+
+private:
+    int count_ = 1;  // what is named on the command line is ours, never the toolkit's
+    char* arguments_[2];
+    ToolTipWrapper toolTips_;
+    std::unique_ptr<QApplication> application_;
+};
+
+const char* Variable(const char* name) { return std::getenv(name); }
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    std::vector<Text> given;
+    for (int i = 1; i < count; ++i) given.push_back(PathFromNative(arguments[i]));
+    const auto askInBox = [arguments](const Message& question) {
+        const WindowSystem windows(arguments[0]);
+        return QtPrompts().AskText(question);
+    };
+    const auto openWindow = [arguments](StartData& data, const std::vector<Text>& listPaths) {
+        return WindowSystem(arguments[0]).OpenWindow(data, listPaths);
+    };
+    return RunProgram(given, {std::cin, std::cout, std::cerr, SystemFolders(), HasDisplay(Variable),
+                              askInBox, openWindow});
+}
