@@ -1,7 +1,7 @@
 # The player is a library of its own, loaded at the first play: it costs nothing at start-up, and
 # the program runs where Qt Multimedia is missing. Without Qt Multimedia at build time it is left
 # out, and the program says so when something is to be played.
-set(PLM_PLAYER_FOLDER lib/pellmore)
+set(PLM_PLAYER_FOLDER lib/pellmore/plugins)
 target_compile_definitions(plm_forms PRIVATE PLM_PLAYER_FOLDER="../${PLM_PLAYER_FOLDER}")
 
 find_package(Qt6 6.4 QUIET COMPONENTS Multimedia)

@@ -5,3 +5,4 @@ RUN_PACKAGES="qt6-qpa-plugins libqt6svg6 qt6-wayland fonts-dejavu-core"
 # Playing: without GStreamer's base and good plug-ins Qt's sound system ends the program.
 RUN_PACKAGES="$RUN_PACKAGES libqt6multimedia6 gstreamer1.0-plugins-base gstreamer1.0-plugins-good"
 TEST_PACKAGES="libgtest-dev python3 lame ffmpeg id3v2 eyed3 attr"
+PACKAGE_PACKAGES="dpkg-dev file lintian appstream desktop-file-utils man-db"

@@ -1,0 +1,32 @@
+# "cmake --install": the program and what a desktop wants of it, in the usual places.
+include(GNUInstallDirs)
+set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+
+install(TARGETS pellmore RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+if(TARGET pellmore-player)
+    install(TARGETS pellmore-player LIBRARY DESTINATION ${PLM_PLAYER_FOLDER})
+endif()
+
+# Found beside the program in a build folder, and as ../share/pellmore/plm.txt when installed.
+configure_file(plm.txt ${PROJECT_BINARY_DIR}/plm.txt COPYONLY)
+install(FILES plm.txt DESTINATION ${CMAKE_INSTALL_DATADIR}/pellmore)
+
+install(FILES ${packaging}/pellmore.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${packaging}/org.pellmore.Pellmore.metainfo.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+set(icon_folder ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES app/shared/icons/pellmore.svg DESTINATION ${icon_folder}/scalable/apps)
+foreach(size 16 22 24 32 48 64 128 256 512)
+    install(FILES ${packaging}/icons/pellmore-${size}.png RENAME pellmore.png
+            DESTINATION ${icon_folder}/${size}x${size}/apps)
+endforeach()
+
+function(install_compressed source name destination)
+    set(compressed ${PROJECT_BINARY_DIR}/${name}.gz)
+    add_custom_command(OUTPUT ${compressed} DEPENDS ${source}
+                       COMMAND gzip -9nc ${source} > ${compressed} VERBATIM)
+    add_custom_target(compressed-${name} ALL DEPENDS ${compressed})
+    add_dependencies(pellmore compressed-${name})
+    install(FILES ${compressed} DESTINATION ${destination})
+endfunction()
+install_compressed(${packaging}/pellmore.1 pellmore.1 ${CMAKE_INSTALL_MANDIR}/man1)
