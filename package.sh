@@ -11,8 +11,10 @@ plm_install $BUILD_PACKAGES $RUN_PACKAGES $PACKAGE_PACKAGES
 
 desktop-file-validate packaging/pellmore.desktop
 appstreamcli validate --no-net --no-color packaging/org.pellmore.Pellmore.metainfo.xml
-faults=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z packaging/pellmore.1 2>&1 >/dev/null)
-[ -z "$faults" ] || { printf '%s\n' "$faults" >&2; exit 1; }
+for page in packaging/*.1; do
+    faults=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$page" 2>&1 >/dev/null)
+    [ -z "$faults" ] || { printf '%s: %s\n' "$page" "$faults" >&2; exit 1; }
+done
 
 cmake --preset package
 cmake --build --preset package
