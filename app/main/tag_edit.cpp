@@ -12,6 +12,13 @@ namespace {
 
 constexpr int LastTrack = 255;
 
+// A line ends here for some program or other, or the text does.
+constexpr TextView NeverEntered{u"\0\r\n\u2028\u2029", 5};
+
+constexpr Pos V1TextWidth = 30;
+constexpr Pos V1YearWidth = 4;
+constexpr Pos V1CommentBesideTrack = 28;
+
 const KnownFrame& FrameOf(const TagBoxRow& row) {
     return *std::find_if(KnownFrames.begin(), KnownFrames.end(),
                          [&](const KnownFrame& frame) { return frame.Identifier == row.Frame; });
@@ -112,6 +119,33 @@ TagBoxes ShowBoxes(const FileTags& tags, bool optimized) {
         if (row.Version == TagVersion::V2)
             boxes.*row.Value = FromCodePage(tags.V2.*FrameOf(row).Field);
     return boxes;
+}
+
+void CopyBoxesFromV1(TagBoxes& boxes) {
+    boxes.chkID3v2 = true;
+    boxes.txtV2Title = boxes.txtTitle;
+    boxes.txtV2Artist = boxes.txtArtist;
+    boxes.txtV2Album = boxes.txtAlbum;
+    boxes.txtV2Year = boxes.txtYear;
+    boxes.cmbV2Genre = boxes.cmbGenre;
+    boxes.txtV2Track = boxes.txtTrackNr;
+    boxes.txtV2Comments = boxes.txtComments;
+}
+
+void CopyBoxesToV1(TagBoxes& boxes) {
+    boxes.chkID3v1 = true;
+    boxes.txtTitle = Left(boxes.txtV2Title, V1TextWidth);
+    boxes.txtArtist = Left(boxes.txtV2Artist, V1TextWidth);
+    boxes.txtAlbum = Left(boxes.txtV2Album, V1TextWidth);
+    boxes.txtYear = Left(boxes.txtV2Year, V1YearWidth);
+    boxes.cmbGenre = boxes.cmbV2Genre;
+    boxes.txtTrackNr = boxes.txtV2Track;
+    boxes.txtComments = Left(boxes.txtV2Comments, V1CommentBesideTrack);
+}
+
+Text TextForBox(TextView text, TextView allowed) {
+    Text taken = RemoveChars(text, NeverEntered, RemoveMode::Remove);
+    return allowed.empty() ? taken : RemoveChars(taken, allowed, RemoveMode::KeepOnly);
 }
 
 BoxChanges ChangesBetween(const TagBoxes& shown, const TagBoxes& now) {

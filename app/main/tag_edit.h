@@ -16,6 +16,15 @@ using BoxChanges = std::array<std::optional<Text>, TagBoxCount>;
 /// The boxes of a file: its texts, and the check boxes of the tags that it has.
 TagBoxes ShowBoxes(const FileTags& tags, bool optimized);
 
+/// The fields of one version put into the boxes of the other, which is ticked. The ID3v1 texts are
+/// cut to their fields.
+void CopyBoxesFromV1(TagBoxes& boxes);
+void CopyBoxesToV1(TagBoxes& boxes);
+
+/// A text as a box takes it: without line breaks and NULs, and of `allowed` characters only unless
+/// that is empty.
+Text TextForBox(TextView text, TextView allowed);
+
 /// What differs between the boxes as they were shown and as they are.
 BoxChanges ChangesBetween(const TagBoxes& shown, const TagBoxes& now);
 

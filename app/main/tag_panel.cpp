@@ -12,13 +12,6 @@ namespace mdlPLM {
 
 namespace {
 
-// A line ends here for some program or other, or the text does.
-constexpr TextView NeverEntered{u"\0\r\n\u2028\u2029", 5};
-
-constexpr Pos V1TextWidth = 30;
-constexpr Pos V1YearWidth = 4;
-constexpr Pos V1CommentBesideTrack = 28;
-
 bool IsSameFile(const FileTags& a, const FileTags& b) {
     return a.FileSize == b.FileSize && RenderID3v1(a.V1) == RenderID3v1(b.V1) &&
            a.V1.Present() == b.V1.Present() && a.V2Length == b.V2Length &&
@@ -79,9 +72,7 @@ bool TagPanel::IsEdited() const {
 
 const Text& TagPanel::Enter(TagBox box, TextView text) {
     Text& held = boxes_.*RowOf(box).Value;
-    Text taken = RemoveChars(text, NeverEntered, RemoveMode::Remove);
-    const TextView allowed = AllowedCharacters(box);
-    if (!allowed.empty()) taken = RemoveChars(taken, allowed, RemoveMode::KeepOnly);
+    const Text taken = TextForBox(text, AllowedCharacters(box));
     held = Left(taken, std::max(Pos{Limit(box)}, static_cast<Pos>(held.size())));
     return held;
 }
@@ -109,26 +100,12 @@ void TagPanel::TickID3v2(bool on) {
 }
 
 void TagPanel::CopyFromV1() {
-    boxes_.chkID3v2 = true;
-    boxes_.txtV2Title = boxes_.txtTitle;
-    boxes_.txtV2Artist = boxes_.txtArtist;
-    boxes_.txtV2Album = boxes_.txtAlbum;
-    boxes_.txtV2Year = boxes_.txtYear;
-    boxes_.cmbV2Genre = boxes_.cmbGenre;
-    boxes_.txtV2Track = boxes_.txtTrackNr;
-    boxes_.txtV2Comments = boxes_.txtComments;
+    CopyBoxesFromV1(boxes_);
     canCopyToV1_ = true;
 }
 
 void TagPanel::CopyToV1() {
-    boxes_.chkID3v1 = true;
-    boxes_.txtTitle = Left(boxes_.txtV2Title, V1TextWidth);
-    boxes_.txtArtist = Left(boxes_.txtV2Artist, V1TextWidth);
-    boxes_.txtAlbum = Left(boxes_.txtV2Album, V1TextWidth);
-    boxes_.txtYear = Left(boxes_.txtV2Year, V1YearWidth);
-    boxes_.cmbGenre = boxes_.cmbV2Genre;
-    boxes_.txtTrackNr = boxes_.txtV2Track;
-    boxes_.txtComments = Left(boxes_.txtV2Comments, V1CommentBesideTrack);
+    CopyBoxesToV1(boxes_);
     canCopyFromV1_ = true;
 }
 

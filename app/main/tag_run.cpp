@@ -21,14 +21,6 @@ private:
     Status status_;
 };
 
-SaveResult ChangeFile(TextView path, const TagRun::Edit& edit) {
-    FileTags tags;
-    const Status read = ReadForChange(path, tags);
-    if (!read.Ok()) return {SaveOutcome::Failed, read.Number()};
-    const TagChange change = edit(path, tags);
-    return SaveTags(path, change.V1, change.V2, change.Modes);
-}
-
 Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
 
 Text FailureLine(const TagFailure& failure) {
@@ -40,10 +32,19 @@ Text FailureLine(const TagFailure& failure) {
 TagRun::TagRun(std::vector<Text> paths, Edit edit)
     : paths_(std::move(paths)), edit_(std::move(edit)) {}
 
+SaveResult TagRun::ChangeFile(TextView path) {
+    FileTags tags;
+    const Status read = ReadForChange(path, tags);
+    if (!read.Ok()) return {SaveOutcome::Failed, read.Number()};
+    const TagChange change = edit_(path, tags);
+    return writer_ == nullptr ? SaveTags(path, change.V1, change.V2, change.Modes)
+                              : writer_->Save(path, change.V1, change.V2, change.Modes);
+}
+
 bool TagRun::Step() {
     if (Finished()) return false;
     const Text& path = paths_[done_];
-    const SaveResult result = ChangeFile(path, edit_);
+    const SaveResult result = ChangeFile(path);
     if (result.Outcome == SaveOutcome::Failed)
         report_.Failures.push_back({path, Text(Describe(result.Error))});
     else if (result)

@@ -35,6 +35,8 @@ public:
     using Edit = std::function<TagChange(TextView path, const FileTags& tags)>;
 
     TagRun(std::vector<Text> paths, Edit edit);
+    /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
+    void WriteThrough(TagWriter& writer) { writer_ = &writer; }
 
     /// Handles the next file; false when the run is finished.
     bool Step();
@@ -48,8 +50,11 @@ public:
     [[nodiscard]] const TagReport& Report() const { return report_; }
 
 private:
+    SaveResult ChangeFile(TextView path);
+
     std::vector<Text> paths_;
     Edit edit_;
+    TagWriter* writer_ = nullptr;  // none: into the files
     std::size_t done_ = 0;
     bool stopped_ = false;
     TagReport report_;
