@@ -79,21 +79,29 @@ class V1Edit {
 public:
     V1Edit(const ID3v1Tag& old, V1Style style) : old_(old), style_(style) {}
 
-    void TakeField(ID3v1Tag& tag, Bytes ID3v1Tag::*field, bool changed, int shownNuls = 1) const {
-        const bool keeps = style_.Unchanged == UnchangedFields::KeepBytes ||
-                           HasHiddenBytes(old_.*field, shownNuls);
-        if (!changed && keeps) tag.*field = old_.*field;
+    void TakePair(ID3v1Tag& tag, const FieldPair& pair, const BoxChanges& changes) const {
+        const bool keepsText = Keeps(pair.Text, IsChanged(changes, pair.TextBox), 1);
+        const bool keepsCarrier =
+            Keeps(pair.Carrier, IsChanged(changes, pair.CarrierBox), style_.Optimized ? 2 : 1);
+        const bool changed =
+            IsChanged(changes, pair.TextBox) || IsChanged(changes, pair.CarrierBox);
+        // Sharing their texts, they stay together or are laid out together.
+        const bool together = style_.Optimized;
+        const bool keepsBoth = !changed && (keepsText || keepsCarrier);
+        if (together ? keepsBoth : keepsText) tag.*pair.Text = old_.*pair.Text;
+        if (together ? keepsBoth : keepsCarrier) tag.*pair.Carrier = old_.*pair.Carrier;
     }
 
-    void TakePair(ID3v1Tag& tag, const FieldPair& pair, const BoxChanges& changes) const {
-        bool text = IsChanged(changes, pair.TextBox);
-        bool carrier = IsChanged(changes, pair.CarrierBox);
-        if (style_.Optimized) text = carrier = text || carrier;
-        TakeField(tag, pair.Text, text);
-        TakeField(tag, pair.Carrier, carrier, style_.Optimized ? 2 : 1);
+    void TakeYear(ID3v1Tag& tag, const BoxChanges& changes) const {
+        if (Keeps(&ID3v1Tag::Year, IsChanged(changes, TagBox::txtYear), 1)) tag.Year = old_.Year;
     }
 
 private:
+    [[nodiscard]] bool Keeps(Bytes ID3v1Tag::*field, bool changed, int shownNuls) const {
+        return !changed && (style_.Unchanged == UnchangedFields::KeepBytes ||
+                            HasHiddenBytes(old_.*field, shownNuls));
+    }
+
     const ID3v1Tag& old_;
     V1Style style_;
 };
@@ -167,7 +175,7 @@ ID3v1Tag EditedV1(const ID3v1Tag& old, const BoxChanges& changes, V1Style style)
     LayOutID3v1(tag, EditedTexts(old, changes, style.Optimized), style.Optimized);
     const V1Edit edit(old, style);
     for (const FieldPair& pair : Pairs) edit.TakePair(tag, pair, changes);
-    edit.TakeField(tag, &ID3v1Tag::Year, IsChanged(changes, TagBox::txtYear));
+    edit.TakeYear(tag, changes);
     const std::optional<Text>& track = changes[IndexOf(TagBox::txtTrackNr)];
     const std::optional<Text>& genre = changes[IndexOf(TagBox::cmbGenre)];
     tag.Track = track ? TrackByte(*track) : old.Track;

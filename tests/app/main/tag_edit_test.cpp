@@ -155,6 +155,15 @@ TEST(EditedV1, BytesThatNoBoxShowsAreKept) {
     EXPECT_EQ(EditedV1(old, Change(TagBox::txtComments, u"New"), Anew).Comment, Padded("New"));
 }
 
+TEST(EditedV1, FieldsThatShareATextAreKeptTogether) {
+    ID3v1Tag old = BlankPadded();
+    old.Comment = Padded("Note" + Nul + "more" + Nul + "hidden");
+    const ID3v1Tag saved = EditedV1(old, {}, {true, UnchangedFields::LayOutAnew});
+    EXPECT_EQ(saved.Comment, old.Comment);
+    EXPECT_EQ(saved.Title, old.Title);
+    EXPECT_EQ(saved.Artist, Padded("Old artist"));
+}
+
 TEST(EditedV1, ANewTitleGoesOnBehindTheFilesOwnComment) {
     const ID3v1Tag saved = EditedV1(BlankPadded(), Change(TagBox::txtTitle, Long45), KeepOptimized);
     EXPECT_EQ(saved.Title, "abcdefghijklmnopqrstuvwxyz0123");
