@@ -5,6 +5,7 @@
 #include "core/tags/id3v2_writer.h"
 #include "core/text/code_page.h"
 #include "tests/support/error_numbers.h"
+#include "tests/support/real_mp3.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tools.h"
@@ -731,7 +732,7 @@ TEST_F(Panel, AFixRunKeepsTheSettingsItBeganWith) {
 }
 
 TEST_F(Panel, ARealFileIsReadByAnotherProgramAfterABatchSave) {
-    const Text path = Make(u"real.mp3", test::RealMp3());
+    const Text path = Make(u"real.mp3", EncodedMp3());
     const Bytes before = test::DecodedSamples(path);
     panel_.ShowBatch();
     panel_.Enter(TagBox::txtAlbum, u"An album");

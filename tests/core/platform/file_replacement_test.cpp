@@ -46,7 +46,7 @@ TEST_F(Replacement, TakesNewBytesAndPiecesOfTheOldFile) {
 
 TEST_F(Replacement, LargeFilesAreCarriedOverWhole) {
     Bytes large;
-    for (int i = 0; i < 700'000; ++i) large += static_cast<char>(i * i >> 7) + Bytes("abcd");
+    for (unsigned i = 0; i < 700'000; ++i) large += static_cast<char>(i * i >> 7U) + Bytes("abcd");
     WriteFile(path_, large);
     Begin(path_);
     EXPECT_TRUE(replacement_.Append("x").Ok());

@@ -6,6 +6,7 @@
 #include "core/tags/genres.h"
 #include "core/tags/save_tags.h"
 #include "tests/support/error_numbers.h"
+#include "tests/support/real_mp3.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tools.h"
@@ -51,7 +52,7 @@ protected:
     SaveResult Save(SaveModes modes) { return SaveTags(path_, SampleV1(), SampleV2(), modes); }
 
     TempFolder folder_;
-    Text path_ = folder_.File(u"song.mp3", test::RealMp3());
+    Text path_ = folder_.File(u"song.mp3", EncodedMp3());
     Bytes native_ = NativePath(path_);
 };
 
@@ -111,9 +112,9 @@ TEST_F(RealFile, RemovingOnlyTheTrailerDoesNotTouchTheMusic) {
 
 TEST_F(RealFile, RemovingATagOfTrueLengthDoesNotTouchTheMusic) {
     (void)OutputOf({"id3v2", "-2", "-t", "A title", "-a", "An artist", native_});
-    ASSERT_NE(ReadFile(path_), test::RealMp3());
+    ASSERT_NE(ReadFile(path_), EncodedMp3());
     ASSERT_TRUE(Save({Leave, Remove}));
-    EXPECT_TRUE(ReadFile(path_) == test::RealMp3());
+    EXPECT_TRUE(ReadFile(path_) == EncodedMp3());
 }
 
 TEST_F(RealFile, TagsOfOtherProgramsAreRead) {
