@@ -103,11 +103,11 @@ void frmOptions::SaveReplacementList() {
     context_.Replacements = editor_.Finish(entered_);
     const Status saved = SaveReplacements(context_.ListsFolder, context_.Replacements);
     if (saved.Ok()) return;
-    context_.Ask.Critical(
-        {{},
-         u"The replacement list could not be saved. It holds until the program ends." + Text(CrLf) +
-             ErrorMessage(saved.Number()),
-         JoinPath(context_.ListsFolder, u"replaces.txt")});
+    const QString what =
+        tr("The replacement list could not be saved. It holds until the program ends.");
+    context_.Ask.Critical({{},
+                           FromQt(what).append(CrLf).append(ErrorMessage(saved.Number())),
+                           JoinPath(context_.ListsFolder, ReplacesFile)});
 }
 
 void frmOptions::cmdOK_Click() {

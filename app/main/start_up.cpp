@@ -34,7 +34,10 @@ private:
     std::optional<Text> AskLine(const Message& question) {
         surroundings_.Out << ToUtf8(question.Body) << std::flush;
         Bytes line;
-        if (!std::getline(surroundings_.In, line)) return std::nullopt;
+        if (!std::getline(surroundings_.In, line)) {
+            surroundings_.Out << '\n';
+            return std::nullopt;
+        }
         if (!line.empty() && line.back() == '\r') line.pop_back();
         return FromUtf8(line);
     }

@@ -67,8 +67,8 @@ BoxText FitIntoBox(TextView text) {
     for (std::size_t end = text.find(u'\n'); end != TextView::npos; end = text.find(u'\n', end + 1))
         if (++lines == MostLines) cut = end + 1;
     if (lines <= MostLines) return {Text(text), {}};
-    const Text more = NumberText(lines - MostLines + 1);
-    return {Text(text.substr(0, cut)) + u"\u2026 " + more + u" more lines", Text(text)};
+    const QString more = QCoreApplication::translate("QtPrompts", "\u2026 %1 more lines");
+    return {Text(text.substr(0, cut)) + FromQt(more.arg(lines - MostLines + 1)), Text(text)};
 }
 
 Answer QtPrompts::AskYesNo(const Message& question) {

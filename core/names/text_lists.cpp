@@ -11,7 +11,6 @@ namespace mdlPLM {
 
 namespace {
 
-constexpr TextView ReplacesFile = u"replaces.txt";
 constexpr TextView InPatternFile = u"inpattern.txt";
 constexpr TextView OutPatternFile = u"outpattern.txt";
 

@@ -8,6 +8,8 @@
 
 namespace mdlPLM {
 
+inline constexpr TextView ReplacesFile = u"replaces.txt";
+
 /// Lines of a text whose lines end in CR LF, LF or CR; a last line without an end counts.
 std::vector<Text> SplitLines(TextView text);
 

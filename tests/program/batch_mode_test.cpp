@@ -93,7 +93,7 @@ TEST_F(BatchMode, AsksForTheExtensionAtTheTerminal) {
 TEST_F(BatchMode, WithoutAnAnswerNothingIsRenamed) {
     const ProgramResult result = Program.Run({"+ext="}, {Song(u"a b.mp3")});
     EXPECT_EQ(result.Status, 2);
-    EXPECT_EQ(result.Out, AskedAtTerminal);
+    EXPECT_EQ(result.Out, Bytes(AskedAtTerminal) + "\n");
     EXPECT_EQ(result.Errors, "pellmore: there is no extension to give.\n");
     EXPECT_EQ(Names(), std::vector<Bytes>{"a b.mp3"});
 }
