@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/program/installed_program.h"
+#include "tests/support/real_mp3.h"
 #include "tests/support/tools.h"
 
 using namespace mdlPLM;
@@ -17,7 +18,7 @@ struct BatchMode : testing::Test {
 
     /// A file by a real encoder, with the tags that other programs write into it.
     Text Song(TextView name, const std::vector<Bytes>& tagger = {}) {
-        Text path = Music.File(name, RealMp3());
+        Text path = Music.File(name, EncodedMp3());
         if (tagger.empty()) return path;
         std::vector<Bytes> command = tagger;
         command.push_back(NativePath(path));
@@ -105,7 +106,7 @@ TEST_F(BatchMode, AFileThatCannotBeRenamedIsSkippedSilently) {
     ExpectSilent(Program.Run({"+ext=ogg"}, {Music / u"missing.mp3", taken, good}), 1);
     EXPECT_EQ(Names(), (std::vector<Bytes>{"a.ogg", "b.mp3", "b.ogg"}));
     EXPECT_EQ(ReadFile(Music / u"b.ogg"), "stays");
-    EXPECT_EQ(ReadFile(taken), RealMp3());
+    EXPECT_EQ(ReadFile(taken), EncodedMp3());
 }
 
 TEST_F(BatchMode, AFileThatHasItsNameAlreadyIsDone) {
