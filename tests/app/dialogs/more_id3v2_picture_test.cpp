@@ -100,7 +100,8 @@ TEST(PicturesIn, SizesThatCannotBeAreNotBelieved) {
          {"\xFF\xFF\xFF\xFF"s, "\x7F\x7F\x7F\x7F"s, "\x80\0\0\0"s, "\0\0\x7F\xFF"s}) {
         const Bytes hostile = Bytes("APIC").append(size).append(2, '\0') + FrontCover + "x";
         EXPECT_TRUE(PicturesIn(hostile).empty());
-        const auto pictures = PicturesIn(hostile + Picture(33, SizeForm::Plain));
+        const Bytes text = hostile + Picture(33, SizeForm::Plain);
+        const auto pictures = PicturesIn(text);
         ASSERT_EQ(pictures.size(), 1U);
         EXPECT_EQ(pictures[0].Data, Data(33));
     }
