@@ -35,6 +35,10 @@ frmMoreID3v2::frmMoreID3v2(const MoreID3v2Context& context, QWidget* parent)
     Form_Load();
     connect(ui_->lstID3v2Tags, &QListWidget::itemSelectionChanged, this,
             &frmMoreID3v2::lstID3v2Tags_Click);
+    // A click on the selected frame shows it again after its text was typed over.
+    connect(ui_->lstID3v2Tags, &QListWidget::itemClicked, this, [this] {
+        if (BoxText() != content_.Shown()) lstID3v2Tags_Click();
+    });
     connect(ui_->cmdAdd, &QPushButton::clicked, this, &frmMoreID3v2::cmdAdd_Click);
     connect(ui_->cmdRemove, &QPushButton::clicked, this, &frmMoreID3v2::cmdRemove_Click);
     connect(ui_->cmdRemoveAll, &QPushButton::clicked, this, &frmMoreID3v2::cmdRemoveAll_Click);

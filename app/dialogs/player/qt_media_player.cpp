@@ -10,8 +10,11 @@ namespace mdlPLM {
 
 Status MusicStream::Open(TextView path) {
     const Status opened = file_.Open(path, File::Mode::Read);
-    if (opened.Ok()) open(QIODevice::ReadOnly | QIODevice::Unbuffered);
-    return opened;
+    if (!opened.Ok()) return opened;
+    // Nothing would ever be asked of an empty one, nor its end be noticed.
+    if (file_.Size() == 0) return ErrorNumber::InputPastEnd;
+    open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    return {};
 }
 
 qint64 MusicStream::readData(char* data, qint64 most) {

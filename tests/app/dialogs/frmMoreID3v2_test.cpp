@@ -161,6 +161,9 @@ void frmMoreID3v2_test::clickingAFrameShowsItsContent() {
     QCOMPARE(The<QPlainTextEdit>("txtTagContent").toPlainText(), QStringLiteral("hår\nag"));
     Select(0);
     QCOMPARE(The<QPlainTextEdit>("txtTagContent").toPlainText(), QStringLiteral("1234"));
+    The<QPlainTextEdit>("txtTagContent").setPlainText(QStringLiteral("typed over"));
+    Select(0);
+    QCOMPARE(The<QPlainTextEdit>("txtTagContent").toPlainText(), QStringLiteral("1234"));
     QTest::keyClick(&The<QListWidget>("lstID3v2Tags"), Qt::Key_Down);
     QCOMPARE(The<QPlainTextEdit>("txtTagContent").toPlainText(), QStringLiteral("hår\nag"));
 }

@@ -52,7 +52,7 @@ private slots:
     void aNameInNoEncodingIsPlayed();
     void anotherFileTakesThePlaceOfTheFirst();
     void aFileWithoutMusicSaysWhyOnceAndDoesNotHoldTheWindow();
-    void aFileThatHasGoneSaysWhy();
+    void aFileThatCannotBeReadSaysWhy();
 
 private:
     TempFolder folder_;
@@ -153,12 +153,17 @@ void qt_player_test::aFileWithoutMusicSaysWhyOnceAndDoesNotHoldTheWindow() {
     QTRY_VERIFY(!IsHeldOpen(path));
 }
 
-void qt_player_test::aFileThatHasGoneSaysWhy() {
+void qt_player_test::aFileThatCannotBeReadSaysWhy() {
     player_->Play(folder_ / u"gone.mp3");
-    QTRY_COMPARE(faults_.size(), 1);
     player_->Play(folder_ / u"g\xDCF6ne.mp3");
-    QTRY_COMPARE(faults_.size(), 2);
+    player_->Play(folder_.File(u"empty.mp3"));
+    player_->Play(folder_.Folder(u"folder.mp3"));
+    QCOMPARE(faults_.size(), 4);
+    QVERIFY(faults_[0].endsWith(QStringLiteral("gone.mp3\" cannot be played: File not found")));
+    QVERIFY(faults_[2].endsWith(
+        QStringLiteral("empty.mp3\" cannot be played: Input past end of file")));
     QVERIFY(player_->FileName().empty());
+    QVERIFY(started_.isEmpty());
 }
 
 QTEST_MAIN(qt_player_test)
