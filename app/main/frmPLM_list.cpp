@@ -41,6 +41,8 @@ void frmPLM::SetUpLists() {
         QItemSelectionModel* own = view->selectionModel();
         view->setSelectionModel(&selection_);
         delete own;
+        connect(&selection_, &FileSelection::Changed, view->viewport(),
+                qOverload<>(&QWidget::update));
         new FileDrops(view->viewport(),
                       [this](std::vector<Text> paths) { AddPaths(std::move(paths)); });
         // The keys of a list, which mean something else in a text box.

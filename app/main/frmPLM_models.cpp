@@ -51,8 +51,13 @@ FileSelection::FileSelection(FileList& list, FileListModel& model, QObject* pare
 }
 
 void FileSelection::select(const QItemSelection& selection, SelectionFlags command) {
-    // Whoever selects a cell of one list means the whole row.
-    QItemSelectionModel::select(selection, command == NoUpdate ? command : command | Rows);
+    // Whoever selects a cell of one list means the whole row. Whole rows are not widened again:
+    // that is quadratic in their number.
+    const bool whole = std::all_of(selection.begin(), selection.end(), [](const auto& range) {
+        return range.left() == 0 && range.right() == FileListModel::ColumnCount - 1;
+    });
+    if (command != NoUpdate) command.setFlag(Rows, !whole);
+    QItemSelectionModel::select(selection, command);
 }
 
 void FileSelection::SetCurrentRow(int row) {
@@ -78,9 +83,9 @@ void FileSelection::TakeFromList() {
 }
 
 void FileSelection::Take() {
-    taking_ = true;
     // Comparing an old with a new selection is quadratic when both are scattered, so the old one
-    // goes first.
+    // goes first; and the views need not hear of every row, they are painted anew.
+    const QSignalBlocker quiet(this);
     QItemSelectionModel::select(QItemSelection(), Clear);
     QItemSelection selection;
     for (const auto& [first, last] : list_.SelectedRanges()) {
@@ -88,11 +93,9 @@ void FileSelection::Take() {
                                              model_.index(static_cast<int>(last), 1)));
     }
     QItemSelectionModel::select(selection, Select);
-    taking_ = false;
 }
 
 void FileSelection::GiveToList(const QItemSelection& selected, const QItemSelection& deselected) {
-    if (taking_) return;
     const auto note = [this](const QItemSelection& ranges, bool on) {
         for (const QItemSelectionRange& range : ranges) {
             list_.NoteSelection(static_cast<FileList::Index>(range.top()),

@@ -65,7 +65,6 @@ private:
 
     FileList& list_;
     FileListModel& model_;
-    bool taking_ = false;
     int rowBeforeReset_ = -1;
     FileList::Index selectedBeforeReset_ = 0;
 };
