@@ -57,23 +57,34 @@ void FileList::AppendEntries(const std::vector<Text>& entries) {
     AppendRows(std::move(rows));
 }
 
+void FileList::PutNewName(Index row, Text name, bool edited) {
+    rows_[row].NewName = std::move(name);
+    rows_[row].NewNameEdited = edited;
+}
+
 void FileList::SetNewName(Index row, Text name) {
     if (row >= Count()) return;
-    rows_[row].NewName = std::move(name);
+    PutNewName(row, std::move(name), false);
+    NamesChanged(row, row);
+}
+
+void FileList::EditNewName(Index row, Text name) {
+    if (row >= Count()) return;
+    PutNewName(row, std::move(name), true);
     NamesChanged(row, row);
 }
 
 void FileList::SetNewNames(Index first, std::vector<Text> names) {
     if (first >= Count() || names.empty()) return;
     const Index end = first + std::min(names.size(), Count() - first);
-    for (Index row = first; row < end; ++row) rows_[row].NewName = std::move(names[row - first]);
+    for (Index row = first; row < end; ++row) PutNewName(row, std::move(names[row - first]), false);
     NamesChanged(first, end - 1);
 }
 
 void FileList::ClearNewNames() {
     if (rows_.empty()) return;
     // Assigning a fresh text gives the memory back, which clear() would keep.
-    for (Row& row : rows_) row.NewName = Text();
+    for (Index row = 0; row < Count(); ++row) PutNewName(row, Text(), false);
     NamesChanged(0, Count() - 1);
 }
 

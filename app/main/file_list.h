@@ -43,6 +43,9 @@ public:
     /// Appends list lines of a sorting list as they stand; their paths come from the lines.
     void AppendEntries(const std::vector<Text>& entries);
     void SetNewName(Index row, Text name);
+    /// A new name that the user wrote by hand; it counts as edited until another one is set.
+    void EditNewName(Index row, Text name);
+    [[nodiscard]] bool NewNameEdited(Index row) const { return rows_[row].NewNameEdited; }
     /// Consecutive new names from `first` on, announced once.
     void SetNewNames(Index first, std::vector<Text> names);
     void ClearNewNames();
@@ -84,7 +87,9 @@ private:
         Text NewName;
         std::int64_t Size = -1;
         bool Selected = false;
+        bool NewNameEdited = false;
     };
+    void PutNewName(Index row, Text name, bool edited);
     void AppendRows(std::vector<Row> rows);
     /// True when a row changed; announces nothing.
     bool SetSelection(Index first, Index last, const std::function<bool(Index)>& on);

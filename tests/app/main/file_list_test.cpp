@@ -141,6 +141,25 @@ TEST(FileList, NewNamesBeyondTheListAreDropped) {
     EXPECT_EQ(list.NewName(1), u"one");
 }
 
+TEST(FileList, ANewNameWrittenByHandCountsAsEditedUntilAnotherOneIsSet) {
+    FileList list;
+    list.Append({u"/m/a.mp3", u"/m/b.mp3", u"/m/c.mp3"}, {u"A.mp3", u"B.mp3", u"C.mp3"});
+    list.EditNewName(0, u"by hand.mp3");
+    list.EditNewName(1, u"by hand too.mp3");
+    list.EditNewName(2, u"this as well.mp3");
+    list.EditNewName(3, u"no such row");
+    EXPECT_EQ(list.NewName(0), u"by hand.mp3");
+    EXPECT_TRUE(list.NewNameEdited(0));
+    list.SetNewName(1, u"B.mp3");
+    EXPECT_FALSE(list.NewNameEdited(1));
+    list.SetNewNames(2, {u"C.mp3"});
+    EXPECT_FALSE(list.NewNameEdited(2));
+    list.Remove(1);
+    EXPECT_TRUE(list.NewNameEdited(0));
+    list.ClearNewNames();
+    EXPECT_FALSE(list.NewNameEdited(0));
+}
+
 TEST(FileList, ARenamedFileKeepsItsRow) {
     FileList list = Songs(2);
     list.SetNewName(1, u"New.mp3");
