@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -45,6 +46,9 @@ constexpr ControlIcon ControlIcons[] = {
     {"mnuEditName", IconName::Edit},
     {"mnuRemFromList", IconName::Remove},
     {"mnuRemFromHD", IconName::Delete},
+    {"mnuSaveID3", IconName::SaveTags},
+    {"mnuFixID3", IconName::FixTags},
+    {"mnuMore", IconName::More},
     {"cmdTargetDir", IconName::BrowseFolder},
     {"cmdSort", IconName::Sort},
     {"mnuSort", IconName::Sort},
@@ -62,8 +66,9 @@ constexpr const char* RestingControls[] = {
     "cmdAddFiles",     "mnuAddFiles",     "cmdLoad",         "mnuLoad",       "cmdSave",
     "mnuSave",         "cmdClear",        "mnuClear",        "mnuEditName",   "mnuRemFromList",
     "mnuRemFromHD",    "mnuNonExistent",  "mnuSelV1Files",   "mnuSelV2Files", "cmdSort",
-    "mnuSort",         "cmdSortThisFile", "mnuSortThisFile", "cmdOptions",    "mnuOptions",
-    "cmdNameFromFile", "mnuNameFromFile",
+    "mnuSort",         "cmdSortThisFile", "mnuSortThisFile", "cmdSaveID3",    "mnuSaveID3",
+    "cmdFixID3",       "mnuFixID3",       "cmdOptions",      "mnuOptions",    "cmdNameFromFile",
+    "mnuNameFromFile",
 };
 
 void SetIcon(QObject& control, const QIcon& icon) {
@@ -95,11 +100,13 @@ frmPLM::frmPLM(AppContext& context)
         SetIcon(*findChild<QObject*>(QLatin1String(row.Name)), Icon(row.Icon));
     SetUpLists();
     SetUpPatterns();
+    SetUpTags();
     LoadSettings();
     RestoreLayout();
     ConnectWindow();
     ConnectList();
     ConnectNames();
+    ConnectTags();
     ConnectSort();
     UpdateCounter();
 }
@@ -110,6 +117,7 @@ void frmPLM::SetUpStatusLine() {
     lblStatus_ = new QLabel(this);
     lblStatus_->setObjectName(QStringLiteral("lblStatus"));
     lblStatus_->setTextFormat(Qt::PlainText);
+    lblStatus_->setIndent(ui_->layCentral->contentsMargins().left());
     cmdDetails_ = new QToolButton(this);
     cmdDetails_->setObjectName(QStringLiteral("cmdDetails"));
     cmdDetails_->setText(tr("Details..."));
@@ -152,6 +160,8 @@ void frmPLM::LoadSettings() {
     }
     ui_->cmbInPattern->setEditText(ToQt(values.InPattern));
     ui_->cmbOutPattern->setEditText(ToQt(values.OutPattern));
+    for (QComboBox* box : {ui_->cmbInPattern, ui_->cmbOutPattern})
+        box->lineEdit()->setCursorPosition(0);  // its beginning is what tells one from the other
     ui_->chkGenre->setChecked(values.Genre == 1);
     ui_->chkAlphabetical->setChecked(values.Alphabetical == 1);
     ui_->chkSubFolder->setChecked(values.SubFolder == 1);
@@ -188,7 +198,16 @@ void frmPLM::SaveOnClose() {
 }
 
 void frmPLM::RestoreLayout() {
-    if (!RestoreGeometry(*this, context_.Store)) resize(1180, 760);
+    // One column of labels for both groups.
+    const int labels =
+        std::max(ui_->lblOutPattern->sizeHint().width(), ui_->lblTargetDir->sizeHint().width());
+    ui_->lblOutPattern->setMinimumWidth(labels);
+    ui_->lblTargetDir->setMinimumWidth(labels);
+    ui_->splMain->setSizes({760, 400});
+    ui_->splMain->setStretchFactor(0, 3);
+    ui_->splMain->setStretchFactor(1, 1);
+    if (!RestoreGeometry(*this, context_.Store))
+        resize(QSize(1180, 780).boundedTo(screen()->availableSize()));
     RestoreSplitter(*ui_->splMain, context_.Store);
     RestoreSplitter(*ui_->splLists, context_.Store);
 }

@@ -10,8 +10,8 @@
 #include "app/main/frmPLM_models.h"
 #include "app/main/frmPLM_work.h"
 #include "app/main/sort_engine.h"
+#include "app/main/tag_panel.h"
 #include "app/shared/app_context.h"
-#include "core/names/tag_boxes.h"
 
 class QAbstractButton;
 class QLabel;
@@ -23,6 +23,7 @@ namespace mdlPLM {
 namespace Ui {
 class frmPLM;
 }
+class frmPLM_tagpanel;
 class frmSorting;
 class SortTask;
 
@@ -90,10 +91,26 @@ private:
     void Selection_Changed(bool byView);
     void List_Clicked();
     void ShowFile(FileList::Index row);
+    /// The row of the shown file; -1 when none is shown.
+    [[nodiscard]] int ShownRow() const;
+    void ShowNameOf(FileList::Index row);
     void BlankPanel();
     void ShowComputedName();
     void ShowNewName();
     void EditNewName(int row);
+
+    // frmPLM_tags.cpp: the tag panel's buttons
+    void SetUpTags();
+    void ConnectTags();
+    void cmdSaveID3_Click();
+    void cmdFixID3_Click();
+    void cmdMore_Click();
+    [[nodiscard]] std::vector<Text> SelectedPaths() const;
+    void SaveAllSelected();
+    void OneFileSaved(const PanelSave& saved);
+    void StartTagRun(TextView what, TagRun run);
+    void TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows);
+    void RenewNames(std::vector<FileList::Index> rows);
 
     // frmPLM_sort.cpp: the sort engine and its choices
     void ConnectSort();
@@ -124,8 +141,8 @@ private:
     QTimer counting_;
     FileList::Index counted_ = 0;
 
-    Text shownPath_;             ///< the file that the name boxes and the tag panel show
-    TagBoxes boxes_;             ///< its tags
+    Text shownPath_;  ///< the file that the name boxes and the tag panel show
+    frmPLM_tagpanel* tags_ = nullptr;
     bool shownCurrent_ = false;  ///< the selection is what is shown
     bool outPatternEdited_ = false;
 

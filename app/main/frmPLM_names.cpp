@@ -7,48 +7,16 @@
 #include "app/dialogs/frmEdit.h"
 #include "app/dialogs/frmOptions.h"
 #include "app/main/frmPLM.h"
+#include "app/main/frmPLM_tagpanel.h"
 #include "app/shared/entry_filter.h"
 #include "app/shared/message_boxes.h"
 #include "app/shared/qt_text.h"
 #include "core/names/fix_file_name.h"
 #include "core/names/text_lists.h"
 #include "core/platform/path.h"
-#include "core/tags/genres.h"
-#include "core/text/code_page.h"
 #include "ui_frmPLM.h"
 
 namespace mdlPLM {
-
-namespace {
-
-TagBoxes ReadBoxes(TextView path, const Settings& settings, ErrorSink& errors) {
-    const FileTags tags = ReadFileTags(path, ID3v2Parts::Everything, errors);
-    TagBoxes boxes;
-    boxes.chkID3v1 = tags.V1.Present();
-    boxes.chkID3v2 = tags.V2.Present();
-    if (boxes.chkID3v1) {
-        const ID3v1Texts texts = ShowID3v1(tags.V1, settings.bOptimizedID3v1);
-        boxes.txtTitle = texts.Title;
-        boxes.txtArtist = texts.Artist;
-        boxes.txtAlbum = texts.Album;
-        boxes.txtYear = texts.Year;
-        boxes.txtComments = texts.Comment;
-        const int genre = static_cast<unsigned char>(tags.V1.Genre);
-        if (genre < GenreCount) boxes.cmbGenre = FromCodePage(GenreNameOfNumber(genre));
-        const int track = static_cast<unsigned char>(tags.V1.Track);
-        if (track > 0) boxes.txtTrackNr = NumberText(static_cast<long long>(track));
-    }
-    boxes.txtV2Title = FromCodePage(tags.V2.Title);
-    boxes.txtV2Artist = FromCodePage(tags.V2.Artist);
-    boxes.txtV2Album = FromCodePage(tags.V2.Album);
-    boxes.txtV2Year = FromCodePage(tags.V2.Year);
-    boxes.cmbV2Genre = FromCodePage(tags.V2.Genre);
-    boxes.txtV2Track = FromCodePage(tags.V2.Track);
-    boxes.txtV2Comments = FromCodePage(tags.V2.Comments);
-    return boxes;
-}
-
-}  // namespace
 
 void frmPLM::SetUpPatterns() {
     for (const Text& pattern : LoadInPatterns(context_.ListsFolder))
@@ -143,6 +111,7 @@ void frmPLM::Selection_Changed(bool byView) {
     if (byView && list_.SelectedCount() == 0 && current >= 0)
         return ShowFile(static_cast<FileList::Index>(current));
     BlankPanel();
+    if (MultipleSelection()) tags_->ShowBatch();
     shownCurrent_ = true;
 }
 
@@ -154,20 +123,35 @@ void frmPLM::ShowFile(FileList::Index row) {
     shownPath_ = list_.Path(row);
     shownCurrent_ = true;
     BoxErrors errors(context_.Ask);
-    boxes_ = ReadBoxes(shownPath_, context_.Values, errors);
+    tags_->ShowFile(shownPath_, errors);
     ui_->txtOldName->setText(ToQt(FileNameOfPath(shownPath_)));
+    ShowNameOf(row);
+    ShowTargetDir();
+}
+
+int frmPLM::ShownRow() const {
+    const auto shows = [this](int row) {
+        return row >= 0 && list_.Path(static_cast<FileList::Index>(row)) == shownPath_;
+    };
+    const int row = list_.SelectedCount() == 1
+                        ? static_cast<int>(list_.SelectedRanges().front().first)
+                        : selection_.CurrentRow();
+    return shows(row) ? row : -1;
+}
+
+void frmPLM::ShowNameOf(FileList::Index row) {
     const Text& computed = list_.NewName(row);
     if (PreviewShown() && !computed.empty())
         ui_->txtNewName->setText(ToQt(computed));
     else
         ShowNewName();
-    ShowTargetDir();
 }
 
 void frmPLM::ShowNewName() {
     const Text inPattern = InPattern();
     const NamingContext naming{context_.Values, context_.Replacements, inPattern};
-    ui_->txtNewName->setText(ToQt(FixFileName2(shownPath_, OutPattern(), boxes_, naming)));
+    ui_->txtNewName->setText(
+        ToQt(FixFileName2(shownPath_, OutPattern(), tags_->Panel().Boxes(), naming)));
 }
 
 void frmPLM::ShowComputedName() {
@@ -179,8 +163,8 @@ void frmPLM::EditNewName(int row) {
     const auto line = static_cast<FileList::Index>(row);
     const std::optional<Text> name = frmEdit::EditName(this, list_.NewName(line));
     if (!name) return;
-    list_.SetNewName(line, *name);
-    if (list_.SelectedCount() == 1 && list_.Selected(line)) ui_->txtNewName->setText(ToQt(*name));
+    list_.EditNewName(line, *name);
+    if (ShownRow() == row) ui_->txtNewName->setText(ToQt(*name));
 }
 
 void frmPLM::cmdOptions_Click() {
@@ -191,7 +175,7 @@ void frmPLM::cmdOptions_Click() {
 void frmPLM::BlankPanel() {
     shownPath_.clear();
     shownCurrent_ = false;
-    boxes_ = {};
+    tags_->Clear();
     ui_->txtOldName->clear();
     ui_->txtNewName->clear();
     ShowTargetDir();

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 
 #include "app/main/frmPLM.h"
+#include "app/main/frmPLM_tips.h"
 #include "app/main/frmSorting.h"
 #include "app/main/sort_task.h"
 #include "app/shared/file_dialogs.h"
@@ -41,7 +42,7 @@ void frmPLM::optMethod_Click(int index) {
     for (QWidget* control : std::initializer_list<QWidget*>{
              ui_->chkGenre, ui_->chkAlphabetical, ui_->chkSubFolder, ui_->txtSubFolder,
              ui_->cmdTargetDir, ui_->lblSubFolder, ui_->lblSubFolderArtist})
-        control->setEnabled(folders);
+        EnableWithReason(*control, folders, tr("Not used while files are renamed."));
     ui_->lblTargetDir->setText(folders ? tr("&Target folder:") : tr("File loca&tion:"));
     ui_->txtTargetDir->setReadOnly(!folders);
     ShowTargetDir();

@@ -499,6 +499,9 @@ void FrmPLMSortTest::RenameLocksTheTargetAndShowsTheFilesFolder() {
     for (const char* control : {"chkGenre", "chkAlphabetical", "chkSubFolder", "txtSubFolder",
                                 "cmdTargetDir", "lblSubFolder", "lblSubFolderArtist"})
         QVERIFY2(!plm_->Get<QWidget>(control).isEnabled(), control);
+    QCOMPARE(plm_->Get<QWidget>("chkAlphabetical").toolTip(),
+             QStringLiteral("Sort in folders in alphabetical order. "
+                            "Not used while files are renamed."));
     QCOMPARE(plm_->TextOf("lblTargetDir"), QStringLiteral("File location:"));
     QVERIFY(plm_->Get<QLineEdit>("txtTargetDir").isReadOnly());
     QCOMPARE(plm_->TextOf("txtTargetDir"), ToQt(plm_->Folder / u"in/"));
@@ -534,6 +537,7 @@ void FrmPLMSortTest::BrowseChoosesTheTarget() {
 }
 
 void FrmPLMSortTest::ChoicesAreLaidOutAsWorded() {
+    plm_->Click("optMethod0");
     const QList<QPair<const char*, const char*>> captions{
         {"optMethod0", "Copy"},          {"optMethod1", "Move"},
         {"optMethod2", "Rename"},        {"optExists0", "Prompt"},
