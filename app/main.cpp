@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "app/dialogs/qt_player.h"
+#include "app/dialogs/releasing_disk.h"
 #include "app/main/frmPLM.h"
 #include "app/main/start_up.h"
 #include "app/shared/icons.h"
@@ -39,12 +41,14 @@ public:
     }
 
     int OpenWindow(StartData& data, const std::vector<Text>& listPaths) {
-        SystemDisk disk;
+        MediaPlayer player(LoadedPlayers(PlayerFolders(QApplication::applicationDirPath())));
+        SystemDisk systemDisk;
+        ReleasingDisk disk(systemDisk, player);
         QtPrompts prompts;
         QtFileDialogs dialogs;
         AppContext context{data.Values, data.Replacements, data.Store,         disk, prompts,
                            dialogs,     data.ListsFolder,  data.ProgramFolder, false};
-        frmPLM window(context);
+        frmPLM window(context, player);
         window.show();
         if (!listPaths.empty()) window.AddPaths(listPaths);
         return QApplication::exec();

@@ -24,9 +24,9 @@ struct PlayerFault {
 
 /// What a player reports. Each may be called while Play or Stop is still running, or later.
 struct PlayerEvents {
-    std::function<void(const Text& file)> Started;
-    std::function<void()> Ended;  ///< at the end of the file, or stopped
-    std::function<void(const PlayerFault& fault)> Failed;
+    std::function<void(const Text& file)> Started = [](const Text&) {};
+    std::function<void()> Ended = [] {};  ///< at the end of the file, or stopped
+    std::function<void(const PlayerFault& fault)> Failed = [](const PlayerFault&) {};
 };
 
 /// A component that plays one file at a time.
@@ -55,11 +55,13 @@ public:
 class MediaPlayer final : public FileUser {
 public:
     /// Nothing is made or loaded before the first Play.
-    MediaPlayer(PlayerFactory make, PlayerEvents events);
+    explicit MediaPlayer(PlayerFactory make, PlayerEvents events = {});
     ~MediaPlayer() override;
     MediaPlayer(const MediaPlayer&) = delete;
     MediaPlayer& operator=(const MediaPlayer&) = delete;
 
+    /// Who is told from now on.
+    void Watch(PlayerEvents events) { events_ = std::move(events); }
     void Play(TextView path);
     void Stop();
     void Release(TextView path) override;

@@ -21,6 +21,7 @@ public:
     Status SetAttributes(TextView path, int attributes) override {
         return disk_.SetAttributes(path, attributes);
     }
+    Text ContentsAt(TextView path) override { return disk_.ContentsAt(path); }
 
 private:
     Disk& disk_;

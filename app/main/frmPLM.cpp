@@ -59,6 +59,11 @@ constexpr ControlIcon ControlIcons[] = {
     {"cmdNameFromFile", IconName::NameFromText},
     {"mnuNameFromFile", IconName::NameFromText},
     {"cmdStop", IconName::Stop},
+    {"cmdOpenMP3", IconName::Play},
+    {"mnuPlayFile", IconName::Play},
+    {"mnuStopPlay", IconName::Stop},
+    {"mnuHelpMe", IconName::Help},
+    {"mnuAbout", IconName::About},
 };
 
 /// What would change the list, or needs it to stand still. At rest while long work is under way.
@@ -87,8 +92,9 @@ void Choose(const QButtonGroup& group, int index) {
 
 }  // namespace
 
-frmPLM::frmPLM(AppContext& context)
+frmPLM::frmPLM(AppContext& context, MediaPlayer& player)
     : context_(context),
+      player_(player),
       ui_(std::make_unique<Ui::frmPLM>()),
       model_(list_),
       selection_(list_, model_),
@@ -107,11 +113,16 @@ frmPLM::frmPLM(AppContext& context)
     ConnectList();
     ConnectNames();
     ConnectTags();
+    ConnectPlayer();
+    ConnectHelp();
     ConnectSort();
     UpdateCounter();
 }
 
-frmPLM::~frmPLM() = default;
+frmPLM::~frmPLM() {
+    player_.Watch({});
+    player_.Stop();
+}
 
 void frmPLM::SetUpStatusLine() {
     lblStatus_ = new QLabel(this);

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "app/dialogs/player.h"
 #include "app/main/file_list.h"
 #include "app/main/frmPLM_models.h"
 #include "app/main/frmPLM_work.h"
@@ -31,7 +32,8 @@ class frmPLM : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit frmPLM(AppContext& context);
+    /// `player` is the window's own for as long as it lives.
+    frmPLM(AppContext& context, MediaPlayer& player);
     ~frmPLM() override;
 
     /// Takes files into the list as a drop does: folders are walked, list files are read.
@@ -94,6 +96,8 @@ private:
     /// The row of the shown file; -1 when none is shown.
     [[nodiscard]] int ShownRow() const;
     void ShowNameOf(FileList::Index row);
+    /// The path of the current entry; empty when there is none.
+    [[nodiscard]] Text CurrentPath() const;
     void BlankPanel();
     void ShowComputedName();
     void ShowNewName();
@@ -112,6 +116,17 @@ private:
     void TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows);
     void RenewNames(std::vector<FileList::Index> rows);
 
+    // frmPLM_player.cpp: playing, help and about
+    void ConnectPlayer();
+    void ConnectHelp();
+    void PlayCurrentFile();
+    void cmdOpenMP3_MouseMove();
+    void Player_Started(TextView file);
+    void Player_Ended();
+    void Player_Failed(const PlayerFault& fault);
+    void mnuHelpMe_Click();
+    void mnuAbout_Click();
+
     // frmPLM_sort.cpp: the sort engine and its choices
     void ConnectSort();
     void optMethod_Click(int index);
@@ -125,6 +140,7 @@ private:
     void Sort_Done();
 
     AppContext& context_;
+    MediaPlayer& player_;
     std::unique_ptr<Ui::frmPLM> ui_;
     FileList list_;
     FileListModel model_;

@@ -76,7 +76,9 @@ void frmPLM::chkPreview_Click() {
 }
 
 bool frmPLM::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut) {
+    if (watched == ui_->cmdOpenMP3) {
+        if (event->type() == QEvent::MouseMove) cmdOpenMP3_MouseMove();
+    } else if (event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             cmbOutPattern_Validate();
@@ -170,6 +172,11 @@ void frmPLM::EditNewName(int row) {
 void frmPLM::cmdOptions_Click() {
     frmOptions options(context_, this);
     if (options.exec() == QDialog::Accepted) ShowComputedName();
+}
+
+Text frmPLM::CurrentPath() const {
+    const int row = selection_.CurrentRow();
+    return row < 0 ? Text() : list_.Path(static_cast<FileList::Index>(row));
 }
 
 void frmPLM::BlankPanel() {

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QLineEdit>
+#include <QStyle>
 #include <algorithm>
 
 #include "app/main/frmPLM_tips.h"
@@ -57,6 +58,7 @@ frmPLM_tagpanel::frmPLM_tagpanel(const Settings& settings, const ReplacementList
     SetUpGenres(*ui_->cmbV2Genre, true);
     SetUpBoxes();
     ConnectButtons();
+    ShowPlayed({});
     Show();
 }
 
@@ -125,6 +127,15 @@ void frmPLM_tagpanel::ShowFile(TextView path, ErrorSink& errors) {
 void frmPLM_tagpanel::ShowBatch() {
     panel_.ShowBatch();
     Show();
+}
+
+void frmPLM_tagpanel::ShowPlayed(const QString& toolTip) {
+    const QIcon::Mode mode = toolTip.isEmpty() ? QIcon::Disabled : QIcon::Normal;
+    const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    ui_->picTab->setPixmap(
+        Icon(IconName::Play).pixmap(QSize(size, size), devicePixelRatio(), mode));
+    ui_->picTab->setToolTip(toolTip);
+    ui_->picTab->setAccessibleDescription(toolTip);
 }
 
 void frmPLM_tagpanel::CopyFromV1() {

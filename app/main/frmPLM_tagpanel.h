@@ -31,6 +31,9 @@ public:
     void ShowFile(TextView path, ErrorSink& errors);
     void ShowBatch();
 
+    /// What is being played, for the tool tip of the picture; empty: nothing is.
+    void ShowPlayed(const QString& toolTip);
+
     void CopyFromV1();
     void CopyToV1();
     PanelSave SaveID3();

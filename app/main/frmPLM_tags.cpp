@@ -62,6 +62,7 @@ void frmPLM::cmdSaveID3_Click() {
         case TagPanel::State::Nothing:
             return SetStatus(tr("No file is selected."));
         case TagPanel::State::OneFile:
+            player_.Release(shownPath_);
             return OneFileSaved(tags_->SaveID3());
         case TagPanel::State::Batch:
             return SaveAllSelected();
@@ -74,6 +75,7 @@ void frmPLM::cmdFixID3_Click() {
         case TagPanel::State::Nothing:
             return SetStatus(tr("No file is selected."));
         case TagPanel::State::OneFile:
+            player_.Release(shownPath_);
             return OneFileSaved(tags_->FixID3(InPattern()));
         case TagPanel::State::Batch:
             return StartTagRun(u"Cleaning tags", tags_->FixAll(SelectedPaths(), InPattern()));
@@ -109,6 +111,7 @@ void frmPLM::OneFileSaved(const PanelSave& saved) {
 }
 
 void frmPLM::StartTagRun(TextView what, TagRun run) {
+    player_.Stop();
     std::vector<FileList::Index> rows = list_.SelectedRows();
     work_.Start(std::make_unique<TagTask>(
         Text(what), std::move(run),

@@ -55,7 +55,7 @@ MainWindow::MainWindow()
       Context{LoadSettings(Store, Folder / u"program/"),
               {},
               Store,
-              Disk,
+              Files,
               Ask,
               Dialogs,
               Folder.Folder(u"program") + u"/",
@@ -64,7 +64,7 @@ MainWindow::MainWindow()
 MainWindow::~MainWindow() = default;
 
 void MainWindow::Open() {
-    window_ = std::make_unique<frmPLM>(Context);
+    window_ = std::make_unique<frmPLM>(Context, Player);
     window_->show();
     window_->activateWindow();
     if (!QTest::qWaitForWindowActive(window_.get()))

@@ -6,10 +6,12 @@
 #include <deque>
 #include <memory>
 
+#include "app/dialogs/releasing_disk.h"
 #include "app/main/frmPLM.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/qt_text.h"
 #include "tests/support/recording_disk.h"
+#include "tests/support/scripted_player.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/temp_folder.h"
 
@@ -72,7 +74,10 @@ public:
     TempFolder Folder;
     ScriptedPrompts Ask;
     ScriptedDialogs Dialogs;
+    ScriptedPlayers Players;
+    MediaPlayer Player{Players.Factory()};
     RecordingDisk Disk;  ///< the machine's own, which can be made to fail
+    ReleasingDisk Files{Disk, Player};
     SettingsStore Store;
     AppContext Context;
 
