@@ -128,6 +128,8 @@ void frmPLM::SetUpStatusLine() {
     lblStatus_ = new QLabel(this);
     lblStatus_->setObjectName(QStringLiteral("lblStatus"));
     lblStatus_->setTextFormat(Qt::PlainText);
+    // A long text is cut off; it must not widen the window.
+    lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblStatus_->setIndent(ui_->layCentral->contentsMargins().left());
     cmdDetails_ = new QToolButton(this);
     cmdDetails_->setObjectName(QStringLiteral("cmdDetails"));
@@ -136,6 +138,7 @@ void frmPLM::SetUpStatusLine() {
     prgWork_->setObjectName(QStringLiteral("prgWork"));
     prgWork_->setMaximumWidth(220);
     prgWork_->setAccessibleName(tr("Progress"));
+    prgWork_->setFormat(tr("%v of %m"));
     cmdStop_ = new QToolButton(this);
     cmdStop_->setObjectName(QStringLiteral("cmdStop"));
     cmdStop_->setText(tr("Stop"));
@@ -240,6 +243,10 @@ void frmPLM::SetStatus(const QString& text, const QString& details) {
     lblStatus_->setToolTip(text);
     details_ = details;
     cmdDetails_->setVisible(!details.isEmpty());
+}
+
+QString frmPLM::RunStatus(const QString& summary, bool stopped) {
+    return stopped ? tr("Stopped. %1").arg(summary) : summary;
 }
 
 void frmPLM::Work_BusyChanged(bool busy) {

@@ -55,6 +55,7 @@ private:
     void SaveOnClose();
     void RestoreLayout();
     void SetStatus(const QString& text, const QString& details = {});
+    [[nodiscard]] static QString RunStatus(const QString& summary, bool stopped);
     void Work_BusyChanged(bool busy);
     void Work_Progressed();
     void cmdDetails_Click();
@@ -164,6 +165,7 @@ private:
 
     Text targetDir_;  ///< the target folder, also while its box shows a file's own folder
     QPointer<frmSorting> sorting_;
+    QPointer<QWidget> focusBeforeSort_;
     SortTask* sort_ = nullptr;  ///< owned by work_, there while a sort is under way
     QElapsedTimer labelsShown_;
     QElapsedTimer removalsShown_;

@@ -171,7 +171,11 @@ void frmPLM::EditNewName(int row) {
 
 void frmPLM::cmdOptions_Click() {
     frmOptions options(context_, this);
-    if (options.exec() == QDialog::Accepted) ShowComputedName();
+    if (options.exec() != QDialog::Accepted) return;
+    ShowComputedName();
+    std::vector<FileList::Index> rows(list_.Count());
+    std::iota(rows.begin(), rows.end(), FileList::Index{0});
+    RenewNames(std::move(rows));
 }
 
 Text frmPLM::CurrentPath() const {

@@ -98,8 +98,10 @@ void frmPLM::OpenSorting() {
     delete sorting_;
     sorting_ = new frmSorting(this);
     connect(sorting_, &frmSorting::Ended, this, &frmPLM::frmSorting_Ended);
+    focusBeforeSort_ = focusWidget();
     setEnabled(false);
     sorting_->setEnabled(true);  // the window above it is disabled, this one is not
+    sorting_->ShowProgress(sort_->Run().Progress());
     sorting_->show();
     labelsShown_.start();
     removalsShown_.start();
@@ -132,6 +134,7 @@ void frmPLM::Sort_Done() {
     selection_.SetCurrentRow(static_cast<int>(next));
     sort_ = nullptr;
     setEnabled(true);
+    if (focusBeforeSort_ != nullptr) focusBeforeSort_->setFocus();
     ResetFileView();
     if (sorting_ != nullptr && report.Cancelled) {
         sorting_->ShowDone();
@@ -139,7 +142,8 @@ void frmPLM::Sort_Done() {
         sorting_->hide();
         sorting_->deleteLater();
     }
-    SetStatus(ToQt(SummaryText(report)), ToQt(FailureText(report.Failures)));
+    SetStatus(RunStatus(ToQt(SummaryText(report)), report.Stopped || report.Cancelled),
+              ToQt(ReportList(report)));
     const Text failures = FailureText(report.Failures);
     if (!failures.empty()) context_.Ask.Critical({u"PLM", failures, {}});
 }

@@ -125,8 +125,7 @@ void frmPLM::TagRun_Done(const TagReport& report, const std::vector<FileList::In
     std::vector<FileList::Index> written;
     for (const std::size_t place : report.Written) written.push_back(rows[place]);
     RenewNames(std::move(written));
-    SetStatus((report.Stopped ? tr("Stopped. %1") : QStringLiteral("%1"))
-                  .arg(ToQt(TagSummaryText(report))),
+    SetStatus(RunStatus(ToQt(TagSummaryText(report)), report.Stopped),
               ToQt(TagFailureList(report.Failures)));
     const Text failures = TagFailureText(report.Failures);
     if (!failures.empty()) context_.Ask.Critical({{}, failures, {}});

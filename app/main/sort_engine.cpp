@@ -16,6 +16,8 @@ namespace {
 /// Files whose artist is worked out, or folders that are made, in one step of the preparation.
 constexpr std::size_t PreparedPerStep = 32;
 
+constexpr TextView TargetExists = u"There is a file of its new name";
+
 constexpr std::array<TextView, 3> MethodTexts = {u"Copying file:", u"Moving file:",
                                                  u"Renaming file:"};
 
@@ -49,6 +51,9 @@ struct SortRun::Implementation {
     Result SortFile(const Text& source, const SortNames& names);
     Result RenameFile(const Text& source, const SortNames& names);
     Result Fail(Text reason);
+    Result Stay(Text reason);
+    void Note(SortedFile::Outcome outcome, Text reason);
+    void Leave();
     void Settle(Result result);
     void Flush();
 
@@ -73,7 +78,7 @@ struct SortRun::Implementation {
     std::vector<FileList::Index> Handled;  ///< handled rows still in the list, as they are now
     FileList::Index Removed = 0;           ///< handled rows that are out of the list
     FileList::Index NextRow = 0;
-    Text Reason;  ///< of the last failure
+    Text Reason;  ///< why the entry in hand is not sorted
 };
 
 SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules rules, Disk& disk,
@@ -128,7 +133,7 @@ void SortRun::Implementation::MakeSomeFolders() {
 SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& source) {
     Run.progress_.Source = source;
     Run.progress_.Target.clear();
-    if (!Files.Exists(source)) return Result::Stays;
+    if (!Files.Exists(source)) return Stay(u"The file is missing");
     // A list can name folders, but nobody asked for a new name or place of a whole folder.
     if (Files.IsFolder(source)) return Fail(Text(Describe(ErrorNumber::PathFileAccess)));
     const SortNames names = NamesOf(source, Rules, Files);
@@ -147,7 +152,7 @@ SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& so
     const bool exempt = ArtistThreshold(choices) == 0 && IsLastOfList();
     if (choices.chkSubFolder && !exempt &&
         !AddArtistFolder(levels, names.ArtistName, choices, Files)) {
-        return Result::Stays;
+        return Stay(u"Its name has no artist");
     }
     Text folder;
     const Status status = EnsureFolders(levels, Files, folder);
@@ -167,6 +172,23 @@ SortRun::Implementation::Result SortRun::Implementation::Fail(Text reason) {
     return Result::Failed;
 }
 
+SortRun::Implementation::Result SortRun::Implementation::Stay(Text reason) {
+    Reason = std::move(reason);
+    return Result::Stays;
+}
+
+void SortRun::Implementation::Note(SortedFile::Outcome outcome, Text reason) {
+    Text target = outcome == SortedFile::Outcome::Done ? Run.progress_.Target : Text();
+    Run.report_.Files.push_back(
+        {outcome, Run.progress_.Source, std::move(target), std::move(reason)});
+}
+
+void SortRun::Implementation::Leave() {
+    ++Run.report_.Handled;
+    NextRow = RowNow(Next) - Handled.size();
+    Handled.push_back(RowNow(Next));
+}
+
 void SortRun::Implementation::Settle(Result result) {
     Run.progress_.FileDone = Transfer.Copied();
     Run.progress_.FileTotal = Transfer.Total();
@@ -178,18 +200,24 @@ void SortRun::Implementation::Settle(Result result) {
             return;
         case Result::Stays:
             ++Run.report_.Skipped;
+            Note(SortedFile::Outcome::Skipped, Reason.empty() ? Text(TargetExists) : Reason);
             break;
         case Result::Failed:
-            Run.report_.Failures.push_back(
-                {Run.progress_.Source, Reason.empty() ? Transfer.Reason() : std::move(Reason)});
-            Reason.clear();
+            if (Reason.empty()) Reason = Transfer.Reason();
+            Run.report_.Failures.push_back({Run.progress_.Source, Reason});
+            Note(SortedFile::Outcome::Failed, Reason);
+            break;
+        case Result::LeftAlone:
+            ++Run.report_.LeftAlone;
+            Note(SortedFile::Outcome::Skipped, Text(TargetExists));
+            Leave();
             break;
         case Result::Handled:
-            ++Run.report_.Handled;
-            NextRow = RowNow(Next) - Handled.size();
-            Handled.push_back(RowNow(Next));
+            Note(SortedFile::Outcome::Done, {});
+            Leave();
             break;
     }
+    Reason.clear();
     ++Next;
     Run.progress_.Done = Next;
 }

@@ -37,14 +37,26 @@ struct SortProgress {
     std::int64_t FileTotal = 0;
 };
 
+/// What became of one entry.
+struct SortedFile {
+    enum class Outcome { Done, Skipped, Failed };
+    Outcome What = Outcome::Done;
+    Text Source;
+    Text Target;  ///< where it is now, when it is done
+    Text Reason;  ///< why not, when it is not
+};
+
 struct SortReport {
     /// Entries that leave the list.
     std::size_t Handled = 0;
+    /// Those of them whose target existed and was left as it is.
+    std::size_t LeftAlone = 0;
     /// Entries that stay without a failure: the file is missing or has no artist, "No" of a rename.
     std::size_t Skipped = 0;
     bool Cancelled = false;  ///< ended by Cancel in a question
     bool Stopped = false;    ///< ended by the stop flag
     std::vector<SortFailure> Failures;
+    std::vector<SortedFile> Files;  ///< every entry that was looked at, in order
 };
 
 class SortRun {
@@ -87,7 +99,10 @@ Text FailureText(const std::vector<SortFailure>& failures);
 /// All failures, one line each.
 Text FailureList(const std::vector<SortFailure>& failures);
 
-/// "12 done, 3 skipped, 1 failed": the status line after a run.
+/// "12 done, 3 skipped, 1 failed": the status line after a run. An entry whose target was left as
+/// it is counts as skipped.
 Text SummaryText(const SortReport& report);
+/// What became of every entry, one line each.
+Text ReportList(const SortReport& report);
 
 }  // namespace mdlPLM

@@ -20,6 +20,18 @@ Text FailureLine(const SortFailure& failure) {
     return Quoted(failure.Path) + u": " + failure.Reason;
 }
 
+Text FileLine(const SortedFile& file) {
+    switch (file.What) {
+        case SortedFile::Outcome::Done:
+            return u"Done: " + Quoted(file.Source) + u" to " + Quoted(file.Target);
+        case SortedFile::Outcome::Skipped:
+            return u"Skipped: " + Quoted(file.Source) + u": " + file.Reason;
+        case SortedFile::Outcome::Failed:
+            break;
+    }
+    return u"Failed: " + Quoted(file.Source) + u": " + file.Reason;
+}
+
 Text TargetDirectory(const SortChoices& choices) {
     return u"The target directory " + Quoted(choices.txtTargetDir);
 }
@@ -71,8 +83,15 @@ Text FailureList(const std::vector<SortFailure>& failures) {
 }
 
 Text SummaryText(const SortReport& report) {
-    return Count(report.Handled) + u" done, " + Count(report.Skipped) + u" skipped, " +
+    return Count(report.Handled - report.LeftAlone) + u" done, " +
+           Count(report.Skipped + report.LeftAlone) + u" skipped, " +
            Count(report.Failures.size()) + u" failed";
+}
+
+Text ReportList(const SortReport& report) {
+    Text text;
+    for (const SortedFile& file : report.Files) text += FileLine(file) + u"\n";
+    return text;
 }
 
 }  // namespace mdlPLM

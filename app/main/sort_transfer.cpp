@@ -21,7 +21,7 @@ FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView dest
         case TargetDecision::Replace:
             return Transfer(source, destination, IfTargetExists::Replace);
         case TargetDecision::Leave:
-            return Result::Handled;
+            return Result::LeftAlone;
         case TargetDecision::Cancel:
             break;
     }

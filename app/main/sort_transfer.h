@@ -15,6 +15,7 @@ class FileTransfer {
 public:
     enum class Result {
         Handled,    ///< the entry leaves the list
+        LeftAlone,  ///< it leaves the list too, but the target that was there is left as it is
         Stays,      ///< nothing was done and the entry stays
         Failed,     ///< see Reason(); nothing is lost and the entry stays
         Cancelled,  ///< Cancel in the question; the entry stays
@@ -24,7 +25,7 @@ public:
     FileTransfer(const SortChoices& choices, const Settings& settings, Disk& disk,
                  Prompts& prompts);
 
-    /// A target that is left as it is ("No", "Skip") counts as handled.
+    /// With a target that is left as it is ("No", "Skip") the entry leaves the list all the same.
     Result CopyOrMoveFile(TextView source, TextView destination);
     /// Renames in place, `newPath` being in the same folder. A target that is left as it is keeps
     /// the entry.

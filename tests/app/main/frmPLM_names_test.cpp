@@ -49,6 +49,7 @@ private slots:
     void CancelledEditLeavesTheLine();
     void UnreadableTagIsReportedBesideItsFile();
     void OptionsRenewTheNewName();
+    void OptionsRenewTheComputedPreviewLines();
     void SettingsFillTheControls();
     void ControlsAreStoredOnClose();
     void TargetFolderIsStoredWhileRenameShowsAnother();
@@ -369,6 +370,27 @@ void FrmPLMNamesTest::OptionsRenewTheNewName() {
     QVERIFY(seen);
     QCOMPARE(plm_->Context.Values.Change, 3);
     QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("WATERLOO BY ABBA.mp3"));
+}
+
+void FrmPLMNamesTest::OptionsRenewTheComputedPreviewLines() {
+    Drop({u"abba - waterloo.mp3", u"abba - sos.mp3"});
+    plm_->Click("chkPreview");
+    plm_->Settle();
+    plm_->ClickLine("lstPreview", 1);
+    OnNextModal<frmEdit>([](frmEdit& dialog) {
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtFixedName"))
+            ->setText(QStringLiteral("By hand.mp3"));
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    });
+    plm_->Key("lstPreview", Qt::Key_F2);
+    OnNextModal<frmOptions>([](frmOptions& dialog) {
+        dialog.findChild<QRadioButton*>(QStringLiteral("optChange3"))->click();
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    });
+    plm_->Trigger("mnuOptions");
+    plm_->Settle();
+    QCOMPARE(plm_->Lines("lstPreview"),
+             (QStringList{QStringLiteral("WATERLOO BY ABBA.mp3"), QStringLiteral("By hand.mp3")}));
 }
 
 void FrmPLMNamesTest::SettingsFillTheControls() {

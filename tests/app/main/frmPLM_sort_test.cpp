@@ -4,12 +4,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QRadioButton>
 
 #include "app/main/frmSorting.h"
 #include "core/platform/path.h"
 #include "tests/support/qt_main_window.h"
+#include "tests/support/qt_modal.h"
 #include "tests/support/real_mp3.h"
 
 using namespace mdlPLM;
@@ -411,7 +413,7 @@ void FrmPLMSortTest::PauseEndsTheRunBeforeTheNextFile() {
     QCOMPARE(counter, QStringLiteral("0 files"));
     QCOMPARE(plm_->Lines("lstFiles").size(), 1);
     QVERIFY(plm_->TextOf("lblFiles").startsWith(QLatin1String("1 files (")));
-    QVERIFY(plm_->TextOf("lblStatus").contains(QLatin1String("2 done, 0 skipped, 0 failed")));
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("Stopped. 2 done, 0 skipped, 0 failed"));
 }
 
 void FrmPLMSortTest::ClosingTheMainWindowEndsTheRunFirst() {
@@ -445,6 +447,16 @@ void FrmPLMSortTest::FailuresComeInOneMessageAtTheEnd() {
         QVERIFY2(body.contains(QLatin1String(part)), part);
     QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("1 done, 0 skipped, 2 failed"));
     QVERIFY(plm_->Get<QWidget>("cmdDetails").isVisible());
+    QString details;
+    OnNextModal<QDialog>([&details](QDialog& dialog) {
+        details = dialog.findChild<QPlainTextEdit*>()->toPlainText();
+        dialog.reject();
+    });
+    plm_->Click("cmdDetails");
+    const QStringList lines = details.trimmed().split(u'\n');
+    QCOMPARE(lines.size(), 3);
+    QVERIFY(lines[0].startsWith(QLatin1String("Failed: ")));
+    QVERIFY(lines[1].startsWith(QLatin1String("Done: ")));
 }
 
 void FrmPLMSortTest::MissingFileIsSkippedAndStays() {

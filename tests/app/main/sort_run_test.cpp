@@ -273,6 +273,34 @@ TEST_F(SortInMemory, TheLastEntryIsKnownAfterEntriesBeforeItWereTakenOut) {
                                              u"/to/A/A - 2.mp3", u"/to/last.mp3"}));
 }
 
+TEST_F(SortInMemory, TheReportSaysWhatBecameOfEveryEntry) {
+    AddFiles(4);
+    memory_.Files.erase(u"/in/1.mp3");
+    memory_.Files.insert(u"/to/2.mp3");
+    choices_.Exists = IfExists::Skip;
+    memory_.CopySteps = 2;
+    RecordingDisk failing(memory_);
+    failing.FailCall(DiskOperation::BeginCopy, ErrorNumber::DiskFull, 1);
+    SortRun run(list_, choices_, SortStart::All, context_, failing, prompts_);
+    while (run.Step()) {
+    }
+    using Outcome = SortedFile::Outcome;
+    const std::vector<SortedFile>& files = run.Report().Files;
+    ASSERT_EQ(files.size(), 4U);
+    EXPECT_TRUE(files[0].What == Outcome::Done && files[0].Source == u"/in/0.mp3");
+    EXPECT_EQ(files[0].Target, u"/to/0.mp3");
+    EXPECT_TRUE(files[1].What == Outcome::Skipped && files[1].Source == u"/in/1.mp3");
+    EXPECT_EQ(files[1].Reason, u"The file is missing");
+    EXPECT_TRUE(files[2].What == Outcome::Skipped && files[2].Source == u"/in/2.mp3");
+    EXPECT_EQ(files[2].Reason, u"There is a file of its new name");
+    EXPECT_TRUE(files[3].What == Outcome::Failed && files[3].Source == u"/in/3.mp3");
+    EXPECT_EQ(files[3].Reason, u"Disk full");
+    // The entry whose target was left alone leaves the list, but it is not what was done.
+    EXPECT_EQ(run.Report().Handled, 2U);
+    EXPECT_EQ(run.Report().LeftAlone, 1U);
+    EXPECT_EQ(SummaryText(run.Report()), u"1 done, 2 skipped, 1 failed");
+}
+
 TEST_F(SortInMemory, AThousandFilesGoWithoutTouchingTheOthers) {
     AddFiles(2000);
     list_.SelectWhere([](FileList::Index row) { return row % 2 == 0; });

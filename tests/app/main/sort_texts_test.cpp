@@ -127,4 +127,19 @@ TEST(SortTexts, TheSummaryCountsDoneSkippedAndFailed) {
     report.Failures.push_back({u"/a.mp3", u"Disk full"});
     EXPECT_EQ(SummaryText(report), u"12 done, 3 skipped, 1 failed");
     EXPECT_EQ(SummaryText({}), u"0 done, 0 skipped, 0 failed");
+    report.LeftAlone = 2;
+    EXPECT_EQ(SummaryText(report), u"10 done, 5 skipped, 1 failed");
+}
+
+TEST(SortTexts, TheListSaysWhatBecameOfEveryEntry) {
+    SortReport report;
+    report.Files = {
+        {SortedFile::Outcome::Done, u"/a.mp3", u"/out/A.mp3", {}},
+        {SortedFile::Outcome::Skipped, u"/b.mp3", {}, u"The file is missing"},
+        {SortedFile::Outcome::Failed, u"/c.mp3", {}, u"Disk full"},
+    };
+    EXPECT_EQ(ReportList(report),
+              u"Done: \"/a.mp3\" to \"/out/A.mp3\"\n"
+              u"Skipped: \"/b.mp3\": The file is missing\n"
+              u"Failed: \"/c.mp3\": Disk full\n");
 }
