@@ -68,12 +68,11 @@ constexpr ControlIcon ControlIcons[] = {
 
 /// What would change the list, or needs it to stand still. At rest while long work is under way.
 constexpr const char* RestingControls[] = {
-    "cmdAddFiles",     "mnuAddFiles",     "cmdLoad",         "mnuLoad",       "cmdSave",
-    "mnuSave",         "cmdClear",        "mnuClear",        "mnuEditName",   "mnuRemFromList",
-    "mnuRemFromHD",    "mnuNonExistent",  "mnuSelV1Files",   "mnuSelV2Files", "cmdSort",
-    "mnuSort",         "cmdSortThisFile", "mnuSortThisFile", "cmdSaveID3",    "mnuSaveID3",
-    "cmdFixID3",       "mnuFixID3",       "cmdOptions",      "mnuOptions",    "cmdNameFromFile",
-    "mnuNameFromFile",
+    "cmdAddFiles",     "mnuAddFiles",     "cmdLoad",       "mnuLoad",         "cmdSave",
+    "mnuSave",         "cmdClear",        "mnuClear",      "mnuRemFromList",  "mnuRemFromHD",
+    "mnuNonExistent",  "mnuSelV1Files",   "mnuSelV2Files", "cmdSort",         "mnuSort",
+    "cmdSortThisFile", "mnuSortThisFile", "cmdSaveID3",    "mnuSaveID3",      "cmdFixID3",
+    "mnuFixID3",       "cmdOptions",      "mnuOptions",    "cmdNameFromFile", "mnuNameFromFile",
 };
 
 void SetIcon(QObject& control, const QIcon& icon) {
@@ -254,6 +253,7 @@ void frmPLM::Work_BusyChanged(bool busy) {
         SetEnabled(*findChild<QObject*>(QLatin1String(name)), !busy);
     ui_->lstFiles->viewport()->setAcceptDrops(!busy);
     ui_->lstPreview->viewport()->setAcceptDrops(!busy);
+    ShowPreviewList();
     const bool names = dynamic_cast<const NamesTask*>(work_.Current()) != nullptr;
     ui_->chkPreview->setEnabled(!busy || names);
     if (busy) return SetStatus({});

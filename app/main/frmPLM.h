@@ -87,6 +87,7 @@ private:
     [[nodiscard]] bool PreviewShown() const;
     [[nodiscard]] NameMaker Maker() const;
     void ComputeNames(std::vector<FileList::Index> rows);
+    void ShowPreviewList();
     void chkPreview_Click();
     void cmbOutPattern_Change();
     void cmbOutPattern_Validate();

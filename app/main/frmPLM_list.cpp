@@ -23,8 +23,10 @@ constexpr TextView SaveFilter = u"Sorting File (*.srt)|*.srt|M3U Playlist(*.m3u)
 constexpr int PlaylistsFilter = 2;
 constexpr int SortingFileFilter = 1;
 
-/// Sizes asked for in one turn of the event loop.
-constexpr FileList::Index SizesPerSlice = 2000;
+/// Sizes asked for between two looks at the clock, and for how long in one turn of the event loop
+/// (milliseconds).
+constexpr FileList::Index SizesAtOnce = 50;
+constexpr qint64 CountingTime = 15;
 
 QString Files(std::size_t count) {
     return count == 1 ? frmPLM::tr("1 file") : frmPLM::tr("%1 files").arg(count);
@@ -218,7 +220,11 @@ void frmPLM::UpdateCounter() {
 }
 
 void frmPLM::CountSlice() {
-    counted_ = UpdateSizes(list_, counted_, SizesPerSlice);
+    QElapsedTimer clock;
+    clock.start();
+    do {
+        counted_ = UpdateSizes(list_, counted_, SizesAtOnce);
+    } while (counted_ < list_.Count() && clock.elapsed() < CountingTime);
     if (counted_ >= list_.Count()) counting_.stop();
     ui_->lblFiles->setText(ToQt(CounterText(list_)));
 }

@@ -1,5 +1,6 @@
 #include "app/main/frmPLM_lists.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QStyledItemDelegate>
@@ -77,6 +78,15 @@ FileListView::FileListView(QWidget* parent) : QListView(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setItemDelegate(new LineDelegate(this));
+    connect(this, &QListView::doubleClicked, this,
+            [this](const QModelIndex& index) { emit LineOpened(index.row()); });
+}
+
+void FileListView::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || event->modifiers().testFlag(Qt::ControlModifier) || !currentIndex().isValid())
+        return QListView::keyPressEvent(event);
+    emit LineOpened(currentIndex().row());
 }
 
 void FileListView::SetHint(const QString& hint) {

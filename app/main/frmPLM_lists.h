@@ -16,7 +16,13 @@ public:
     /// What is shown while the list is empty.
     void SetHint(const QString& hint);
 
+signals:
+    /// A double click, or the Enter key. Not the toolkit's "activated", which is a single click on
+    /// some desktops.
+    void LineOpened(int row);
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 

@@ -41,11 +41,15 @@ void frmPLM::ConnectNames() {
     connect(&selection_, &FileSelection::Changed, this, &frmPLM::Selection_Changed);
     for (FileListView* view : {ui_->lstFiles, ui_->lstPreview})
         connect(view, &QListView::clicked, this, &frmPLM::List_Clicked);
-    connect(ui_->lstPreview, &QListView::activated, this,
-            [this](const QModelIndex& index) { EditNewName(index.row()); });
+    connect(ui_->lstPreview, &FileListView::LineOpened, this, &frmPLM::EditNewName);
     connect(ui_->mnuEditName, &QAction::triggered, this,
             [this] { EditNewName(selection_.CurrentRow()); });
+    ShowPreviewList();
+}
+
+void frmPLM::ShowPreviewList() {
     ui_->wgtPreview->setVisible(PreviewShown());
+    ui_->mnuEditName->setEnabled(PreviewShown() && !work_.Busy());
 }
 
 Text frmPLM::InPattern() const { return FromQt(ui_->cmbInPattern->currentText()); }
@@ -65,7 +69,7 @@ void frmPLM::ComputeNames(std::vector<FileList::Index> rows) {
 }
 
 void frmPLM::chkPreview_Click() {
-    ui_->wgtPreview->setVisible(PreviewShown());
+    ShowPreviewList();
     if (!PreviewShown()) {
         work_.Stop();  // the computing of names: during other work the box is at rest
         return list_.ClearNewNames();
