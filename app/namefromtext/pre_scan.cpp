@@ -1,6 +1,7 @@
 #include "app/namefromtext/pre_scan.h"
 
 #include <array>
+#include <vector>
 
 #include "core/names/fixing_rules.h"
 #include "core/text/code_page.h"
@@ -57,17 +58,44 @@ Text ValueBehind(TextView source, Pos start) {
     return end < start ? Text() : WithoutDecoration(Mid(source, start, end - start));
 }
 
-// `lowerSource` is the lower-case form of `source`: made once for all keys of a long text.
-Text FindValue(TextView source, TextView lowerSource, TextView lowerKey) {
-    const Pos at = InStr(lowerSource, lowerKey);
-    return at == 0 ? Text() : ValueBehind(source, at + static_cast<Pos>(lowerKey.size()));
-}
+// The first place of every key, found in one pass, because a text may be long and keys are many.
+class KeyPlaces {
+public:
+    explicit KeyPlaces(TextView lowerSource) {
+        for (const BoxRow& box : Boxes)
+            for (const TextView key : box.Keys)
+                if (!key.empty()) byLetter_[key[0] - u'a'].push_back({key, 0});
+        for (std::size_t i = 0; i < lowerSource.size(); ++i)
+            if (lowerSource[i] >= u'a' && lowerSource[i] <= u'z') Note(lowerSource, i);
+    }
+
+    [[nodiscard]] Pos Of(TextView key) const {
+        for (const Place& place : byLetter_[key[0] - u'a'])
+            if (place.Key == key) return place.At;
+        return 0;
+    }
+
+private:
+    struct Place {
+        TextView Key;
+        Pos At;  // 0: nowhere
+    };
+
+    void Note(TextView source, std::size_t at) {
+        for (Place& place : byLetter_[source[at] - u'a'])
+            if (place.At == 0 && StartsWith(source.substr(at), place.Key))
+                place.At = static_cast<Pos>(at) + 1;
+    }
+
+    std::array<std::vector<Place>, 26> byLetter_;  // every key begins with a small letter
+};
 
 // A value counts as found when it is not empty before it is cleaned.
-Text FirstValue(TextView source, TextView lowerSource, const BoxRow& box) {
+Text FirstValue(TextView source, const KeyPlaces& places, const BoxRow& box) {
     for (const TextView key : box.Keys) {
-        if (key.empty()) break;
-        Text value = FindValue(source, lowerSource, key);
+        const Pos at = key.empty() ? 0 : places.Of(key);
+        if (at == 0) continue;
+        Text value = ValueBehind(source, at + static_cast<Pos>(key.size()));
         if (!value.empty()) return value;
     }
     return {};
@@ -92,14 +120,15 @@ Text PreScanRemovalSet() {
 }
 
 Text GetATag(TextView strSRC, TextView strTag) {
-    return FindValue(strSRC, LCase(strSRC), LCase(strTag));
+    const Pos at = InStr(LCase(strSRC), LCase(strTag));
+    return at == 0 ? Text() : ValueBehind(strSRC, at + static_cast<Pos>(strTag.size()));
 }
 
 PreScanResult PreScan(TextView source) {
-    const Text lower = LCase(source);
+    const KeyPlaces places(LCase(source));
     PreScanResult result;
     for (const BoxRow& box : Boxes)
-        result.*box.Value = Cleaned(FirstValue(source, lower, box), box.How);
+        result.*box.Value = Cleaned(FirstValue(source, places, box), box.How);
     return result;
 }
 

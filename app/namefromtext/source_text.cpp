@@ -87,6 +87,11 @@ Text BreakLongLines(const Text& places) {
     return broken;
 }
 
+Text ShownOf(Text places) {
+    std::replace_if(places.begin(), places.end(), IsMark, u'\n');
+    return places;
+}
+
 }  // namespace
 
 Text DecodeSourceFile(BytesView contents) {
@@ -114,15 +119,24 @@ void SourceText::Load(TextView text) {
     withoutCrLf_ = places_.find(CrLfMark) == Text::npos;
 }
 
-Text SourceText::Shown() const {
-    Text shown = places_;
-    std::replace_if(shown.begin(), shown.end(), IsMark, u'\n');
-    return shown;
-}
+Text SourceText::Shown() const { return ShownOf(places_); }
 
 void SourceText::Edit(std::size_t position, std::size_t removed, TextView added) {
+    const Text marked = MarkLineEnds(added, CrLfMark, CrLfMark, CrLfMark);
     if (position > places_.size()) return;
-    places_.replace(position, removed, MarkLineEnds(added, CrLfMark, CrLfMark, CrLfMark));
+    if (marked.size() == removed && ShownOf(places_.substr(position, removed)) == ShownOf(marked))
+        return;
+    PutAt(position, removed, marked);
+}
+
+Text SourceText::Paste(std::size_t position, std::size_t removed, TextView added) {
+    const Text marked = BreakLongLines(MarkLineEnds(added, CrLfMark, CrLfMark, CrLfMark));
+    PutAt(std::min(position, places_.size()), removed, marked);
+    return ShownOf(marked);
+}
+
+void SourceText::PutAt(std::size_t position, std::size_t removed, const Text& marked) {
+    places_.replace(position, removed, marked);
     if (places_.empty()) withoutCrLf_ = false;
 }
 

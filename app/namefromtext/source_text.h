@@ -34,7 +34,11 @@ public:
 
     /// The box replaced `removed` characters at 0-based `position` by `added`. Line ends in `added`
     /// (CR LF, CR, LF, U+2029) are typed or pasted ones: they count as CR LF.
+    /// What stands there already is no edit: a box may report a change of looks so.
     void Edit(std::size_t position, std::size_t removed, TextView added);
+    /// The same for a text that the box has yet to show: returns what it has to show for `added`,
+    /// long lines broken.
+    Text Paste(std::size_t position, std::size_t removed, TextView added);
 
     /// The text, or the part of it between two positions of the box, with its own line ends.
     [[nodiscard]] Text Whole() const;
@@ -48,6 +52,8 @@ public:
     void TakeLineEndsAsCrLf();
 
 private:
+    void PutAt(std::size_t position, std::size_t removed, const Text& marked);
+
     Text places_;               // characters, and one mark per break
     bool withoutCrLf_ = false;  // it was loaded, and no CR LF was in it
 };
