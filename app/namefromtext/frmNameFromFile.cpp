@@ -1,0 +1,254 @@
+#include "app/namefromtext/frmNameFromFile.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+
+#include "app/namefromtext/qt_pair_model.h"
+#include "app/namefromtext/qt_sliced_work.h"
+#include "app/shared/app_context.h"
+#include "app/shared/entry_filter.h"
+#include "app/shared/file_drops.h"
+#include "app/shared/icons.h"
+#include "app/shared/name_from_text_host.h"
+#include "app/shared/qt_text.h"
+#include "app/shared/window_state.h"
+#include "core/tags/genres.h"
+#include "core/text/code_page.h"
+#include "ui_frmNameFromFile.h"
+
+namespace mdlPLM {
+
+namespace {
+
+// The blanks at the ends of its lines are part of the text.
+constexpr TextView PatternHelp =
+    u"Here you define the inpattern that matches the text and the outpattern that will be used for "
+    u"the new filenames. \r\n"
+    u"%track = TrackNr    %artist = Artist    %title = Title    %album = Album \r\n"
+    u"The characters between are the separators. ";
+
+void FillPatternBox(QComboBox& box, const std::vector<Text>& patterns, const Text& current) {
+    box.setCompleter(nullptr);
+    for (const Text& pattern : patterns) box.addItem(ToQt(pattern));
+    box.setEditText(ToQt(current));
+}
+
+void SetStretch(QSplitter& splitter, int first, int second) {
+    splitter.setStretchFactor(0, first);
+    splitter.setStretchFactor(1, second);
+}
+
+}  // namespace
+
+frmNameFromFile::frmNameFromFile(AppContext& context, NameFromTextHost& host, QWidget* parent)
+    : QMainWindow(parent),
+      context_(context),
+      host_(host),
+      ui_(std::make_unique<Ui::frmNameFromFile>()),
+      oldFiles_(new PairColumn(lists_, PairColumn::Side::OldFiles, this)),
+      newNames_(new PairColumn(lists_, PairColumn::Side::NewNames, this)),
+      work_(new SlicedWork(this)) {
+    ui_->setupUi(this);
+    setWindowIcon(Icon(IconName::NameFromText));
+    SetUpStatusLine();
+    SetUpBoxes();
+    SetUpLists();
+    ConnectText();
+    ConnectLists();
+    LoadPatterns();
+    RestoreGeometry(*this, context_.Store);
+    RestoreSplitter(*ui_->splTop, context_.Store);
+    RestoreSplitter(*ui_->splLists, context_.Store);
+}
+
+frmNameFromFile::~frmNameFromFile() = default;
+
+void frmNameFromFile::SetUpBoxes() {
+    ui_->fraLineEnds->hide();
+    for (QLineEdit* box : findChildren<QLineEdit*>()) FilterEntry(*box);
+    for (const Bytes& genre : SortedGenreNames()) ui_->cmbGenre->addItem(ToQt(FromCodePage(genre)));
+    ui_->cmbGenre->setCurrentIndex(-1);
+    ui_->cmdOpenSource->setIcon(Icon(IconName::OpenList));
+    ui_->cmdAddFiles->setIcon(Icon(IconName::AddFiles));
+    ui_->cmdRemoveFile->setIcon(Icon(IconName::Remove));
+    ui_->cmdRemoveNew->setIcon(Icon(IconName::Remove));
+    ui_->cmdClearOld->setIcon(Icon(IconName::ClearList));
+    ui_->cmdClearNew->setIcon(Icon(IconName::ClearList));
+    ui_->cmdScan->setIcon(Icon(IconName::NameFromText));
+    SetStretch(*ui_->splTop, 3, 2);
+    SetStretch(*ui_->splLists, 3, 2);
+}
+
+void frmNameFromFile::SetUpLists() {
+    ui_->lstOldFileNames->setModel(oldFiles_);
+    ui_->lstNewFileNames->setModel(newNames_);
+    ui_->lstOldFileNames->PairWith(ui_->lstNewFileNames);
+    ui_->lstOldFileNames->SetHint(
+        tr("The MP3 files to rename.\nFiles and folders can be dropped here."));
+    ui_->lstNewFileNames->SetHint(tr("The names that a scan makes, each beside its file."));
+    new FileDrops(ui_->lstOldFileNames->viewport(),
+                  [this](std::vector<Text> paths) { GatherDropped(std::move(paths)); });
+    connect(oldFiles_, &PairColumn::CountChanged, newNames_, &PairColumn::ShowPartners);
+    connect(newNames_, &PairColumn::CountChanged, oldFiles_, &PairColumn::ShowPartners);
+}
+
+void frmNameFromFile::SetUpStatusLine() {
+    lblWork_ = new QLabel(this);
+    prgWork_ = new QProgressBar(this);
+    cmdDetails_ = new QPushButton(tr("S&how failed files..."), this);
+    cmdStop_ = new QPushButton(Icon(IconName::Stop), tr("S&top"), this);
+    lblWork_->setObjectName(QStringLiteral("lblWork"));
+    lblWork_->setTextFormat(Qt::PlainText);
+    prgWork_->setObjectName(QStringLiteral("prgWork"));
+    prgWork_->setMaximumWidth(180);
+    prgWork_->setAccessibleName(tr("Progress"));
+    cmdDetails_->setObjectName(QStringLiteral("cmdDetails"));
+    cmdStop_->setObjectName(QStringLiteral("cmdStop"));
+    statusBar()->addWidget(lblWork_, 1);
+    for (QWidget* widget : {static_cast<QWidget*>(prgWork_), static_cast<QWidget*>(cmdStop_),
+                            static_cast<QWidget*>(cmdDetails_)}) {
+        statusBar()->addPermanentWidget(widget);
+        widget->hide();
+    }
+}
+
+void frmNameFromFile::ConnectText() {
+    using Form = frmNameFromFile;
+    connect(ui_->cmdOpenSource, &QPushButton::clicked, this, &Form::cmdOpenSource_Click);
+    connect(ui_->mnuOpenSource, &QAction::triggered, this, &Form::cmdOpenSource_Click);
+    connect(ui_->cmdTakeLineEnds, &QPushButton::clicked, this, &Form::cmdTakeLineEnds_Click);
+    connect(ui_->txtSourceText, &SourceBox::TextComing, this, &Form::ShowComingText);
+    connect(ui_->txtSourceText, &SourceBox::FilesDropped, this,
+            [this](const std::vector<Text>& paths) { OpenSource(paths.front()); });
+    connect(ui_->txtSourceText, &SourceBox::textChanged, this, &Form::ShowLineEndOffer);
+    connect(ui_->cmdScan, &QPushButton::clicked, this, &Form::cmdScan_Click);
+    connect(ui_->chkIgnoreFirst, &QCheckBox::toggled, ui_->txtIgnoreFirst, &QWidget::setEnabled);
+    connect(ui_->chkIgnoreLast, &QCheckBox::toggled, ui_->txtIgnoreLast, &QWidget::setEnabled);
+    // The two warnings differ on purpose.
+    connect(ui_->txtArtist, &QLineEdit::textChanged, this, [this] {
+        WarnAboutLength(*ui_->txtArtist, tr("Artist"),
+                        tr("Artist (Optimized=More than 30 characters)"));
+    });
+    connect(ui_->txtAlbum, &QLineEdit::textChanged, this, [this] {
+        WarnAboutLength(*ui_->txtAlbum, tr("Album"), tr("Album (More than 30 characters)"));
+    });
+}
+
+void frmNameFromFile::ConnectLists() {
+    using Form = frmNameFromFile;
+    using Direction = PairLists::Direction;
+    const auto onClick = [this](QPushButton* button, auto handler) {
+        connect(button, &QPushButton::clicked, this, handler);
+    };
+    onClick(ui_->cmdAddFiles, &Form::cmdAddFiles_Click);
+    onClick(ui_->cmdRemoveFile, &Form::cmdRemoveFile_Click);
+    onClick(ui_->cmdRemoveNew, &Form::cmdRemoveNew_Click);
+    onClick(ui_->cmdClearOld, [this] { oldFiles_->Clear(), ShowOldCount(); });
+    onClick(ui_->cmdClearNew, [this] { newNames_->Clear(), ShowNewCount(); });
+    onClick(ui_->cmdMoveUp, [this] { MoveSelected(Direction::Up); });
+    onClick(ui_->cmdMoveDn, [this] { MoveSelected(Direction::Down); });
+    onClick(ui_->cmdRenameFiles, &Form::cmdRenameFiles_Click);
+    onClick(ui_->cmdClose, &QWidget::close);
+    onClick(cmdStop_, &Form::cmdStop_Click);
+    connect(work_, &SlicedWork::SliceDone, this, &Form::ShowWorkProgress);
+    onClick(cmdDetails_, &Form::cmdDetails_Click);
+    connect(ui_->mnuAddMP3, &QAction::triggered, this, &Form::cmdAddFiles_Click);
+    connect(ui_->mnuClose, &QAction::triggered, this, &QWidget::close);
+    PairedListView* const oldList = ui_->lstOldFileNames;
+    PairedListView* const newList = ui_->lstNewFileNames;
+    connect(oldList->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &Form::lstOldFileNames_Click);
+    // The counters are left alone by this key, on purpose.
+    connect(oldList, &PairedListView::DeletePressed, this,
+            [this, oldList] { oldFiles_->Remove(oldList->SelectedRow()); });
+    connect(newList, &PairedListView::DeletePressed, this,
+            [this, newList] { newNames_->Remove(newList->SelectedRow()); });
+    connect(newList, &QListView::doubleClicked, this, &Form::lstNewFileNames_DblClick);
+    connect(newList, &PairedListView::EditPressed, this, &Form::lstNewFileNames_DblClick);
+}
+
+void frmNameFromFile::LoadPatterns() {
+    ui_->lblPattern->setText(ToQt(PatternHelp));
+    FillPatternBox(*ui_->cmbInPattern, LoadInPatterns(context_.ListsFolder), host_.InPattern());
+    FillPatternBox(*ui_->cmbOutPattern, LoadOutPatterns(context_.ListsFolder), host_.OutPattern());
+}
+
+void frmNameFromFile::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (centred_ || isMaximized()) return;
+    centred_ = true;
+    resize(size().boundedTo(screen()->availableSize()));
+    move(screen()->geometry().center() - rect().center());
+}
+
+void frmNameFromFile::closeEvent(QCloseEvent* event) {
+    // A box is waiting for its answer in the middle of a piece of work.
+    if (work_->Working()) return event->ignore();
+    work_->Stop();
+    CloseRun();
+    KeepGeometry(*this, context_.Store);
+    KeepSplitter(*ui_->splTop, context_.Store);
+    KeepSplitter(*ui_->splLists, context_.Store);
+    event->accept();
+}
+
+void frmNameFromFile::BeginWork(const QString& what) {
+    workName_ = what;
+    cmdDetails_->hide();
+    lblWork_->clear();
+}
+
+int frmNameFromFile::WorkPercent() const {
+    if (scan_) return static_cast<int>(100 * scan_->Done() / scan_->Total());
+    return gathering_ ? -1 : ui_->txtSourceText->FilledPercent();
+}
+
+// Short work is over before this shows anything.
+void frmNameFromFile::ShowWorkProgress() {
+    if (run_) return;
+    EnableControls(false);
+    const int percent = WorkPercent();
+    lblWork_->setText(workName_);
+    prgWork_->setRange(0, percent < 0 ? 0 : 100);
+    prgWork_->setValue(percent);
+    prgWork_->show();
+    cmdStop_->show();
+}
+
+// What came together goes into its list in one go: a list lays all its rows out after each change.
+void frmNameFromFile::EndWork(const QString& said) {
+    if (scan_) {
+        newNames_->Append(coming_);
+        ShowNewCount();
+    } else if (gathering_) {
+        oldFiles_->Append(coming_);
+        ShowOldCount();
+    }
+    coming_.clear();
+    scan_.reset();
+    gathering_.reset();
+    prgWork_->hide();
+    cmdStop_->hide();
+    EnableControls(true);
+    lblWork_->setText(said);
+}
+
+void frmNameFromFile::EnableControls(bool on) {
+    if (on == ui_->centralwidget->isEnabled()) return;
+    if (!on) focusBefore_ = focusWidget();
+    ui_->centralwidget->setEnabled(on);
+    ui_->mnuOpenSource->setEnabled(on);
+    ui_->mnuAddMP3->setEnabled(on);
+    if (on && focusBefore_ != nullptr) focusBefore_->setFocus();
+}
+
+void frmNameFromFile::cmdStop_Click() {
+    work_->Stop();
+    ui_->txtSourceText->StopFilling();
+    EndWork(tr("Stopped."));
+}
+
+}  // namespace mdlPLM

@@ -1,0 +1,153 @@
+// The album text: opening, pasting, pre-scan and line scan.
+#include <QPalette>
+
+#include "app/namefromtext/frmNameFromFile.h"
+#include "app/namefromtext/pre_scan.h"
+#include "app/namefromtext/qt_pair_model.h"
+#include "app/namefromtext/qt_sliced_work.h"
+#include "app/shared/app_context.h"
+#include "app/shared/file_dialogs.h"
+#include "app/shared/name_from_text_host.h"
+#include "app/shared/qt_text.h"
+#include "core/platform/path.h"
+#include "ui_frmNameFromFile.h"
+
+namespace mdlPLM {
+
+namespace {
+
+// The longest text that an ID3v1 field holds.
+constexpr int FieldLimit = 30;
+constexpr QRgb WarningColour = 0xFFFFFFC0;
+constexpr std::size_t LinesPerPiece = 200;
+// An album text of this size is most likely something else.
+constexpr std::int64_t LargeFile = 64 << 20;
+
+Text Shown(const QComboBox& box) { return FromQt(box.currentText()); }
+
+Text WithoutSeparator(Text folder) {
+    if (folder.size() > 1) folder.pop_back();
+    return folder;
+}
+
+bool MayRead(const Text& path, Prompts& ask) {
+    const std::int64_t size = FileLength(path);
+    if (size < LargeFile) return true;
+    return ask.AskYesNo({{},
+                         u"The file \"" + path + u"\" has " + NumberText(size >> 20) +
+                             u" megabytes.\r\nRead it as an album text all the same?",
+                         {}}) == Answer::Yes;
+}
+
+QString NamesMade(std::size_t count) {
+    return count == 1 ? frmNameFromFile::tr("1 name made.")
+                      : frmNameFromFile::tr("%1 names made.").arg(count);
+}
+
+}  // namespace
+
+void frmNameFromFile::cmdOpenSource_Click() {
+    FileDialogRequest request;
+    request.Title = u"Open Sourcefile";
+    request.Filter = u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
+    request.InitialFolder = lists_.OldFiles().empty() ? host_.LastSourceFolder()
+                                                      : FolderOfPath(lists_.OldFiles()[0].Path);
+    const FileDialogResult chosen = context_.Dialogs.OpenFiles(this, request);
+    if (!chosen.Paths.empty() && !Trim(chosen.Paths[0]).empty()) OpenSource(chosen.Paths[0]);
+}
+
+void frmNameFromFile::OpenSource(const Text& path) {
+    if (!MayRead(path, context_.Ask)) return;
+    Text text;
+    const Status status = ReadSourceFile(path, context_.Values, text);
+    if (!status.Ok()) return context_.Ask.Critical({{}, ErrorMessage(status.Number()), path});
+    host_.SetLastSourceFolder(WithoutSeparator(FolderOfPath(path)));
+    ui_->txtSourceText->Load(text);
+    ShowComingText(true);
+}
+
+void frmNameFromFile::ShowComingText(bool preScan) {
+    SourceBox* const box = ui_->txtSourceText;
+    BeginWork(tr("Showing the text..."));
+    work_->Start([box] { return box->FillStep(); },
+                 [this, preScan] {
+                     EndWork({});
+                     if (preScan) PreScanText();
+                     ShowLineEndOffer();
+                 });
+}
+
+void frmNameFromFile::ShowLineEndOffer() {
+    ui_->fraLineEnds->setVisible(ui_->txtSourceText->Source().OffersLineEnds());
+}
+
+void frmNameFromFile::cmdTakeLineEnds_Click() {
+    ui_->txtSourceText->TakeLineEndsAsCrLf();
+    ShowLineEndOffer();
+    ui_->txtSourceText->setFocus();
+    PreScanText();
+}
+
+void frmNameFromFile::PreScanText() {
+    const PreScanResult found = PreScan(ui_->txtSourceText->Source().Whole());
+    const auto show = [](QLineEdit& box, const Text& text) {
+        box.setText(ToQt(text));
+        box.setCursorPosition(0);
+    };
+    show(*ui_->txtArtist, found.Artist);
+    show(*ui_->txtAlbum, found.Album);
+    show(*ui_->txtYear, found.Year);
+    show(*ui_->txtReleaseDate, found.ReleaseDate);
+}
+
+ScanChoices frmNameFromFile::ReadScanChoices() const {
+    ScanChoices choices;
+    choices.InPattern = Shown(*ui_->cmbInPattern);
+    choices.OutPattern = Shown(*ui_->cmbOutPattern);
+    choices.chkIgnoreFirst = ui_->chkIgnoreFirst->isChecked();
+    choices.txtIgnoreFirst = FromQt(ui_->txtIgnoreFirst->text());
+    choices.chkIgnoreLast = ui_->chkIgnoreLast->isChecked();
+    choices.txtIgnoreLast = FromQt(ui_->txtIgnoreLast->text());
+    choices.txtArtist = FromQt(ui_->txtArtist->text());
+    choices.txtAlbum = FromQt(ui_->txtAlbum->text());
+    choices.txtYear = FromQt(ui_->txtYear->text());
+    choices.chkArtist4All = ui_->chkArtist4All->isChecked();
+    choices.chkAlbum4All = ui_->chkAlbum4All->isChecked();
+    choices.chkYear4All = ui_->chkYear4All->isChecked();
+    choices.chkConvert = host_.chkConvert();
+    return choices;
+}
+
+void frmNameFromFile::cmdScan_Click() {
+    ui_->cmbInPattern->setEditText(ToQt(Trim(Shown(*ui_->cmbInPattern))));
+    Text whole = ui_->txtSourceText->Source().Whole();
+    if (Trim(whole).empty()) return;
+    const ScanChoices choices = ReadScanChoices();
+    if (const std::optional<Text> fault = FaultOfIgnoreBoxes(choices))
+        return context_.Ask.Inform({{}, *fault, {}});
+    const Text selected = ui_->txtSourceText->SelectedText();
+    ScanChosenText(selected.empty() ? std::move(whole) : selected, choices);
+}
+
+void frmNameFromFile::ScanChosenText(Text text, ScanChoices choices) {
+    scan_ = std::make_unique<LineScan>(std::move(text), std::move(choices), context_.Values,
+                                       context_.Replacements);
+    BeginWork(tr("Scanning..."));
+    work_->Start([this] { return scan_->Step(LinesPerPiece, coming_); },
+                 [this] { EndWork(NamesMade(coming_.size())); });
+}
+
+void frmNameFromFile::WarnAboutLength(QLineEdit& box, const QString& plainTip,
+                                      const QString& warning) {
+    const bool tooLong = box.text().size() > FieldLimit;
+    QPalette palette;
+    if (tooLong) {
+        // Black, because the colour of the warning is a light one in a dark palette too.
+        palette.setColor(QPalette::Base, QColor(WarningColour));
+        palette.setColor(QPalette::Text, Qt::black);
+    }
+    box.setPalette(palette);
+    box.setToolTip(tooLong ? warning : plainTip);
+}
+
+}  // namespace mdlPLM
