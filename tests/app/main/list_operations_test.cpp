@@ -13,10 +13,12 @@ namespace {
 
 using Names = std::vector<Text>;
 
+constexpr std::int64_t Megabyte = std::int64_t{1024} * 1024;
+
 class ListOperations : public ::testing::Test {
 protected:
     Text Add(TextView name, BytesView contents = {}) {
-        const Text path = temp_.File(name, contents);
+        Text path = temp_.File(name, contents);
         list_.Append({path});
         return path;
     }
@@ -48,8 +50,8 @@ Bytes Trailer() { return "TAG" + Bytes(ID3v1Size - 3, '\0'); }
 TEST_F(ListOperations, TheCounterShowsCountAndMegabytes) {
     EXPECT_EQ(CounterText(list_), u"0 files (0 Mb)");
     for (int i = 0; i < 1500; ++i) list_.Append({u"/m/a.mp3"});
-    list_.SetSize(0, 1024 * 1024);
-    list_.SetSize(1, 512 * 1024);
+    list_.SetSize(0, Megabyte);
+    list_.SetSize(1, Megabyte / 2);
     EXPECT_EQ(CounterText(list_), u"1500 files (1.5 Mb)");
 }
 
@@ -62,9 +64,9 @@ TEST_F(ListOperations, TheSizeIsRoundedToTwoDecimals) {
         {1, 0, u"1 files (0 Mb)"},
         {5242, 0, u"1 files (0 Mb)"},
         {5243, 0.01, u"1 files (0.01 Mb)"},
-        {3 * 1024 * 1024, 3, u"1 files (3 Mb)"},
+        {3 * Megabyte, 3, u"1 files (3 Mb)"},
         {1294496, 1.23, u"1 files (1.23 Mb)"},
-        {std::int64_t{5000} * 1024 * 1024 * 1024, 5120000, u"1 files (5120000 Mb)"},
+        {5120000 * Megabyte, 5120000, u"1 files (5120000 Mb)"},
     };
     list_.Append({u"/m/a.mp3"});
     for (const auto& each : cases) {
@@ -91,7 +93,7 @@ TEST_F(ListOperations, SizesAreWorkedOutInSlices) {
 }
 
 TEST_F(ListOperations, AFileThatHasGoneDropsOutOfTheSum) {
-    Add(u"a.mp3", Bytes(1024 * 1024, 'x'));
+    Add(u"a.mp3", Bytes(Megabyte, 'x'));
     AddMissing(u"gone.mp3");
     list_.Append({temp_.Folder(u"folder")});
     UpdateSizes(list_, 0, 10);

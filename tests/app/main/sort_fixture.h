@@ -24,7 +24,7 @@ protected:
 
     /// A file in the folder "in" that is put into the list and selected.
     Text Add(TextView name, BytesView contents = "sound") {
-        const Text path = temp_.File(u"in/" + Text(name), contents);
+        Text path = temp_.File(u"in/" + Text(name), contents);
         AddPath(path);
         return path;
     }

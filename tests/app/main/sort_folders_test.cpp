@@ -52,8 +52,8 @@ TEST(FolderName, IsOneFolderName) {
 
 TEST(LetterFolder, IsTheFirstCharacterInUpperCase) {
     struct {
-        TextView Given;
-        TextView Expected;
+        Text Given;
+        Text Expected;
     } const cases[] = {
         {u"abba.mp3", u"A"},
         {u"Abba.mp3", u"A"},

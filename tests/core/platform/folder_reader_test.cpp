@@ -10,8 +10,9 @@ using namespace mdlPLM;
 namespace {
 
 std::vector<Text> Names(const std::vector<FolderItem>& items) {
-    std::vector<Text> names;
-    for (const FolderItem& item : items) names.push_back(item.Name);
+    std::vector<Text> names(items.size());
+    std::transform(items.begin(), items.end(), names.begin(),
+                   [](const FolderItem& item) { return item.Name; });
     return names;
 }
 
