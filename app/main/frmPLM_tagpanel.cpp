@@ -38,10 +38,11 @@ constexpr StreamLabel StreamLabels[] = {
     {&Ui::frmPLM_tagpanel::txtfLength, &StreamLines::Length},
 };
 
-/// Puts a text into a box and leaves the cursor where it was, counted from the text's end.
+/// Puts a text into a box. While the user types there, the cursor stays where it was, counted from
+/// the text's end; any other box shows the beginning of its text.
 void SetBoxText(QLineEdit& box, const QString& text) {
     if (box.text() == text) return;
-    const auto behind = box.text().size() - box.cursorPosition();
+    const auto behind = box.hasFocus() ? box.text().size() - box.cursorPosition() : text.size();
     box.setText(text);
     box.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
 }
