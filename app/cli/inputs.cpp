@@ -1,0 +1,128 @@
+#include "app/cli/inputs.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "app/cli/terminal_prompts.h"
+#include "app/main/folder_walk.h"
+#include "app/main/list_files.h"
+#include "core/platform/path.h"
+
+namespace mdlPLM::cli {
+
+namespace {
+
+constexpr BytesView StandardInput = "-";
+
+class Gathering {
+public:
+    Gathering(Session& session, PathSpelling& spelling, FileList& list)
+        : session_(session), spelling_(spelling), list_(list) {}
+    ~Gathering() { AppendFiles(); }
+    Gathering(const Gathering&) = delete;
+    Gathering& operator=(const Gathering&) = delete;
+
+    void TakeArgument(const Bytes& argument);
+    void TakeStandardInput(char end);
+
+private:
+    void TakePath(BytesView native);
+    void Walk(TextView folder);
+    void CheckFolder(TextView folder);
+    void ReadList(TextView path);
+    void AppendFiles();
+
+    Session& session_;
+    PathSpelling& spelling_;
+    FileList& list_;
+    std::vector<Text> files_;  ///< not yet in the list
+};
+
+void Gathering::TakeArgument(const Bytes& argument) {
+    if (argument != StandardInput) return TakePath(argument);
+    // --null says how standard input is read; it is read once.
+    if (!session_.Asked.Common.NulSeparated) TakeStandardInput('\n');
+}
+
+void Gathering::TakeStandardInput(char end) {
+    const Bytes all = session_.Streams.ReadAll();
+    for (BytesView rest = all; !rest.empty();) {
+        const std::size_t length = std::min(rest.find(end), rest.size());
+        if (length > 0) TakePath(rest.substr(0, length));
+        rest.remove_prefix(std::min(length + 1, rest.size()));
+    }
+}
+
+void Gathering::TakePath(BytesView native) {
+    const Text path = spelling_.Absolute(PathFromNative(native));
+    switch (KindOfDropped(path)) {
+        case DroppedKind::Folder:
+            return Walk(path);
+        case DroppedKind::ListFile:
+            return ReadList(path);
+        case DroppedKind::SingleFile:
+            files_.push_back(path);
+            return;
+        case DroppedKind::Nothing:
+            return;
+    }
+}
+
+void Gathering::Walk(TextView folder) {
+    const bool ended = IsSeparator(folder.back());
+    FolderWalk walk(ended ? Text(folder) : Text(folder) + Separator, session_.Values.Extension);
+    const std::size_t before = files_.size();
+    while (!walk.Finished() && !session_.Results.ShouldStop()) {
+        walk.Step(files_);
+        session_.Results.Progress(NumberText(static_cast<long long>(files_.size())) + u" files");
+    }
+    if (files_.size() == before) CheckFolder(folder);
+}
+
+// A walk passes over what it cannot list, but the folder that was named is not to be.
+void Gathering::CheckFolder(TextView folder) {
+    std::vector<FolderItem> items;
+    const Status listed = ListFolder(folder, items);
+    if (!listed.Ok()) session_.Results.Fail(spelling_.Shown(folder), Describe(listed.Number()));
+}
+
+void Gathering::ReadList(TextView path) {
+    AppendFiles();
+    TerminalPrompts prompts(session_.Streams, session_.Results, false);
+    const Status read = LoadListFile(path, list_, prompts);
+    if (!read.Ok()) session_.Results.Fail(spelling_.Shown(path), Describe(read.Number()));
+}
+
+void Gathering::AppendFiles() { list_.Append(std::exchange(files_, {})); }
+
+}  // namespace
+
+Text PathSpelling::Absolute(TextView given) {
+    const bool absolute = std::filesystem::path(NativePath(given)).is_absolute();
+    if (absolute || given.empty()) return Text(given);
+    relative_ = true;
+    return base_ + Text(given);
+}
+
+Text PathSpelling::Shown(TextView path) const {
+    const bool below = relative_ && path.size() > base_.size() && StartsWith(path, base_);
+    return Text(below ? path.substr(base_.size()) : path);
+}
+
+bool GatherFiles(Session& session, PathSpelling& spelling, FileList& list) {
+    const CommonOptions& common = session.Asked.Common;
+    if (common.Paths.empty() && !common.NulSeparated) {
+        session.Results.Misuse(u"no files were given");
+        return false;
+    }
+    {
+        Gathering gathering(session, spelling, list);
+        for (const Bytes& argument : common.Paths) gathering.TakeArgument(argument);
+        if (common.NulSeparated) gathering.TakeStandardInput('\0');
+    }
+    list.SelectAll();
+    session.Results.EndProgress();
+    return true;
+}
+
+}  // namespace mdlPLM::cli

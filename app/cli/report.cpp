@@ -1,0 +1,102 @@
+#include "app/cli/report.h"
+
+#include <algorithm>
+
+#include "core/text/code_page.h"
+
+namespace mdlPLM::cli {
+
+namespace {
+
+constexpr std::chrono::milliseconds ProgressPause{100};
+constexpr BytesView WipeLine = "\r\x1b[K";
+
+bool IsControl(char16_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
+
+Text OnOneLine(TextView text) {
+    Text shown(text);
+    std::replace_if(shown.begin(), shown.end(), IsControl, u'?');
+    return shown;
+}
+
+}  // namespace
+
+Text Harmless(TextView text) {
+    Text shown(text);
+    std::replace_if(
+        shown.begin(), shown.end(), [](char16_t c) { return IsControl(c) && c != u'\n'; }, u'?');
+    return shown;
+}
+
+Report::~Report() { EndProgress(); }
+
+void Report::Line(BytesView line) {
+    if (console_.Kinds().Out) EndProgress();
+    console_.Out(line);
+    console_.Out("\n");
+}
+
+void Report::Object(const JsonObject& object) {
+    if (console_.Kinds().Out) EndProgress();
+    console_.Out(object.Line());
+}
+
+Bytes Report::Shown(TextView text) const {
+    return ToUtf8(console_.Kinds().Out ? OnOneLine(text) : Text(text));
+}
+
+void Report::Error(TextView message) {
+    EndProgress();
+    console_.Errors(Bytes(ProgramName) + ": " + ToUtf8(Harmless(message)) + "\n");
+}
+
+void Report::Fail(TextView path, TextView reason) {
+    ++failures_;
+    Error(OnOneLine(path) + u": " + Text(reason));
+}
+
+void Report::Fail(TextView message) {
+    ++failures_;
+    Error(message);
+}
+
+void Report::Tell(TextView message) { Error(message); }
+
+void Report::Misuse(TextView message) {
+    misused_ = true;
+    Error(message);
+}
+
+void Report::Progress(TextView text) {
+    const Terminals kinds = console_.Kinds();
+    const auto now = std::chrono::steady_clock::now();
+    if (!kinds.Errors || now - lastProgress_ < ProgressPause) return;
+    lastProgress_ = now;
+    progressShown_ = true;
+    // The last column stays free: a terminal that wraps there would scroll.
+    const Text fitting = Left(OnOneLine(text), kinds.Columns - 1);
+    console_.Errors(Bytes(WipeLine) + ToUtf8(fitting));
+}
+
+void Report::EndProgress() {
+    if (!progressShown_) return;
+    progressShown_ = false;
+    console_.Errors(WipeLine);
+}
+
+bool Report::ShouldStop() const { return console_.Interrupted() || console_.OutFailed(); }
+
+bool Report::MayBegin(std::size_t done, std::size_t total) {
+    if (done == total || !ShouldStop()) return done < total;
+    const auto number = [](std::size_t count) { return NumberText(static_cast<long long>(count)); };
+    if (console_.Interrupted())
+        Fail(u"stopped: " + number(done) + u" of " + number(total) + u" files done");
+    return false;
+}
+
+ExitStatus Report::Status() const {
+    if (misused_) return UsedWrongly;
+    return failures_ > 0 || ShouldStop() ? SomeFailed : AllDone;
+}
+
+}  // namespace mdlPLM::cli

@@ -1,0 +1,214 @@
+#include <utility>
+
+#include "app/cli/commands.h"
+#include "app/cli/inputs.h"
+#include "app/cli/planning_disk.h"
+#include "app/cli/planning_tag_writer.h"
+#include "app/cli/tag_wishes.h"
+#include "app/cli/terminal_prompts.h"
+#include "app/main/tag_panel.h"
+#include "core/text/code_page.h"
+
+namespace mdlPLM::cli {
+
+namespace {
+
+constexpr TextView BoxTitle = u"Pellmore";
+
+constexpr BytesView Read = "read";
+constexpr BytesView Written = "written";
+constexpr BytesView Unchanged = "unchanged";
+constexpr BytesView Failed = "failed";
+
+bool Has(const TagBoxes& boxes, TagVersion version) {
+    return version == TagVersion::V1 ? boxes.chkID3v1 : boxes.chkID3v2;
+}
+
+/// The box of a field in one version; nothing when that version does not have the field.
+const Text* BoxOf(const TagField& field, const TagBoxes& boxes, TagVersion version) {
+    if (version == TagVersion::V2) return &(boxes.*RowOf(field.V2).Value);
+    return field.V1 ? &(boxes.*RowOf(*field.V1).Value) : nullptr;
+}
+
+void PutVersion(JsonObject& object, const char* key, const TagBoxes& boxes, TagVersion version) {
+    if (!Has(boxes, version)) {
+        object.PutNull(key);
+        return;
+    }
+    JsonObject tag;
+    for (const TagField& field : TagFields())
+        if (const Text* const box = BoxOf(field, boxes, version)) tag.Put(field.Word, *box);
+    object.Put(key, std::move(tag));
+}
+
+struct TagResult {
+    Text Path;  ///< as it is shown
+    TagBoxes Boxes;
+    BytesView Word;  ///< what became of the file
+    Text Reason;
+};
+
+JsonObject ObjectOf(const Report& report, const TagResult& result, bool changes) {
+    JsonObject object;
+    object.Put("path", result.Path);
+    PutVersion(object, "v1", result.Boxes, TagVersion::V1);
+    PutVersion(object, "v2", result.Boxes, TagVersion::V2);
+    object.Put("outcome", result.Word).PutOrNull("reason", result.Reason);
+    if (changes && report.DryRun()) object.Put("dry_run", true);
+    return object;
+}
+
+void PutBoxLines(Report& report, const TagBoxes& boxes, TagVersion version, const char* name) {
+    if (!Has(boxes, version)) return;
+    report.Line(Bytes("    ") + name);
+    for (const TagBoxRow& row : TagBoxTable)
+        if (row.Version == version && !(boxes.*row.Value).empty())
+            report.Line("        " + ToUtf8(row.Label) + report.Shown(boxes.*row.Value));
+}
+
+void PutTags(Report& report, const TagResult& result) {
+    const bool failed = !result.Reason.empty();
+    if (report.Json()) {
+        report.Object(ObjectOf(report, result, false));
+    } else if (!failed) {
+        report.Line(report.Shown(result.Path));
+        PutBoxLines(report, result.Boxes, TagVersion::V1, "ID3v1");
+        PutBoxLines(report, result.Boxes, TagVersion::V2, "ID3v2");
+    }
+    if (failed) report.Fail(result.Path, result.Reason);
+}
+
+void ShowTags(Session& session, const PathSpelling& spelling, const FileList& list) {
+    Report& report = session.Results;
+    for (FileList::Index row = 0; report.MayBegin(row, list.Count()); ++row) {
+        TagResult result{spelling.Shown(list.Path(row)), {}, Read, {}};
+        FileTags tags;
+        const Status read = ReadForChange(list.Path(row), tags);
+        result.Boxes = ShowBoxes(tags, session.Values.bOptimizedID3v1);
+        if (!read.Ok()) {
+            result.Word = Failed;
+            result.Reason = Describe(read.Number());
+        }
+        PutTags(report, result);
+    }
+}
+
+/// One run over the files that changes their tags.
+class Tagging {
+public:
+    Tagging(Session& session, const PathSpelling& spelling, TagWishes wishes)
+        : session_(session),
+          report_(session.Results),
+          spelling_(spelling),
+          wishes_(std::move(wishes)),
+          writer_(disk_) {}
+
+    void Run(const FileList& list);
+
+private:
+    [[nodiscard]] bool MayBegin(const FileList& list);
+    void Put(const Text& path, const TagReport& now);
+    [[nodiscard]] TagResult Judge(const Text& path, const TagReport& now) const;
+    void Summarize(const TagReport& result);
+
+    Session& session_;
+    Report& report_;
+    const PathSpelling& spelling_;
+    const TagWishes wishes_;
+    PlanningDisk disk_;
+    PlanningTagWriter writer_;
+    TagBoxes boxes_;  ///< of the file in hand, as they become
+    // What the run had told before that file.
+    std::size_t written_ = 0;
+    std::size_t failures_ = 0;
+};
+
+// The question is the panel's; without a terminal the command itself is the answer to it, because
+// it says nothing that the command does not.
+bool Tagging::MayBegin(const FileList& list) {
+    const bool asks = list.Count() > 1 && wishes_.SetsOrRemoves() && !report_.DryRun() &&
+                      session_.Streams.Kinds().Ask;
+    if (!asks) return true;
+    TerminalPrompts prompts(session_.Streams, report_, session_.Asked.Common.Yes);
+    const Message question{Text(BoxTitle), ConfirmationText(BoxesOfWishes(wishes_)), {}};
+    if (prompts.AskYesNo(question) == Answer::Yes) return true;
+    report_.Fail(u"nothing was changed");
+    return false;
+}
+
+void Tagging::Run(const FileList& list) {
+    if (!MayBegin(list)) return;
+    std::vector<Text> paths;
+    for (FileList::Index row = 0; row < list.Count(); ++row) paths.push_back(list.Path(row));
+    const NamingContext naming = session_.Naming();
+    TagRun run(std::move(paths), [&](TextView path, const FileTags& tags) {
+        EditedTags edited = EditTags(path, tags, wishes_, naming);
+        boxes_ = std::move(edited.Boxes);
+        return std::move(edited.Change);
+    });
+    if (report_.DryRun()) run.WriteThrough(writer_);
+    while (!run.Finished()) {
+        const Text path = run.Current();
+        report_.Progress(NumberText(static_cast<long long>(run.Done())) + u" of " +
+                         NumberText(static_cast<long long>(run.Total())) + u"  " + path);
+        boxes_ = {};
+        (void)run.Step();
+        Put(path, run.Report());
+        if (report_.ShouldStop()) run.Stop();
+    }
+    Summarize(run.Report());
+}
+
+void Tagging::Put(const Text& path, const TagReport& now) {
+    const TagResult result = Judge(path, now);
+    written_ = now.Written.size();
+    failures_ = now.Failures.size();
+    const bool failed = !result.Reason.empty();
+    if (report_.Json()) {
+        report_.Object(ObjectOf(report_, result, true));
+    } else if (!failed) {
+        const bool would = report_.DryRun() && result.Word == Written;
+        report_.Line((would ? "would write" : Bytes(result.Word)) + " " +
+                     report_.Shown(result.Path));
+    }
+    if (failed) report_.Fail(result.Path, result.Reason);
+    report_.Flush();
+}
+
+TagResult Tagging::Judge(const Text& path, const TagReport& now) const {
+    TagResult result{spelling_.Shown(path), boxes_, Unchanged, {}};
+    if (now.Failures.size() > failures_) {
+        result.Word = Failed;
+        result.Reason = now.Failures.back().Reason;
+    } else if (now.Written.size() > written_) {
+        result.Word = Written;
+    }
+    return result;
+}
+
+void Tagging::Summarize(const TagReport& result) {
+    const Text summary = TagSummaryText(result);
+    if (result.Stopped) {
+        report_.Fail(u"stopped: " + summary);
+    } else if (!report_.Json()) {
+        report_.Line((report_.DryRun() ? "would be: " : "") + ToUtf8(summary));
+    }
+}
+
+}  // namespace
+
+void RunTags(Session& session) {
+    TagWishes wishes;
+    Text fault;
+    if (!ReadWishes(session.Asked.Tags, wishes, fault)) return session.Results.Misuse(fault);
+    PathSpelling spelling(session.Folder);
+    FileList list;
+    if (!GatherFiles(session, spelling, list)) return;
+    if (wishes.Any()) {
+        Tagging(session, spelling, std::move(wishes)).Run(list);
+    } else {
+        ShowTags(session, spelling, list);
+    }
+}
+
+}  // namespace mdlPLM::cli
