@@ -38,3 +38,9 @@ foreach(page ${man_pages})
     get_filename_component(name ${page} NAME)
     install_compressed(${page} ${name} ${CMAKE_INSTALL_MANDIR}/man1)
 endforeach()
+
+# Completion of the command line in bash and zsh.
+install(FILES ${packaging}/cli/pellmore-cli.bash RENAME pellmore-cli
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES ${packaging}/cli/_pellmore-cli
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
