@@ -1,6 +1,7 @@
 #include "core/names/fixing_rules.h"
 
 #include <algorithm>
+#include <array>
 #include <bitset>
 #include <iterator>
 #include <utility>
@@ -35,22 +36,17 @@ Text TidyMp3Ending(Text text, TextView ending, Pos drop) {
     return Trim(Left(text, static_cast<Pos>(text.size()) - drop)).append(Mp3Ending);
 }
 
-constexpr bool Goes(char16_t c) { return c == u'?' || c == u'"'; }
+constexpr char16_t Gone = 0xFFFF;  // no character
 
-constexpr bool BecomesBlank(char16_t c) {
-    switch (c) {
-        case u'\\':
-        case u'/':
-        case u':':
-        case u'<':
-        case u'>':
-        case u'|':
-        case u'*':
-            return true;
-        default:
-            return false;
-    }
+// What becomes of each ASCII character in a file name.
+constexpr std::array<char16_t, 0x80> MakeLegal() {
+    std::array<char16_t, 0x80> legal{};
+    for (std::size_t c = 0; c < legal.size(); ++c) legal[c] = static_cast<char16_t>(c);
+    for (const char16_t c : {u'\\', u'/', u':', u'<', u'>', u'|', u'*'}) legal[c] = u' ';
+    for (const char16_t c : {u'?', u'"'}) legal[c] = Gone;
+    return legal;
 }
+constexpr std::array<char16_t, 0x80> Legal = MakeLegal();
 
 // What stops the walk to the first character of a word. "@" (64) is among them on purpose.
 constexpr bool StartsWord(char16_t c) {
@@ -83,7 +79,7 @@ Text BlankIllegalCharacters(Text text, const RuleContext& /*context*/) {
 }
 
 Text Percent20ToSpace(Text text, const RuleContext& context) {
-    if (!context.Values.b20toSpace || !Contains(text, u"%20")) return text;
+    if (!context.Values.b20toSpace || FindRare(text, u"%20") == Text::npos) return text;
     return Replace(text, u"%20", u" ");
 }
 
@@ -98,8 +94,8 @@ Text CollapseSpaces(Text text, const RuleContext& context) {
 }
 
 Text CollapseDashes(Text text, const RuleContext& /*context*/) {
-    if (Contains(text, u"--")) text = Collapse(text, u"--", u"-");
-    if (Contains(text, u" - - ")) text = Collapse(text, u" - - ", u" - ");
+    if (FindRare(text, u"--") != Text::npos) text = Collapse(text, u"--", u"-");
+    if (FindRare(text, u"- -") != Text::npos) text = Collapse(text, u" - - ", u" - ");
     return text;
 }
 
@@ -112,7 +108,7 @@ Text KeepLastDotOnly(Text text, const RuleContext& context) {
 }
 
 Text RemoveEmptyParentheses(Text text, const RuleContext& context) {
-    if (!context.Values.bMisses) return text;
+    if (!context.Values.bMisses || FindRare(text, u"()") == Text::npos) return text;
     return RemoveFirst(RemoveFirst(std::move(text), u"() - "), u" - ()");
 }
 
@@ -225,8 +221,11 @@ Text RemoveChars(TextView text, TextView chars, RemoveMode mode) {
 
 Text ReplaceIllegalCharacters(Text text) {
     std::size_t kept = 0;
-    for (const char16_t c : text)
-        if (!Goes(c)) text[kept++] = BecomesBlank(c) ? u' ' : c;
+    for (const char16_t c : text) {
+        const bool ascii = c < Legal.size();
+        if (ascii && Legal[c] == Gone) continue;
+        text[kept++] = ascii ? Legal[c] : c;
+    }
     text.resize(kept);
     return text;
 }

@@ -112,15 +112,15 @@ Text Extract(const Text& name, const Slots& slots, const Placeholder& wanted) {
 }
 
 void ReplaceInPlace(Text& text, std::size_t start, TextView from, TextView to) {
-    for (std::size_t at = text.find(from, start); at != Text::npos;
-         at = text.find(from, at + to.size()))
+    for (std::size_t at = FindRare(text, from, start); at != Text::npos;
+         at = FindRare(text, from, at + to.size()))
         text.replace(at, from.size(), to);
 }
 
 Text Fill(TextView pattern, const FieldValues& values) {
     Text result(pattern);
     for (const Placeholder& placeholder : Placeholders) {
-        const std::size_t first = result.find(u'%');
+        const std::size_t first = FindRare(result, u"%");
         if (first == Text::npos) break;
         ReplaceInPlace(result, first, placeholder.Word, values.*placeholder.Value);
     }

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace mdlPLM {
@@ -65,6 +66,21 @@ Text Mid(TextView text, Pos start) { return Mid(text, start, std::numeric_limits
 Text Mid(TextView text, Pos start, Pos count) {
     const std::size_t from = ClampCount(start - 1, text.size());
     return Text(text.substr(from, ClampCount(count, text.size() - from)));
+}
+
+std::size_t FindRare(TextView text, TextView what, std::size_t start) {
+    if (what.empty()) return text.find(what, start);
+    // memchr takes many bytes at once; a byte of another character that looks the same is no match.
+    const auto* const bytes = reinterpret_cast<const char*>(text.data());
+    for (; start < text.size(); ++start) {
+        const std::size_t from = start * sizeof(char16_t);
+        const void* const byte =
+            std::memchr(bytes + from, what.front() & 0xFF, text.size() * sizeof(char16_t) - from);
+        if (byte == nullptr) return TextView::npos;
+        start = static_cast<std::size_t>(static_cast<const char*>(byte) - bytes) / sizeof(char16_t);
+        if (text.substr(start, what.size()) == what) return start;
+    }
+    return TextView::npos;
 }
 
 Pos InStr(Pos start, TextView text, TextView what) {

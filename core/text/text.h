@@ -35,6 +35,10 @@ Text Mid(TextView text, Pos start);
 /// At most `count` characters from the 1-based `start`. A start below 1 counts as 1.
 Text Mid(TextView text, Pos start, Pos count);
 
+/// Index (from 0) of the first `what` at or after `start`; npos when there is none. As find, and
+/// several times as fast where the first character of `what` is rare in `text`.
+std::size_t FindRare(TextView text, TextView what, std::size_t start = 0);
+
 /// 1-based position of the first `what` at or after `start`; 0 when there is none or `start` lies
 /// behind the text. An empty `what` is found at `start` itself.
 Pos InStr(Pos start, TextView text, TextView what);
