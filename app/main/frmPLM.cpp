@@ -12,7 +12,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "app/main/frmPLM_namefromtext.h"
 #include "app/main/frmSorting.h"
+#include "app/namefromtext/frmNameFromFile.h"
 #include "app/shared/icons.h"
 #include "app/shared/qt_text.h"
 #include "app/shared/save_settings.h"
@@ -114,6 +116,7 @@ frmPLM::frmPLM(AppContext& context, MediaPlayer& player)
     ConnectTags();
     ConnectPlayer();
     ConnectHelp();
+    ConnectNameFromFile();
     ConnectSort();
     UpdateCounter();
 }
@@ -232,6 +235,9 @@ void frmPLM::closeEvent(QCloseEvent* event) {
     }
     // What is under way may need a little longer to end well, or an answer.
     if (work_.Busy()) return event->ignore();
+    // A run of the other window ends well first, or its question is answered.
+    if (textTool_ != nullptr && textTool_->isVisible() && !textTool_->close())
+        return event->ignore();
     if (sorting_ != nullptr) sorting_->hide();
     SaveOnClose();
     event->accept();

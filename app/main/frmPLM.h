@@ -24,9 +24,11 @@ namespace mdlPLM {
 namespace Ui {
 class frmPLM;
 }
+class frmNameFromFile;
 class frmPLM_tagpanel;
 class frmSorting;
 class SortTask;
+class TextToolHost;
 
 class frmPLM : public QMainWindow {
     Q_OBJECT
@@ -129,6 +131,10 @@ private:
     void mnuHelpMe_Click();
     void mnuAbout_Click();
 
+    // frmPLM_namefromtext.cpp: the name-from-text window
+    void ConnectNameFromFile();
+    void cmdNameFromFile_Click();
+
     // frmPLM_sort.cpp: the sort engine and its choices
     void ConnectSort();
     void optMethod_Click(int index);
@@ -170,6 +176,9 @@ private:
     SortTask* sort_ = nullptr;  ///< owned by work_, there while a sort is under way
     QElapsedTimer labelsShown_;
     QElapsedTimer removalsShown_;
+
+    std::unique_ptr<TextToolHost> textHost_;
+    std::unique_ptr<frmNameFromFile> textTool_;
 };
 
 }  // namespace mdlPLM

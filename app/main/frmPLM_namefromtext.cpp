@@ -1,0 +1,129 @@
+#include "app/main/frmPLM_namefromtext.h"
+
+#include <QButtonGroup>
+#include <optional>
+#include <utility>
+
+#include "app/dialogs/frmEdit.h"
+#include "app/main/folder_walk.h"
+#include "app/main/frmPLM.h"
+#include "app/main/frmSorting.h"
+#include "app/main/list_files.h"
+#include "app/namefromtext/frmNameFromFile.h"
+#include "ui_frmPLM.h"
+
+namespace mdlPLM {
+
+namespace {
+
+class RunWindow : public RunProgressWindow {
+public:
+    explicit RunWindow(QWidget* parent) : window_(parent) {
+        QObject::connect(&window_, &frmSorting::Ended, &window_, [this] { stop_ = true; });
+        window_.show();
+    }
+
+    void ShowPair(TextView oldName, TextView newName, std::size_t number,
+                  std::size_t total) override {
+        SortProgress progress;
+        progress.Method = u"Renaming file:";
+        progress.Source = oldName;
+        progress.Target = newName;
+        progress.Done = number;
+        progress.Total = total;
+        window_.ShowProgress(progress);
+    }
+    [[nodiscard]] bool StopRequested() const override { return stop_; }
+    void ShowDone() override { window_.ShowDone(); }
+
+private:
+    frmSorting window_;
+    bool stop_ = false;
+};
+
+/// Dropped items as the main list takes them: a folder is walked, a list file is read.
+class DroppedFiles : public FileGathering {
+public:
+    DroppedFiles(std::vector<Text> dropped, AppContext& context)
+        : dropped_(std::move(dropped)), context_(context) {}
+
+    bool Step(std::vector<Text>& paths) override {
+        if (walk_ && !walk_->Finished()) {
+            walk_->Step(paths);
+        } else if (next_ < dropped_.size()) {
+            Take(dropped_[next_++], paths);
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+private:
+    void Take(const Text& path, std::vector<Text>& paths) {
+        switch (KindOfDropped(path)) {
+            case DroppedKind::Folder:
+                walk_.emplace(path, context_.Values.Extension);
+                return;
+            case DroppedKind::ListFile:
+                return TakeListed(path, paths);
+            case DroppedKind::SingleFile:
+                return paths.push_back(path);
+            case DroppedKind::Nothing:
+                return;
+        }
+    }
+
+    void TakeListed(const Text& path, std::vector<Text>& paths) {
+        FileList listed;
+        // As in the main list, a list file that cannot be read is not reported.
+        const Status loaded = LoadListFile(path, listed, context_.Ask);
+        static_cast<void>(loaded);
+        for (FileList::Index row = 0; row < listed.Count(); ++row)
+            paths.push_back(listed.Path(row));
+    }
+
+    std::vector<Text> dropped_;
+    AppContext& context_;
+    std::size_t next_ = 0;
+    std::optional<FolderWalk> walk_;
+};
+
+}  // namespace
+
+TextToolHost::TextToolHost(AppContext& context, Controls controls)
+    : context_(context), controls_(std::move(controls)) {}
+
+std::optional<Text> TextToolHost::EditName(QWidget* parent, TextView name) {
+    return frmEdit::EditName(parent, name);
+}
+
+std::unique_ptr<RunProgressWindow> TextToolHost::OpenProgress(QWidget* parent) {
+    controls_.RunBegins();
+    return std::make_unique<RunWindow>(parent);
+}
+
+std::unique_ptr<FileGathering> TextToolHost::GatherFiles(std::vector<Text> dropped) {
+    return std::make_unique<DroppedFiles>(std::move(dropped), context_);
+}
+
+void frmPLM::ConnectNameFromFile() {
+    textHost_ = std::make_unique<TextToolHost>(
+        context_, TextToolHost::Controls{
+                      [this] { return InPattern(); }, [this] { return OutPattern(); },
+                      [this] { return ui_->chkConvert->isChecked(); },
+                      [this] { return static_cast<IfExists>(ui_->optExists->checkedId()); },
+                      [this] { player_.Stop(); }});
+    connect(ui_->cmdNameFromFile, &QPushButton::clicked, this, &frmPLM::cmdNameFromFile_Click);
+    connect(ui_->mnuNameFromFile, &QAction::triggered, this, &frmPLM::cmdNameFromFile_Click);
+}
+
+// One window at a time; closed, it is made anew with the patterns of that moment.
+void frmPLM::cmdNameFromFile_Click() {
+    if (textTool_ == nullptr || !textTool_->isVisible())
+        textTool_ = std::make_unique<frmNameFromFile>(context_, *textHost_, this);
+    textTool_->show();
+    textTool_->raise();
+    textTool_->activateWindow();
+}
+
+}  // namespace mdlPLM
