@@ -34,6 +34,10 @@ Message RenameMessage(ErrorNumber number, TextView oldPath) {
 class CollectingErrors final : public ErrorSink {
 public:
     void Report(ErrorNumber number, TextView /*path*/) override { Numbers.push_back(number); }
+    void KeepLast(std::size_t count) {
+        if (Numbers.size() > count)
+            Numbers.erase(Numbers.begin(), Numbers.end() - static_cast<std::ptrdiff_t>(count));
+    }
     std::vector<ErrorNumber> Numbers;
 };
 
@@ -64,7 +68,7 @@ Text SummaryText(const RunReport& report) {
 // is not written either.
 struct RenameRun::OwnTags {
     std::optional<ID3v1Tag> V1;
-    std::optional<ID3v2Tag> V2;
+    std::optional<OwnID3v2> V2;
 };
 
 RenameRun::RenameRun(std::vector<RenamePair> pairs, RunChoices choices, const Settings& settings,
@@ -158,17 +162,14 @@ RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
     if (!disk_.Exists(path)) return own;
     const Text contents = disk_.ContentsAt(path);
     CollectingErrors errors;
-    const ID3v2Parts parts = ID3v2Parts::Everything;
-    if (choices_.chkSaveID3v1 && choices_.chkSaveID3v2) {
-        FileTags tags = ReadFileTags(contents, parts, errors);
-        if (!tags.V1Failed) own.V1 = std::move(tags.V1);
-        if (!tags.V2Failed) own.V2 = std::move(tags.V2);
+    if (choices_.chkSaveID3v2) {
+        FileTags tags = ReadFileTags(contents, ID3v2Parts::FieldsAndText, errors);
+        if (!tags.V2Failed) own.V2 = {std::move(tags.V2), std::move(tags.V2Text)};
+        if (choices_.chkSaveID3v1 && !tags.V1Failed) own.V1 = std::move(tags.V1);
+        if (!choices_.chkSaveID3v1) errors.KeepLast(tags.V2Failed ? 1 : 0);
     } else if (choices_.chkSaveID3v1) {
         ID3v1Tag tag = ReadID3v1(contents, errors);
         if (errors.Numbers.empty()) own.V1 = std::move(tag);
-    } else if (choices_.chkSaveID3v2) {
-        ID3v2Tag tag = ReadID3v2(contents, errors);
-        if (errors.Numbers.empty()) own.V2 = std::move(tag);
     }
     for (const ErrorNumber number : errors.Numbers) FailTag(path, number);
     return own;

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "core/names/patterns.h"
 #include "core/tags/genres.h"
+#include "core/tags/held_frames.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM {
@@ -99,6 +102,51 @@ void LayOutChanges(ID3v1Tag& record, const V1Changes& changes, bool optimized) {
     if (changes.Comment || (optimized && changes.Title)) record.Comment = laid.Comment;
 }
 
+// The record of the second version under way: the known frames that are handed on as they stand are
+// among its other frames until something else is put in their place.
+class V2Filling {
+public:
+    explicit V2Filling(const OwnID3v2& own) : record_(own.Tag), kinds_(KindsOfFrames(own.TagText)) {
+        record_.OtherFrames = OtherFramesWith(own.TagText, kinds_, HandOn::NotWholeNoName);
+    }
+
+    void Put(Bytes ID3v2Tag::*field, TextView text) {
+        record_.*field = ToCodePage(text);
+        FrameKind& kind = kinds_[IndexOf(field)];
+        if (IsHandedOn(kind, HandOn::NotWholeNoName))
+            record_.OtherFrames =
+                CutWalkedFrame(record_.OtherFrames, KnownFrames[IndexOf(field)].Identifier);
+        kind = FrameKind::Absent;
+    }
+
+    void PutIfEmpty(Bytes ID3v2Tag::*field, const Text& text) {
+        if (IsBlank(record_.*field) && !text.empty()) Put(field, text);
+    }
+
+    ID3v2Tag Finish(bool withoutOthers) {
+        std::vector<BytesView> handedOn;
+        for (std::size_t i = 0; i < KnownFrames.size(); ++i) {
+            if (!IsHandedOn(kinds_[i], HandOn::NotWholeNoName)) continue;
+            (record_.*KnownFrames[i].Field).clear();
+            handedOn.push_back(KnownFrames[i].Identifier);
+        }
+        record_.Genre = GenreReference(record_.Genre);
+        if (withoutOthers) record_.OtherFrames = OnlyFrames(record_.OtherFrames, handedOn);
+        if (IsAllNul(record_.OtherFrames)) record_.OtherFrames.clear();
+        return std::move(record_);
+    }
+
+private:
+    static std::size_t IndexOf(Bytes ID3v2Tag::*field) {
+        std::size_t index = 0;
+        while (KnownFrames[index].Field != field) ++index;
+        return index;
+    }
+
+    ID3v2Tag record_;
+    FrameKinds kinds_;
+};
+
 }  // namespace
 
 ID3v1Tag FillID3v1(const ID3v1Tag& own, TextView newName, const RunTagChoices& choices,
@@ -116,27 +164,24 @@ ID3v1Tag FillID3v1(const ID3v1Tag& own, TextView newName, const RunTagChoices& c
     return record;
 }
 
-ID3v2Tag FillID3v2(const ID3v2Tag& own, TextView newName, const RunTagChoices& choices,
+ID3v2Tag FillID3v2(const OwnID3v2& own, TextView newName, const RunTagChoices& choices,
                    const Settings& settings) {
+    V2Filling filling(own);
     const NameFields nameFields{newName, choices.OutPattern, settings};
-    ID3v2Tag record = own;
     for (const FieldRow& row : Fields) {
         if (IsForAll(row, choices))
-            record.*row.V2 = ToCodePage(choices.*row.Box);
-        else if (IsBlank(record.*row.V2))
-            record.*row.V2 = ToCodePage(nameFields(row.Word));
+            filling.Put(row.V2, choices.*row.Box);
+        else
+            filling.PutIfEmpty(row.V2, nameFields(row.Word));
     }
     const Text track = nameFields(u"track");
-    if (IsBlank(record.Track))
-        record.Track = track.empty() ? Bytes() : std::to_string(IntegerPart(track));
+    filling.PutIfEmpty(&ID3v2Tag::Track, track.empty() ? track : NumberText(IntegerPart(track)));
     if (choices.chkGenre4All)
-        record.Genre = ToCodePage(choices.cmbGenre);
-    else if (IsBlank(record.Genre))
-        record.Genre = ToCodePage(nameFields(u"genre"));
-    record.Genre = GenreReference(record.Genre);
-    if (choices.chkRelease4All) record.Comments = ToCodePage(choices.txtReleaseDate);
-    if (settings.bRemHiddenID3) record.OtherFrames.clear();
-    return record;
+        filling.Put(&ID3v2Tag::Genre, choices.cmbGenre);
+    else
+        filling.PutIfEmpty(&ID3v2Tag::Genre, nameFields(u"genre"));
+    if (choices.chkRelease4All) filling.Put(&ID3v2Tag::Comments, choices.txtReleaseDate);
+    return filling.Finish(settings.bRemHiddenID3);
 }
 
 }  // namespace mdlPLM

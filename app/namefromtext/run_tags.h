@@ -28,9 +28,17 @@ struct RunTagChoices {
 ID3v1Tag FillID3v1(const ID3v1Tag& own, TextView newName, const RunTagChoices& choices,
                    const Settings& settings);
 
+/// A tag of the second version as its file has it; `TagText` as ID3v2Parts::FieldsAndText gives it.
+struct OwnID3v2 {
+    ID3v2Tag Tag;
+    Bytes TagText;
+};
+
 /// The same for the second version, where a field of blanks is empty too. The genre becomes
-/// "(n)name"; the other frames go when the settings say so.
-ID3v2Tag FillID3v2(const ID3v2Tag& own, TextView newName, const RunTagChoices& choices,
+/// "(n)name". A frame that keeps its value and cannot be written again from its text (another
+/// encoding, a plain-text genre) is handed on as it stands. The other frames go when the settings
+/// say so.
+ID3v2Tag FillID3v2(const OwnID3v2& own, TextView newName, const RunTagChoices& choices,
                    const Settings& settings);
 
 }  // namespace mdlPLM

@@ -468,9 +468,21 @@ TEST(RenameRun, ATagThatCannotBeReadIsShownAndNotWritten) {
     EXPECT_EQ(contents.size(), head.size() + 500 + 128);
 }
 
+TEST(RenameRun, AnErrorOfATagThatIsNotAskedForIsNotShown) {
+    Tagging first(true, false);
+    first.AddAudio(u"a.mp3", NewName, test::TagHeader(1000000));
+    first.Run();
+    EXPECT_TRUE(first.Ask.Log.empty());
+    Tagging second(false, true);
+    second.AddAudio(u"a.mp3", NewName);
+    second.Run();
+    EXPECT_TRUE(second.Ask.Log.empty());
+}
+
 TEST(RenameRun, AFileTooShortForATrailerStaysAsItIs) {
-    for (const bool both : {false, true}) {
-        Tagging tagging(true, both);
+    const std::pair<bool, bool> choices[] = {{true, false}, {true, true}, {false, true}};
+    for (const auto& [first, second] : choices) {
+        Tagging tagging(first, second);
         tagging.Pairs.push_back({tagging.Folder.File(u"a.mp3", "short"), Text(NewName)});
         tagging.Run();
         EXPECT_EQ(tagging.Ask.Bodies().at(0), u"Error: 63\r\nBad record number");

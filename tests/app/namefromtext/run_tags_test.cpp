@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text/code_page.h"
+#include "tests/support/tag_bytes.h"
 
 namespace mdlPLM {
 namespace {
@@ -15,7 +16,7 @@ struct Filling {
     RunTagChoices Choices;
     Settings Values;
     ID3v1Tag V1;
-    ID3v2Tag V2;
+    Bytes V2Frames;
 
     Filling() {
         Choices.OutPattern = u"%track - %artist - %title.mp3";
@@ -39,20 +40,18 @@ struct Filling {
         V1.Comment = Padded("Own Comment");
         V1.Track = 3;
         V1.Genre = 17;
-        V2.ID = "ID3";
-        V2.Title = "Own Title";
-        V2.Artist = "Own Artist";
-        V2.Album = "Own Album";
-        V2.Year = "1974";
-        V2.Comments = "Own Comment";
-        V2.Track = "3/12";
-        V2.Genre = "Rock";
+        V2Frames = test::TextFrame("TIT2", "Own Title") + test::TextFrame("TPE1", "Own Artist") +
+                   test::TextFrame("TALB", "Own Album") + test::TextFrame("TYER", "1974") +
+                   test::CommentFrame("", "Own Comment") + test::TextFrame("TRCK", "3/12") +
+                   test::TextFrame("TCON", "(17)");
     }
     [[nodiscard]] ID3v1Tag First(TextView name = NewName) const {
         return FillID3v1(V1, name, Choices, Values);
     }
     [[nodiscard]] ID3v2Tag Second(TextView name = NewName) const {
-        return FillID3v2(V2, name, Choices, Values);
+        const Bytes header = test::TagHeader(V2Frames.size());
+        const ID3v2Tag tag = ParseID3v2(header, V2Frames, ID3v2Parts::FieldsAndText);
+        return FillID3v2({tag, V2Frames}, name, Choices, Values);
     }
 };
 
@@ -196,8 +195,7 @@ TEST(FillID3v2, AnEmptyRecordIsFilledFromTheNewName) {
 TEST(FillID3v2, TheFilesOwnValuesStay) {
     Filling filling;
     filling.GiveOwn();
-    filling.V2.Composer = "Own Composer";
-    filling.V2.OtherFrames = "other";
+    filling.V2Frames += test::TextFrame("TCOM", "Own Composer") + test::Frame("USLT", "some words");
     const ID3v2Tag tag = filling.Second();
     EXPECT_EQ(tag.Title, "Own Title");
     EXPECT_EQ(tag.Artist, "Own Artist");
@@ -207,7 +205,7 @@ TEST(FillID3v2, TheFilesOwnValuesStay) {
     EXPECT_EQ(tag.Track, "3/12");
     EXPECT_EQ(tag.Genre, "(17)Rock");
     EXPECT_EQ(tag.Composer, "Own Composer");
-    EXPECT_EQ(tag.OtherFrames, "other");
+    EXPECT_EQ(tag.OtherFrames, test::Frame("USLT", "some words"));
 }
 
 TEST(FillID3v2, BoxesForAllComeBeforeTheFilesOwnValues) {
@@ -226,7 +224,8 @@ TEST(FillID3v2, BoxesForAllComeBeforeTheFilesOwnValues) {
 
 TEST(FillID3v2, AFieldOfBlanksIsEmpty) {
     Filling filling;
-    filling.V2.Artist = filling.V2.Title = filling.V2.Track = filling.V2.Genre = "   ";
+    filling.V2Frames = test::TextFrame("TPE1", "   ") + test::TextFrame("TIT2", " ") +
+                       test::TextFrame("TRCK", "  ");
     const ID3v2Tag tag = filling.Second();
     EXPECT_EQ(tag.Artist, "Abba");
     EXPECT_EQ(tag.Title, "Waterloo");
@@ -236,16 +235,63 @@ TEST(FillID3v2, AFieldOfBlanksIsEmpty) {
 
 TEST(FillID3v2, AGenreThatTheTableLacksKeepsItsName) {
     Filling filling;
-    filling.V2.Genre = "Polka rock";
+    filling.V2Frames = test::TextFrame("TCON", "(17)Polka rock");
     EXPECT_EQ(filling.Second().Genre, "(0)Polka rock");
 }
 
 TEST(FillID3v2, OtherFramesGoWhenTheyAreNotWanted) {
     Filling filling;
     filling.GiveOwn();
-    filling.V2.OtherFrames = "other";
+    filling.V2Frames += test::Frame("USLT", "some words");
     filling.Values.bRemHiddenID3 = true;
     EXPECT_EQ(filling.Second().OtherFrames, "");
+}
+
+// Frames whose text the reader does not give as it is meant: in UTF-16, as a plain genre, with a
+// NUL at the end.
+struct OddFrames : Filling {
+    const Bytes Album = test::Frame("TALB", Bytes("\x01\xFE\xFF\0G\0o", 7));
+    const Bytes Genre = test::TextFrame("TCON", "Rock");
+    const Bytes Composer = test::TextFrame("TCOM", test::Nul + "Someone" + test::Nul);
+    OddFrames() { V2Frames = Album + Genre + Composer; }
+};
+
+TEST(FillID3v2, FramesThatCannotBeShownAreHandedOn) {
+    OddFrames filling;
+    ID3v2Tag tag = filling.Second();
+    EXPECT_EQ(tag.OtherFrames, filling.V2Frames);
+    EXPECT_EQ(tag.Album + tag.Genre + tag.Composer, "");
+    filling.Values.bRemHiddenID3 = true;
+    filling.V2Frames += test::Frame("USLT", "some words");
+    tag = filling.Second();
+    EXPECT_EQ(tag.OtherFrames, filling.Album + filling.Genre + filling.Composer);
+}
+
+TEST(FillID3v2, FramesThatCannotBeShownGiveWayToANewValue) {
+    OddFrames filling;
+    filling.GiveAllForAll();
+    const ID3v2Tag tag = filling.Second();
+    EXPECT_EQ(tag.Album, "Box Album");
+    EXPECT_EQ(tag.Genre, "(13)Pop");
+    EXPECT_EQ(tag.OtherFrames, filling.Composer);
+}
+
+TEST(FillID3v2, AnEmptyTextOfTheFileGivesWayToTheNewName) {
+    Filling filling;
+    filling.V2Frames = test::TextFrame("TIT2", "Ended" + test::Nul);
+    const ID3v2Tag tag = filling.Second();
+    EXPECT_EQ(tag.Title, "Waterloo");
+    EXPECT_EQ(tag.OtherFrames, "");
+}
+
+TEST(FillID3v2, ADescribedCommentStaysWhole) {
+    Filling filling;
+    filling.V2Frames = test::CommentFrame("about", "a comment");
+    EXPECT_EQ(filling.Second().OtherFrames, filling.V2Frames);
+    filling.Choices.chkRelease4All = true;
+    filling.Choices.txtReleaseDate = u"May";
+    EXPECT_EQ(filling.Second().OtherFrames, "");
+    EXPECT_EQ(filling.Second().Comments, "May");
 }
 
 TEST(FillID3v2, TextsOfAnyLengthAreTakenInTheCodePage) {
