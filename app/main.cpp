@@ -11,6 +11,7 @@
 #include "app/shared/icons.h"
 #include "app/shared/message_boxes.h"
 #include "app/shared/qt_file_dialogs.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/tool_tips.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
@@ -36,6 +37,7 @@ public:
         const QtMessageHandler before = qInstallMessageHandler(OnToolkitMessage);
         application_ = std::make_unique<QApplication>(count_, arguments_);
         qInstallMessageHandler(before);
+        InstallTranslation(*application_, QLocale::system());
         QApplication::setWindowIcon(Icon(IconName::Program));
         application_->installEventFilter(&toolTips_);
     }

@@ -1,5 +1,6 @@
 # The Debian packages that the project needs, by wish. Sourced by run.sh and test.sh.
 BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-base-dev-tools libgl-dev"
+BUILD_PACKAGES="$BUILD_PACKAGES qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools"
 BUILD_PACKAGES="$BUILD_PACKAGES qt6-multimedia-dev"
 BUILD_PACKAGES="$BUILD_PACKAGES libcli11-dev nlohmann-json3-dev"
 RUN_PACKAGES="qt6-qpa-plugins libqt6svg6 qt6-wayland fonts-dejavu-core"

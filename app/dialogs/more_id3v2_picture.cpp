@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/text/language.h"
+
 namespace mdlPLM {
 namespace {
 
@@ -122,27 +124,28 @@ std::vector<FramePicture> PicturesIn(BytesView otherFrames) {
 }
 
 const char* PictureTypeName(int type) {
-    static constexpr std::array<const char*, 21> Names = {"Other",
-                                                          "File icon",
-                                                          "Other file icon",
-                                                          "Front cover",
-                                                          "Back cover",
-                                                          "Leaflet page",
-                                                          "Media",
-                                                          "Lead artist",
-                                                          "Artist",
-                                                          "Conductor",
-                                                          "Band or orchestra",
-                                                          "Composer",
-                                                          "Lyricist",
-                                                          "Recording location",
-                                                          "During recording",
-                                                          "During performance",
-                                                          "Screen capture",
-                                                          "A bright coloured fish",
-                                                          "Illustration",
-                                                          "Band logotype",
-                                                          "Publisher logotype"};
+    static constexpr std::array<const char*, 21> Names = {
+        PLM_TRANSLATE("FramePicture", "Other"),
+        PLM_TRANSLATE("FramePicture", "File icon"),
+        PLM_TRANSLATE("FramePicture", "Other file icon"),
+        PLM_TRANSLATE("FramePicture", "Front cover"),
+        PLM_TRANSLATE("FramePicture", "Back cover"),
+        PLM_TRANSLATE("FramePicture", "Leaflet page"),
+        PLM_TRANSLATE("FramePicture", "Media"),
+        PLM_TRANSLATE("FramePicture", "Lead artist"),
+        PLM_TRANSLATE("FramePicture", "Artist"),
+        PLM_TRANSLATE("FramePicture", "Conductor"),
+        PLM_TRANSLATE("FramePicture", "Band or orchestra"),
+        PLM_TRANSLATE("FramePicture", "Composer"),
+        PLM_TRANSLATE("FramePicture", "Lyricist"),
+        PLM_TRANSLATE("FramePicture", "Recording location"),
+        PLM_TRANSLATE("FramePicture", "During recording"),
+        PLM_TRANSLATE("FramePicture", "During performance"),
+        PLM_TRANSLATE("FramePicture", "Screen capture"),
+        PLM_TRANSLATE("FramePicture", "A bright coloured fish"),
+        PLM_TRANSLATE("FramePicture", "Illustration"),
+        PLM_TRANSLATE("FramePicture", "Band logotype"),
+        PLM_TRANSLATE("FramePicture", "Publisher logotype")};
     const auto index = static_cast<std::size_t>(type);
     return type >= 0 && index < Names.size() ? Names[index] : "Other";
 }

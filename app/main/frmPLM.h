@@ -116,7 +116,7 @@ private:
     [[nodiscard]] std::vector<Text> SelectedPaths() const;
     void SaveAllSelected();
     void OneFileSaved(const PanelSave& saved);
-    void StartTagRun(TextView what, TagRun run);
+    void StartTagRun(const QString& what, TagRun run);
     void TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows);
     void RenewNames(std::vector<FileList::Index> rows);
 

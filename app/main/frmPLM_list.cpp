@@ -6,6 +6,7 @@
 #include "app/main/list_files.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/file_drops.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
 #include "ui_frmPLM.h"
@@ -94,6 +95,7 @@ void frmPLM::ConnectSelectionButtons() {
 
 void frmPLM::StartAdding(AddRequest request) {
     request.Extension = context_.Values.Extension;
+    request.Words = UserLanguage();
     if (PreviewShown()) request.Preview = Maker();
     const FileList::Index before = list_.Count();
     work_.Start(std::make_unique<AddTask>(list_, std::move(request), context_.Ask),
@@ -174,7 +176,7 @@ void frmPLM::mnuRemFromHD_Click() {
                       .arg(Files(scan.Count(ListScan::Finding::Gone)))
                       .arg(scan.Count(ListScan::Finding::Match)));
     };
-    work_.Start(std::make_unique<ScanTask>(u"Deleting files", list_,
+    work_.Start(std::make_unique<ScanTask>(FromQt(tr("Deleting files")), list_,
                                            DeletionFromDisk(list_, context_.Files), apply));
 }
 
@@ -185,7 +187,7 @@ void frmPLM::mnuNonExistent_Click() {
         SetStatus(tr("%1 taken out of the list because they are missing.")
                       .arg(Files(scan.Count(ListScan::Finding::Gone))));
     };
-    work_.Start(std::make_unique<ScanTask>(u"Looking for missing files", list_,
+    work_.Start(std::make_unique<ScanTask>(FromQt(tr("Looking for missing files")), list_,
                                            ScanForMissing(list_), apply));
 }
 
@@ -203,8 +205,8 @@ void frmPLM::SelectByTag(TagKind kind) {
         UpdateCounter();
         SetStatus(tr("%1 selected.").arg(Files(list_.SelectedCount())));
     };
-    work_.Start(
-        std::make_unique<ScanTask>(u"Looking for tags", list_, ScanForTag(list_, kind), apply));
+    work_.Start(std::make_unique<ScanTask>(FromQt(tr("Looking for tags")), list_,
+                                           ScanForTag(list_, kind), apply));
 }
 
 void frmPLM::ResetFileView() {

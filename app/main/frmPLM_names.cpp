@@ -10,6 +10,7 @@
 #include "app/main/frmPLM_tagpanel.h"
 #include "app/shared/entry_filter.h"
 #include "app/shared/message_boxes.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "core/names/fix_file_name.h"
 #include "core/names/text_lists.h"
@@ -63,9 +64,10 @@ NameMaker frmPLM::Maker() const {
 }
 
 void frmPLM::ComputeNames(std::vector<FileList::Index> rows) {
-    work_.Start(std::make_unique<NamesTask>(list_, Maker(), std::move(rows)), [this](bool stopped) {
-        if (stopped) SetStatus(tr("Stopped. The other new names are not computed."));
-    });
+    work_.Start(std::make_unique<NamesTask>(list_, Maker(), std::move(rows), UserLanguage()),
+                [this](bool stopped) {
+                    if (stopped) SetStatus(tr("Stopped. The other new names are not computed."));
+                });
 }
 
 void frmPLM::chkPreview_Click() {

@@ -8,6 +8,7 @@
 #include "app/main/frmSorting.h"
 #include "app/main/sort_task.h"
 #include "app/shared/file_dialogs.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
 #include "ui_frmPLM.h"
@@ -75,6 +76,7 @@ SortChoices frmPLM::Choices() const {
     choices.txtSubFolder = FromQt(ui_->txtSubFolder->text());
     choices.OutPattern = OutPattern();
     choices.txtNewName = FromQt(ui_->txtNewName->text());
+    choices.Words = UserLanguage();
     return choices;
 }
 
@@ -142,9 +144,10 @@ void frmPLM::Sort_Done() {
         sorting_->hide();
         sorting_->deleteLater();
     }
-    SetStatus(RunStatus(ToQt(SummaryText(report)), report.Stopped || report.Cancelled),
-              ToQt(ReportList(report)));
-    const Text failures = FailureText(report.Failures);
+    const Language words = UserLanguage();
+    const Text failures = FailureText(report.Failures, words);
+    SetStatus(RunStatus(ToQt(SummaryText(report, words)), report.Stopped || report.Cancelled),
+              ToQt(ReportList(report, words)));
     if (!failures.empty()) context_.Ask.Critical({u"PLM", failures, {}});
 }
 

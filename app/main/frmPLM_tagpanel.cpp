@@ -8,6 +8,7 @@
 
 #include "app/main/frmPLM_tips.h"
 #include "app/shared/icons.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "core/tags/genres.h"
 #include "core/text/code_page.h"
@@ -52,7 +53,7 @@ void SetBoxText(QLineEdit& box, const QString& text) {
 frmPLM_tagpanel::frmPLM_tagpanel(const Settings& settings, const ReplacementList& replacements,
                                  QWidget* parent)
     : QWidget(parent),
-      panel_(settings, replacements),
+      panel_(settings, replacements, UserLanguage()),
       ui_(std::make_unique<Ui::frmPLM_tagpanel>()) {
     ui_->setupUi(this);
     SetUpGenres(*ui_->cmbGenre, false);

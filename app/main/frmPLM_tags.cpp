@@ -6,6 +6,7 @@
 #include "app/main/frmPLM.h"
 #include "app/main/frmPLM_tagpanel.h"
 #include "app/main/tag_task.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "ui_frmPLM.h"
 
@@ -78,7 +79,7 @@ void frmPLM::cmdFixID3_Click() {
             player_.Release(shownPath_);
             return OneFileSaved(tags_->FixID3(InPattern()));
         case TagPanel::State::Batch:
-            return StartTagRun(u"Cleaning tags", tags_->FixAll(SelectedPaths(), InPattern()));
+            return StartTagRun(tr("Cleaning tags"), tags_->FixAll(SelectedPaths(), InPattern()));
     }
 }
 
@@ -91,7 +92,7 @@ std::vector<Text> frmPLM::SelectedPaths() const {
 void frmPLM::SaveAllSelected() {
     const Message question{{}, tags_->Panel().ConfirmationText(), {}};
     if (context_.Ask.AskYesNo(question) != Answer::Yes) return;
-    StartTagRun(u"Saving tags", tags_->SaveAll(SelectedPaths()));
+    StartTagRun(tr("Saving tags"), tags_->SaveAll(SelectedPaths()));
 }
 
 void frmPLM::OneFileSaved(const PanelSave& saved) {
@@ -110,11 +111,11 @@ void frmPLM::OneFileSaved(const PanelSave& saved) {
     ShowNameOf(static_cast<FileList::Index>(row));
 }
 
-void frmPLM::StartTagRun(TextView what, TagRun run) {
+void frmPLM::StartTagRun(const QString& what, TagRun run) {
     player_.Stop();
     std::vector<FileList::Index> rows = list_.SelectedRows();
     work_.Start(std::make_unique<TagTask>(
-        Text(what), std::move(run),
+        FromQt(what), std::move(run),
         [this, rows = std::move(rows)](const TagReport& report) { TagRun_Done(report, rows); }));
 }
 
@@ -125,9 +126,9 @@ void frmPLM::TagRun_Done(const TagReport& report, const std::vector<FileList::In
     std::vector<FileList::Index> written;
     for (const std::size_t place : report.Written) written.push_back(rows[place]);
     RenewNames(std::move(written));
-    SetStatus(RunStatus(ToQt(TagSummaryText(report)), report.Stopped),
+    SetStatus(RunStatus(ToQt(TagSummaryText(report, UserLanguage())), report.Stopped),
               ToQt(TagFailureList(report.Failures)));
-    const Text failures = TagFailureText(report.Failures);
+    const Text failures = TagFailureText(report.Failures, UserLanguage());
     if (!failures.empty()) context_.Ask.Critical({{}, failures, {}});
 }
 

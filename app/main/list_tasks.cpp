@@ -89,11 +89,13 @@ void AddTask::Publish() {
 
 TaskProgress AddTask::Progress() const {
     const auto found = static_cast<long long>(added_ + readyPaths_.size() + found_.size());
-    return {u"Adding files: " + NumberText(found) + u" found", 0, 0};
+    return {request_.Words(PLM_TRANSLATE("Texts", "Adding files: %1 found"), {NumberText(found)}),
+            0, 0};
 }
 
-NamesTask::NamesTask(FileList& list, NameMaker maker, std::vector<FileList::Index> rows)
-    : list_(list), maker_(std::move(maker)), rows_(std::move(rows)) {}
+NamesTask::NamesTask(FileList& list, NameMaker maker, std::vector<FileList::Index> rows,
+                     Language words)
+    : list_(list), maker_(std::move(maker)), rows_(std::move(rows)), words_(std::move(words)) {}
 
 bool NamesTask::Step() {
     if (next_ >= rows_.size()) return false;
@@ -115,7 +117,9 @@ void NamesTask::Publish() {
     names_.clear();
 }
 
-TaskProgress NamesTask::Progress() const { return {u"Computing new names", next_, rows_.size()}; }
+TaskProgress NamesTask::Progress() const {
+    return {words_(PLM_TRANSLATE("Texts", "Computing new names")), next_, rows_.size()};
+}
 
 ScanTask::ScanTask(Text what, const FileList& list, ListScan scan, Apply apply)
     : what_(std::move(what)), list_(list), scan_(std::move(scan)), apply_(std::move(apply)) {}

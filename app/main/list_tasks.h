@@ -12,6 +12,7 @@
 #include "app/main/list_operations.h"
 #include "core/names/settings.h"
 #include "core/platform/prompts.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -62,6 +63,7 @@ struct AddRequest {
     AddAs As = AddAs::Dropped;
     Text Extension;                    ///< without a dot: which files of a folder are listed
     std::optional<NameMaker> Preview;  ///< there while new names are shown
+    Language Words;
 };
 
 /// Adds files. Those of folders and those chosen by name get a new name while new names are shown;
@@ -97,7 +99,8 @@ private:
 /// Computes the new names of rows that are already listed.
 class NamesTask : public ListTask {
 public:
-    NamesTask(FileList& list, NameMaker maker, std::vector<FileList::Index> rows);
+    NamesTask(FileList& list, NameMaker maker, std::vector<FileList::Index> rows,
+              Language words = {});
     bool Step() override;
     void Publish() override;
     [[nodiscard]] TaskProgress Progress() const override;
@@ -106,6 +109,7 @@ private:
     FileList& list_;
     NameMaker maker_;
     std::vector<FileList::Index> rows_;
+    Language words_;
     std::size_t next_ = 0;
     std::size_t published_ = 0;
     std::vector<Text> names_;  ///< of rows_[published_] up to rows_[next_]

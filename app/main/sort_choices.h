@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/names/settings.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -17,6 +18,7 @@ struct SortChoices {
     Text txtSubFolder = u"5";
     Text OutPattern;
     Text txtNewName;  ///< the new-name box: the name of the one selected file
+    Language Words;   ///< why a file is not sorted is said in it
 };
 
 }  // namespace mdlPLM

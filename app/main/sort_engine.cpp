@@ -16,10 +16,11 @@ namespace {
 /// Files whose artist is worked out, or folders that are made, in one step of the preparation.
 constexpr std::size_t PreparedPerStep = 32;
 
-constexpr TextView TargetExists = u"There is a file of its new name";
+constexpr const char* TargetExists = PLM_TRANSLATE("Texts", "There is a file of its new name");
 
-constexpr std::array<TextView, 3> MethodTexts = {u"Copying file:", u"Moving file:",
-                                                 u"Renaming file:"};
+constexpr std::array<const char*, 3> MethodTexts = {PLM_TRANSLATE("Texts", "Copying file:"),
+                                                    PLM_TRANSLATE("Texts", "Moving file:"),
+                                                    PLM_TRANSLATE("Texts", "Renaming file:")};
 
 /// Only Copy and Move can leave a name as it is; a rename always makes a new one.
 SortChoices InForce(SortChoices choices) {
@@ -133,7 +134,8 @@ void SortRun::Implementation::MakeSomeFolders() {
 SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& source) {
     Run.progress_.Source = source;
     Run.progress_.Target.clear();
-    if (!Files.Exists(source)) return Stay(u"The file is missing");
+    if (!Files.Exists(source))
+        return Stay(Rules.Choices.Words(PLM_TRANSLATE("Texts", "The file is missing")));
     // A list can name folders, but nobody asked for a new name or place of a whole folder.
     if (Files.IsFolder(source)) return Fail(Text(Describe(ErrorNumber::PathFileAccess)));
     const SortNames names = NamesOf(source, Rules, Files);
@@ -152,7 +154,7 @@ SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& so
     const bool exempt = ArtistThreshold(choices) == 0 && IsLastOfList();
     if (choices.chkSubFolder && !exempt &&
         !AddArtistFolder(levels, names.ArtistName, choices, Files)) {
-        return Stay(u"Its name has no artist");
+        return Stay(choices.Words(PLM_TRANSLATE("Texts", "Its name has no artist")));
     }
     Text folder;
     const Status status = EnsureFolders(levels, Files, folder);
@@ -200,7 +202,8 @@ void SortRun::Implementation::Settle(Result result) {
             return;
         case Result::Stays:
             ++Run.report_.Skipped;
-            Note(SortedFile::Outcome::Skipped, Reason.empty() ? Text(TargetExists) : Reason);
+            Note(SortedFile::Outcome::Skipped,
+                 Reason.empty() ? Rules.Choices.Words(TargetExists) : Reason);
             break;
         case Result::Failed:
             if (Reason.empty()) Reason = Transfer.Reason();
@@ -209,7 +212,7 @@ void SortRun::Implementation::Settle(Result result) {
             break;
         case Result::LeftAlone:
             ++Run.report_.LeftAlone;
-            Note(SortedFile::Outcome::Skipped, Text(TargetExists));
+            Note(SortedFile::Outcome::Skipped, Rules.Choices.Words(TargetExists));
             Leave();
             break;
         case Result::Handled:
@@ -236,7 +239,7 @@ void SortRun::Implementation::Flush() {
 SortRun::SortRun(FileList& list, SortChoices choices, SortStart start, const NamingContext& context,
                  Disk& disk, Prompts& prompts) {
     const bool multiple = list.SelectedCount() >= 2;
-    progress_.Method = MethodTexts.at(static_cast<std::size_t>(choices.Method));
+    progress_.Method = choices.Words(MethodTexts.at(static_cast<std::size_t>(choices.Method)));
     SortRules rules{InForce(std::move(choices)), multiple, context};
     impl_ = std::make_unique<Implementation>(*this, list, std::move(rules), disk, prompts);
     progress_.Total = impl_->Rows.size();

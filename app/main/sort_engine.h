@@ -10,6 +10,7 @@
 #include "app/main/sort_choices.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -95,14 +96,14 @@ private:
 
 /// The one message at the end that names what failed and why; empty when nothing failed. It stays
 /// short enough for a box: behind the first failures it says how many more there are.
-Text FailureText(const std::vector<SortFailure>& failures);
+Text FailureText(const std::vector<SortFailure>& failures, const Language& words = {});
 /// All failures, one line each.
 Text FailureList(const std::vector<SortFailure>& failures);
 
 /// "12 done, 3 skipped, 1 failed": the status line after a run. An entry whose target was left as
 /// it is counts as skipped.
-Text SummaryText(const SortReport& report);
+Text SummaryText(const SortReport& report, const Language& words = {});
 /// What became of every entry, one line each.
-Text ReportList(const SortReport& report);
+Text ReportList(const SortReport& report, const Language& words = {});
 
 }  // namespace mdlPLM

@@ -20,16 +20,17 @@ Text FailureLine(const SortFailure& failure) {
     return Quoted(failure.Path) + u": " + failure.Reason;
 }
 
-Text FileLine(const SortedFile& file) {
+Text FileLine(const SortedFile& file, const Language& words) {
     switch (file.What) {
         case SortedFile::Outcome::Done:
-            return u"Done: " + Quoted(file.Source) + u" to " + Quoted(file.Target);
+            return words(PLM_TRANSLATE("Texts", "Done: \"%1\" to \"%2\""),
+                         {file.Source, file.Target});
         case SortedFile::Outcome::Skipped:
-            return u"Skipped: " + Quoted(file.Source) + u": " + file.Reason;
+            return words(PLM_TRANSLATE("Texts", "Skipped: \"%1\": %2"), {file.Source, file.Reason});
         case SortedFile::Outcome::Failed:
             break;
     }
-    return u"Failed: " + Quoted(file.Source) + u": " + file.Reason;
+    return words(PLM_TRANSLATE("Texts", "Failed: \"%1\": %2"), {file.Source, file.Reason});
 }
 
 Text TargetDirectory(const SortChoices& choices) {
@@ -45,7 +46,9 @@ bool CreateTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts
     if (status.Ok()) return true;
     prompts.Critical(
         {Text(TitleOfMessages),
-         directory + u" could not be created: " + Text(Describe(status.Number())) + u".",
+         choices.Words(
+             PLM_TRANSLATE("Texts", "The target directory \"%1\" could not be created: %2."),
+             {choices.txtTargetDir, Describe(status.Number())}),
          {}});
     return false;
 }
@@ -60,19 +63,24 @@ bool CheckTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts)
     }
     if (!disk.Exists(choices.txtTargetDir)) return CreateTargetFolder(choices, disk, prompts);
     if (disk.IsFolder(choices.txtTargetDir)) return true;
-    prompts.Critical({Text(TitleOfMessages), TargetDirectory(choices) + u" is not a folder.", {}});
+    prompts.Critical(
+        {Text(TitleOfMessages),
+         choices.Words(PLM_TRANSLATE("Texts", "The target directory \"%1\" is not a folder."),
+                       {choices.txtTargetDir}),
+         {}});
     return false;
 }
 
-Text FailureText(const std::vector<SortFailure>& failures) {
+Text FailureText(const std::vector<SortFailure>& failures, const Language& words) {
     if (failures.empty()) return {};
-    Text text = failures.size() == 1 ? Text(u"This could not be sorted:")
-                                     : Count(failures.size()) + u" could not be sorted:";
+    Text text = failures.size() == 1 ? words(PLM_TRANSLATE("Texts", "This could not be sorted:"))
+                                     : words(PLM_TRANSLATE("Texts", "%1 could not be sorted:"),
+                                             {Count(failures.size())});
     const std::size_t shown = std::min(failures.size(), FailuresInBox);
     for (std::size_t i = 0; i < shown; ++i) text += u"\n" + FailureLine(failures[i]);
-    if (shown < failures.size()) {
-        text += u"\nand " + Count(failures.size() - shown) + u" more.";
-    }
+    if (shown < failures.size())
+        text +=
+            u"\n" + words(PLM_TRANSLATE("Texts", "and %1 more."), {Count(failures.size() - shown)});
     return text;
 }
 
@@ -82,15 +90,15 @@ Text FailureList(const std::vector<SortFailure>& failures) {
     return text;
 }
 
-Text SummaryText(const SortReport& report) {
-    return Count(report.Handled - report.LeftAlone) + u" done, " +
-           Count(report.Skipped + report.LeftAlone) + u" skipped, " +
-           Count(report.Failures.size()) + u" failed";
+Text SummaryText(const SortReport& report, const Language& words) {
+    return words(PLM_TRANSLATE("Texts", "%1 done, %2 skipped, %3 failed"),
+                 {Count(report.Handled - report.LeftAlone),
+                  Count(report.Skipped + report.LeftAlone), Count(report.Failures.size())});
 }
 
-Text ReportList(const SortReport& report) {
+Text ReportList(const SortReport& report, const Language& words) {
     Text text;
-    for (const SortedFile& file : report.Files) text += FileLine(file) + u"\n";
+    for (const SortedFile& file : report.Files) text += FileLine(file, words) + u"\n";
     return text;
 }
 

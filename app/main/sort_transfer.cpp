@@ -98,7 +98,9 @@ FileTransfer::Result FileTransfer::Settle(Status status) {
 
 Text FileTransfer::Reason() const {
     const Text reason(Describe(error_.Number()));
-    return sourceStays_ ? u"Copied, but the original could not be removed: " + reason : reason;
+    if (!sourceStays_) return reason;
+    return choices_.Words(
+        PLM_TRANSLATE("Texts", "Copied, but the original could not be removed: %1"), {reason});
 }
 
 void FileTransfer::SetAttributes(TextView path) {

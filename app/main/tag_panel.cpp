@@ -20,8 +20,8 @@ bool IsSameFile(const FileTags& a, const FileTags& b) {
 
 }  // namespace
 
-TagPanel::TagPanel(const Settings& settings, const ReplacementList& replacements)
-    : settings_(settings), replacements_(replacements) {}
+TagPanel::TagPanel(const Settings& settings, const ReplacementList& replacements, Language words)
+    : settings_(settings), replacements_(replacements), words_(std::move(words)) {}
 
 void TagPanel::Clear() {
     state_ = State::Nothing;
@@ -133,7 +133,8 @@ Text TagPanel::WhyNotToWrite() const {
     const Status read = ReadForChange(path_, now);
     if (!read.Ok()) return ErrorMessage(read.Number());
     if (IsSameFile(now, tags_)) return {};
-    return u"The file has changed since it was shown. It was not saved.";
+    return words_(
+        PLM_TRANSLATE("Texts", "The file has changed since it was shown. It was not saved."));
 }
 
 PanelSave TagPanel::SaveID3() {

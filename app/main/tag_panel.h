@@ -30,7 +30,7 @@ public:
     static constexpr int NoLimit = 32767;
 
     /// `settings` and `replacements` are those in force, also later; they outlive the panel.
-    TagPanel(const Settings& settings, const ReplacementList& replacements);
+    TagPanel(const Settings& settings, const ReplacementList& replacements, Language words = {});
 
     // --- the selection ---
 
@@ -103,6 +103,7 @@ private:
 
     const Settings& settings_;
     const ReplacementList& replacements_;
+    Language words_;
     State state_ = State::Nothing;
     Text path_;
     TagBoxes boxes_;

@@ -71,14 +71,17 @@ Status ReadForChange(TextView path, FileTags& tags) {
     return tags.Exists ? errors.Result() : ErrorNumber::FileNotFound;
 }
 
-Text TagFailureText(const std::vector<TagFailure>& failures) {
+Text TagFailureText(const std::vector<TagFailure>& failures, const Language& words) {
     if (failures.empty()) return {};
     Text text = failures.size() == 1
-                    ? Text(u"The tags of this file could not be saved:")
-                    : u"The tags of " + Count(failures.size()) + u" files could not be saved:";
+                    ? words(PLM_TRANSLATE("Texts", "The tags of this file could not be saved:"))
+                    : words(PLM_TRANSLATE("Texts", "The tags of %1 files could not be saved:"),
+                            {Count(failures.size())});
     const std::size_t shown = std::min(failures.size(), FailuresInBox);
     for (std::size_t i = 0; i < shown; ++i) text += u"\n" + FailureLine(failures[i]);
-    if (shown < failures.size()) text += u"\nand " + Count(failures.size() - shown) + u" more.";
+    if (shown < failures.size())
+        text +=
+            u"\n" + words(PLM_TRANSLATE("Texts", "and %1 more."), {Count(failures.size() - shown)});
     return text;
 }
 
@@ -88,9 +91,10 @@ Text TagFailureList(const std::vector<TagFailure>& failures) {
     return text;
 }
 
-Text TagSummaryText(const TagReport& report) {
-    return Count(report.Written.size()) + u" done, " + Count(report.Unchanged) + u" skipped, " +
-           Count(report.Failures.size()) + u" failed";
+Text TagSummaryText(const TagReport& report, const Language& words) {
+    return words(
+        PLM_TRANSLATE("Texts", "%1 done, %2 skipped, %3 failed"),
+        {Count(report.Written.size()), Count(report.Unchanged), Count(report.Failures.size())});
 }
 
 }  // namespace mdlPLM

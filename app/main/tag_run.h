@@ -7,6 +7,7 @@
 
 #include "core/tags/file_tags.h"
 #include "core/tags/save_tags.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -66,11 +67,11 @@ Status ReadForChange(TextView path, FileTags& tags);
 
 /// The one message at the end: names the files that failed and why; empty when none did. Behind the
 /// first ones it says how many more there are.
-Text TagFailureText(const std::vector<TagFailure>& failures);
+Text TagFailureText(const std::vector<TagFailure>& failures, const Language& words = {});
 /// All of them, one line each.
 Text TagFailureList(const std::vector<TagFailure>& failures);
 
 /// "12 done, 3 skipped, 1 failed": the status line after a run.
-Text TagSummaryText(const TagReport& report);
+Text TagSummaryText(const TagReport& report, const Language& words = {});
 
 }  // namespace mdlPLM

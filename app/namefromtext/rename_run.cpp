@@ -41,11 +41,10 @@ public:
     std::vector<ErrorNumber> Numbers;
 };
 
-void AddCount(Text& summary, std::size_t count, TextView what) {
-    if (count == 0) return;
-    if (!summary.empty()) summary.append(u", ");
-    summary.append(NumberText(static_cast<long long>(count))).append(u" ").append(what);
-}
+struct CountedPairs {
+    std::size_t Count;
+    const char* What;
+};
 
 }  // namespace
 
@@ -55,13 +54,20 @@ bool MayRename(std::size_t oldFiles, std::size_t newNames, Prompts& prompts) {
     return prompts.AskYesNo(CountQuestion(newNames < oldFiles ? u"fewer" : u"more")) == Answer::Yes;
 }
 
-Text SummaryText(const RunReport& report) {
+Text SummaryText(const RunReport& report, const Language& words) {
+    const CountedPairs counts[] = {
+        {report.Renamed, PLM_TRANSLATE("Texts", "%1 renamed")},
+        {report.Kept, PLM_TRANSLATE("Texts", "%1 kept")},
+        {report.Missing, PLM_TRANSLATE("Texts", "%1 missing")},
+        {report.Failures.size(), PLM_TRANSLATE("Texts", "%1 failed")},
+    };
     Text summary;
-    AddCount(summary, report.Renamed, u"renamed");
-    AddCount(summary, report.Kept, u"kept");
-    AddCount(summary, report.Missing, u"missing");
-    AddCount(summary, report.Failures.size(), u"failed");
-    return summary.empty() ? u"Nothing renamed" : summary;
+    for (const auto& [count, what] : counts) {
+        if (count == 0) continue;
+        if (!summary.empty()) summary.append(u", ");
+        summary.append(words(what, {NumberText(static_cast<long long>(count))}));
+    }
+    return summary.empty() ? words(PLM_TRANSLATE("Texts", "Nothing renamed")) : summary;
 }
 
 // The tags that a file had before it was renamed; one that was not asked for, or could not be read,

@@ -9,6 +9,7 @@
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/tags/save_tags.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -45,7 +46,7 @@ struct RunReport {
 };
 
 /// "3 renamed, 1 kept, 2 failed": the line under the lists after a run.
-Text SummaryText(const RunReport& report);
+Text SummaryText(const RunReport& report, const Language& words = {});
 
 class RenameRun {
 public:

@@ -1,0 +1,31 @@
+// Texts of our own in the user's language. The texts that files, messages and captions are known by
+// are not among them.
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+
+#include "core/text/text.h"
+
+/// Marks a text for the tools that collect what is to be translated, under a heading.
+#define PLM_TRANSLATE(heading, text) text
+
+namespace mdlPLM {
+
+class Language {
+public:
+    /// Gives an own text in the user's language; as it is where it has no translation.
+    using Find = std::function<Text(const char* own)>;
+
+    /// Every text as it is written.
+    Language() = default;
+    explicit Language(Find find) : find_(std::move(find)) {}
+
+    /// The text in the user's language, with "%1" to "%9" replaced by the values.
+    Text operator()(const char* own, std::initializer_list<TextView> values = {}) const;
+
+private:
+    Find find_;
+};
+
+}  // namespace mdlPLM
