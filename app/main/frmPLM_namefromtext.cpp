@@ -10,6 +10,7 @@
 #include "app/main/frmSorting.h"
 #include "app/main/list_files.h"
 #include "app/namefromtext/frmNameFromFile.h"
+#include "app/shared/qt_language.h"
 #include "ui_frmPLM.h"
 
 namespace mdlPLM {
@@ -26,7 +27,7 @@ public:
     void ShowPair(TextView oldName, TextView newName, std::size_t number,
                   std::size_t total) override {
         SortProgress progress;
-        progress.Method = u"Renaming file:";
+        progress.Method = UserLanguage()(PLM_TRANSLATE("Texts", "Renaming file:"));
         progress.Source = oldName;
         progress.Target = newName;
         progress.Done = number;

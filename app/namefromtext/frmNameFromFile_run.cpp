@@ -7,6 +7,7 @@
 #include "app/shared/app_context.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/name_from_text_host.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
 #include "ui_frmNameFromFile.h"
@@ -127,7 +128,7 @@ void frmNameFromFile::EndRun() {
     if (report.Completed) ClearAfterRun();
     failures_ = report.Failures;
     CloseRun();
-    EndWork(ToQt(SummaryText(report)));
+    EndWork(ToQt(SummaryText(report, UserLanguage())));
     cmdDetails_->setVisible(!failures_.empty());
 }
 

@@ -8,6 +8,7 @@
 #include "app/shared/app_context.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/name_from_text_host.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
 #include "ui_frmNameFromFile.h"
@@ -33,10 +34,11 @@ Text WithoutSeparator(Text folder) {
 bool MayRead(const Text& path, Prompts& ask) {
     const std::int64_t size = FileLength(path);
     if (size < LargeFile) return true;
-    return ask.AskYesNo({{},
-                         u"The file \"" + path + u"\" has " + NumberText(size >> 20) +
-                             u" megabytes.\r\nRead it as an album text all the same?",
-                         {}}) == Answer::Yes;
+    const Text question = UserLanguage()(
+        PLM_TRANSLATE("Texts",
+                      "The file \"%1\" has %2 megabytes.\nRead it as an album text all the same?"),
+        {path, NumberText(size >> 20)});
+    return ask.AskYesNo({{}, Replace(question, u"\n", CrLf), {}}) == Answer::Yes;
 }
 
 QString NamesMade(std::size_t count) {

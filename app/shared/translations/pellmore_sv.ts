@@ -565,6 +565,23 @@
         <source>Renaming file:</source>
         <translation>Döper om fil:</translation>
     </message>
+    <message>
+        <source>The file &quot;%1&quot; has %2 megabytes.
+Read it as an album text all the same?</source>
+        <translation>Filen &quot;%1&quot; har %2 megabyte.
+Läsa den som albumtext ändå?</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::PairColumn</name>
+    <message>
+        <source>no new name beside it</source>
+        <translation>inget nytt namn bredvid</translation>
+    </message>
+    <message>
+        <source>no file beside it</source>
+        <translation>ingen fil bredvid</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::frmEdit</name>
@@ -700,6 +717,319 @@ Den första av %n bilder</numerusform>
     <message>
         <source>All removed. The file is changed when its tags are saved.</source>
         <translation>Alla borttagna. Filen ändras när dess taggar sparas.</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::frmNameFromFile</name>
+    <message>
+        <source>Get MP3 info from File/Text</source>
+        <translation>Hämta MP3-data från fil/text</translation>
+    </message>
+    <message>
+        <source>Album text</source>
+        <translation>Albumtext</translation>
+    </message>
+    <message>
+        <source>&amp;Open Sourcefile...</source>
+        <translation>&amp;Öppna källfil...</translation>
+    </message>
+    <message>
+        <source>Select a (text-) file that contains the album information.</source>
+        <translation>Välj en (text-)fil som innehåller albumets uppgifter.</translation>
+    </message>
+    <message>
+        <source>No line of this file ends in CR LF: a scan takes it all as one line.</source>
+        <translation>Ingen rad i filen slutar med CR LF: en avsökning tar allt som en rad.</translation>
+    </message>
+    <message>
+        <source>Ta&amp;ke line ends as CR LF</source>
+        <translation>Läs radslut som &amp;CR LF</translation>
+    </message>
+    <message>
+        <source>The file itself is not changed.</source>
+        <translation>Själva filen ändras inte.</translation>
+    </message>
+    <message>
+        <source>The album text. Select the lines of the tracks in it, or nothing for all of it.</source>
+        <translation>Albumtexten. Markera raderna med spåren i den, eller inget för hela texten.</translation>
+    </message>
+    <message>
+        <source>PreScan Result:</source>
+        <translation>Förhandsresultat:</translation>
+    </message>
+    <message>
+        <source>&amp;Artist:</source>
+        <translation>A&amp;rtist:</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>If checked all files will be tagged and named with this artist.</source>
+        <translation>Om rutan är markerad taggas och namnges alla filer med denna artist.</translation>
+    </message>
+    <message>
+        <source>Use for all.</source>
+        <translation>Till alla.</translation>
+    </message>
+    <message>
+        <source>Use this artist for all files</source>
+        <translation>Använd denna artist för alla filer</translation>
+    </message>
+    <message>
+        <source>Al&amp;bum:</source>
+        <translation>Al&amp;bum:</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>If checked all files will be tagged and named with this album.</source>
+        <translation>Om rutan är markerad taggas och namnges alla filer med detta album.</translation>
+    </message>
+    <message>
+        <source>Use this album for all files</source>
+        <translation>Använd detta album för alla filer</translation>
+    </message>
+    <message>
+        <source>&amp;Year:</source>
+        <translation>&amp;År:</translation>
+    </message>
+    <message>
+        <source>If checked all files will be tagged and named with this year.</source>
+        <translation>Om rutan är markerad taggas och namnges alla filer med detta år.</translation>
+    </message>
+    <message>
+        <source>Use this year for all files</source>
+        <translation>Använd detta år för alla filer</translation>
+    </message>
+    <message>
+        <source>Gen&amp;re:</source>
+        <translation>G&amp;enre:</translation>
+    </message>
+    <message>
+        <source>If checked all files will be tagged and named with this genre.</source>
+        <translation>Om rutan är markerad taggas och namnges alla filer med denna genre.</translation>
+    </message>
+    <message>
+        <source>Use this genre for all files</source>
+        <translation>Använd denna genre för alla filer</translation>
+    </message>
+    <message>
+        <source>Release &amp;date:</source>
+        <translation>Utgivnings&amp;datum:</translation>
+    </message>
+    <message>
+        <source>If checked all files will be tagged with this release date as a comment.</source>
+        <translation>Om rutan är markerad taggas alla filer med detta utgivningsdatum som kommentar.</translation>
+    </message>
+    <message>
+        <source>stored as comment.</source>
+        <translation>till kommentar.</translation>
+    </message>
+    <message>
+        <source>Store this release date as the comment of all files</source>
+        <translation>Spara detta utgivningsdatum som kommentar i alla filer</translation>
+    </message>
+    <message>
+        <source>Patterns</source>
+        <translation>Mönster</translation>
+    </message>
+    <message>
+        <source>&amp;In-pattern:</source>
+        <translation>&amp;Inmönster:</translation>
+    </message>
+    <message>
+        <source>This pattern should match the selected textlines so that PLM can get information from them.</source>
+        <translation>Mönstret ska passa de markerade textraderna så att PLM kan hämta uppgifter från dem.</translation>
+    </message>
+    <message>
+        <source>%track - %artist - %title.mp3</source>
+        <translation>%track - %artist - %title.mp3</translation>
+    </message>
+    <message>
+        <source>O&amp;ut-pattern:</source>
+        <translation>&amp;Utmönster:</translation>
+    </message>
+    <message>
+        <source>This pattern will be used for the new filenames.</source>
+        <translation>Mönstret används för de nya filnamnen.</translation>
+    </message>
+    <message>
+        <source>I&amp;gnore first</source>
+        <translation>Hoppa över &amp;första</translation>
+    </message>
+    <message>
+        <source>Characters ignored at the start of every line</source>
+        <translation>Tecken som hoppas över i början av varje rad</translation>
+    </message>
+    <message>
+        <source>characters on every line.</source>
+        <translation>tecken på varje rad.</translation>
+    </message>
+    <message>
+        <source>Ignore &amp;last</source>
+        <translation>Hoppa över si&amp;sta</translation>
+    </message>
+    <message>
+        <source>Characters ignored at the end of every line</source>
+        <translation>Tecken som hoppas över i slutet av varje rad</translation>
+    </message>
+    <message>
+        <source>&amp;Scan now!</source>
+        <translation>Sök a&amp;v nu!</translation>
+    </message>
+    <message>
+        <source>During this scan PLM generates a list of suggested new filenames from the selected textlines.</source>
+        <translation>Vid avsökningen gör PLM en lista med förslag till nya filnamn av de markerade textraderna.</translation>
+    </message>
+    <message>
+        <source>Old (&amp;Current) Filenames:</source>
+        <translation>&amp;Gamla (nuvarande) filnamn:</translation>
+    </message>
+    <message>
+        <source>0 files</source>
+        <translation>0 files</translation>
+    </message>
+    <message>
+        <source>Ne&amp;w Fixed Filenames:</source>
+        <translation>&amp;Nya filnamn:</translation>
+    </message>
+    <message>
+        <source>Doubleclick to edit the filename!</source>
+        <translation>Dubbelklicka för att redigera filnamnet!</translation>
+    </message>
+    <message>
+        <source>Add &amp;MP3 files...</source>
+        <translation>Lägg till &amp;MP3-filer...</translation>
+    </message>
+    <message>
+        <source>Add MP3 files to the list. Files and folders can be dropped on it too.</source>
+        <translation>Lägg till MP3-filer i listan. Filer och mappar kan också släppas på den.</translation>
+    </message>
+    <message>
+        <source>Remove file</source>
+        <translation>Ta bort fil</translation>
+    </message>
+    <message>
+        <source>Remove the selected filename from the list.</source>
+        <translation>Ta bort det markerade filnamnet från listan.</translation>
+    </message>
+    <message>
+        <source>Clear list</source>
+        <translation>Töm listan</translation>
+    </message>
+    <message>
+        <source>Move u&amp;p</source>
+        <translation>Flytta u&amp;pp</translation>
+    </message>
+    <message>
+        <source>Move the selected file one step up.</source>
+        <translation>Flytta den markerade filen ett steg upp.</translation>
+    </message>
+    <message>
+        <source>Mo&amp;ve down</source>
+        <translation>F&amp;lytta ner</translation>
+    </message>
+    <message>
+        <source>Move the selected file one step down.</source>
+        <translation>Flytta den markerade filen ett steg ner.</translation>
+    </message>
+    <message>
+        <source>Save in ID3v&amp;1.</source>
+        <translation>Spara i ID3v&amp;1.</translation>
+    </message>
+    <message>
+        <source>PLM will save the ID3v1 information in all files for you.</source>
+        <translation>PLM sparar ID3v1-uppgifterna i alla filer åt dig.</translation>
+    </message>
+    <message>
+        <source>Save in ID3v&amp;2.</source>
+        <translation>Spara i ID3v&amp;2.</translation>
+    </message>
+    <message>
+        <source>PLM will save the ID3v2 information in all files for you.</source>
+        <translation>PLM sparar ID3v2-uppgifterna i alla filer åt dig.</translation>
+    </message>
+    <message>
+        <source>Re&amp;name Files</source>
+        <translation>Döp &amp;om filer</translation>
+    </message>
+    <message>
+        <source>Gives each file the name beside it.</source>
+        <translation>Ger varje fil namnet bredvid den.</translation>
+    </message>
+    <message>
+        <source>Clos&amp;e</source>
+        <translation>S&amp;täng</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Arkiv</translation>
+    </message>
+    <message>
+        <source>&amp;Add MP3 files...</source>
+        <translation>&amp;Lägg till MP3-filer...</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>St&amp;äng</translation>
+    </message>
+    <message>
+        <source>The MP3 files to rename.
+Files and folders can be dropped here.</source>
+        <translation>MP3-filerna att döpa om.
+Filer och mappar kan släppas här.</translation>
+    </message>
+    <message>
+        <source>The names that a scan makes, each beside its file.</source>
+        <translation>Namnen som en avsökning gör, vart och ett bredvid sin fil.</translation>
+    </message>
+    <message>
+        <source>S&amp;how failed files...</source>
+        <translation>Visa misslyckade filer (&amp;X)...</translation>
+    </message>
+    <message>
+        <source>S&amp;top</source>
+        <translation>Stoppa (&amp;Z)</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Förlopp</translation>
+    </message>
+    <message>
+        <source>Artist (Optimized=More than 30 characters)</source>
+        <translation>Artist (optimerad = mer än 30 tecken)</translation>
+    </message>
+    <message>
+        <source>Album (More than 30 characters)</source>
+        <translation>Album (mer än 30 tecken)</translation>
+    </message>
+    <message>
+        <source>Stopped.</source>
+        <translation>Stoppat.</translation>
+    </message>
+    <message>
+        <source>Looking for files...</source>
+        <translation>Söker filer...</translation>
+    </message>
+    <message>
+        <source>1 name made.</source>
+        <translation>1 namn gjordes.</translation>
+    </message>
+    <message>
+        <source>%1 names made.</source>
+        <translation>%1 namn gjordes.</translation>
+    </message>
+    <message>
+        <source>Showing the text...</source>
+        <translation>Visar texten...</translation>
+    </message>
+    <message>
+        <source>Scanning...</source>
+        <translation>Söker av...</translation>
     </message>
 </context>
 <context>

@@ -11,6 +11,7 @@
 #include "app/dialogs/frmMoreID3v2.h"
 #include "app/dialogs/frmOptions.h"
 #include "app/main/frmSorting.h"
+#include "app/namefromtext/frmNameFromFile.h"
 #include "core/platform/path.h"
 #include "tests/support/qt_keyboard.h"
 #include "tests/support/qt_main_window.h"
@@ -46,6 +47,7 @@ private slots:
     void EditName();
     void Options();
     void MoreFrames();
+    void NamesFromText();
 
 private:
     void Check(QWidget& window);
@@ -145,6 +147,15 @@ void KeyboardTest::Options() {
 void KeyboardTest::MoreFrames() {
     frmMoreID3v2 more({frames_, plm_->Ask, plm_->Dialogs, plm_->Folder / u"in/1.mp3"});
     CheckDialog(more);
+}
+
+void KeyboardTest::NamesFromText() {
+    plm_->Click("cmdNameFromFile");
+    auto* tool = plm_->Window().findChild<frmNameFromFile*>();
+    QVERIFY(tool != nullptr);
+    CheckDialog(*tool);
+    const QStringList faults = MenuFaults(*tool);
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
 }
 
 QTEST_MAIN(KeyboardTest)

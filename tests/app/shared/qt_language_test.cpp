@@ -13,6 +13,7 @@
 #include "app/dialogs/frmMoreID3v2.h"
 #include "app/dialogs/frmOptions.h"
 #include "app/main/frmSorting.h"
+#include "app/namefromtext/frmNameFromFile.h"
 #include "app/shared/message_boxes.h"
 #include "tests/support/qt_keyboard.h"
 #include "tests/support/qt_main_window.h"
@@ -71,6 +72,7 @@ private slots:
     void SwedishIsComplete();
     void MainWindowIsSwedish();
     void DialogsAreSwedish();
+    void NamesFromTextIsSwedish();
     void QuestionsHaveSwedishButtons();
     void TextsWithoutAWindowAreSwedish();
 
@@ -164,6 +166,20 @@ void LanguageTest::DialogsAreSwedish() {
     Check(sorting, "PLM - Sorterar...");
     frmMoreID3v2 more({frames, plm.Ask, plm.Dialogs, plm.Folder / u"1.mp3"});
     Check(more, "Fler ID3v2-ramar");
+}
+
+void LanguageTest::NamesFromTextIsSwedish() {
+    SpeakSwedish();
+    MainWindow plm;
+    plm.Open();
+    plm.Click("cmdNameFromFile");
+    auto* tool = plm.Window().findChild<frmNameFromFile*>();
+    QVERIFY(tool != nullptr);
+    tool->resize(1024, 768);
+    Check(*tool, "Hämta MP3-data från fil/text");
+    QCOMPARE(tool->width(), 1024);
+    const QStringList faults = MenuFaults(*tool);
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
 }
 
 void LanguageTest::QuestionsHaveSwedishButtons() {
