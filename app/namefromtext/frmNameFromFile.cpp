@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 
 #include "app/namefromtext/qt_pair_model.h"
 #include "app/namefromtext/qt_sliced_work.h"
@@ -78,6 +79,9 @@ void frmNameFromFile::SetUpBoxes() {
     ui_->cmdClearOld->setIcon(Icon(IconName::ClearList));
     ui_->cmdClearNew->setIcon(Icon(IconName::ClearList));
     ui_->cmdScan->setIcon(Icon(IconName::NameFromText));
+    ui_->scrColumn->setMinimumWidth(ui_->fraColumn->minimumSizeHint().width() +
+                                    ui_->scrColumn->verticalScrollBar()->sizeHint().width());
+    ui_->splTop->setSizes({5, 4});
     SetStretch(*ui_->splTop, 3, 2);
     SetStretch(*ui_->splLists, 3, 2);
 }
