@@ -243,11 +243,12 @@ void frmPLM::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-void frmPLM::SetStatus(const QString& text, const QString& details) {
+void frmPLM::SetStatus(const QString& text, Details details) {
+    status_ = text;
     lblStatus_->setText(text);
     lblStatus_->setToolTip(text);
-    details_ = details;
-    cmdDetails_->setVisible(!details.isEmpty());
+    details_ = std::move(details);
+    cmdDetails_->setVisible(details_ != nullptr);
 }
 
 QString frmPLM::RunStatus(const QString& summary, bool stopped) {
@@ -262,7 +263,8 @@ void frmPLM::Work_BusyChanged(bool busy) {
     ShowPreviewList();
     const bool names = dynamic_cast<const NamesTask*>(work_.Current()) != nullptr;
     ui_->chkPreview->setEnabled(!busy || names);
-    if (busy) return SetStatus({});
+    if (busy) return;
+    lblStatus_->setText(status_);
     prgWork_->hide();
     cmdStop_->hide();
     if (closeWhenDone_) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
@@ -285,7 +287,7 @@ void frmPLM::cmdDetails_Click() {
     dialog.setObjectName(QStringLiteral("dlgDetails"));
     dialog.setWindowTitle(lblStatus_->text());
     dialog.resize(640, 360);
-    auto* text = new QPlainTextEdit(details_, &dialog);
+    auto* text = new QPlainTextEdit(ToQt(details_()), &dialog);
     text->setReadOnly(true);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setAccessibleName(tr("Details"));

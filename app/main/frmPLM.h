@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QMainWindow>
 #include <QPointer>
+#include <functional>
 #include <memory>
 
 #include "app/dialogs/player.h"
@@ -14,7 +15,6 @@
 #include "app/main/tag_panel.h"
 #include "app/shared/app_context.h"
 
-class QAbstractButton;
 class QLabel;
 class QProgressBar;
 class QToolButton;
@@ -56,7 +56,9 @@ private:
     void TakeControls();
     void SaveOnClose();
     void RestoreLayout();
-    void SetStatus(const QString& text, const QString& details = {});
+    /// What a run did, one line for each file, made when somebody asks.
+    using Details = std::function<Text()>;
+    void SetStatus(const QString& text, Details details = {});
     [[nodiscard]] static QString RunStatus(const QString& summary, bool stopped);
     void Work_BusyChanged(bool busy);
     void Work_Progressed();
@@ -118,6 +120,7 @@ private:
     void OneFileSaved(const PanelSave& saved);
     void StartTagRun(const QString& what, TagRun run);
     void TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows);
+    void ShowTagsAfterRun(const TagReport& report);
     void RenewNames(std::vector<FileList::Index> rows);
 
     // frmPLM_player.cpp: playing, help and about
@@ -159,7 +162,8 @@ private:
     QProgressBar* prgWork_ = nullptr;
     QToolButton* cmdStop_ = nullptr;
     QToolButton* cmdDetails_ = nullptr;
-    QString details_;
+    QString status_;  ///< what the status line says while no work is under way
+    Details details_;
     bool closeWhenDone_ = false;
 
     QTimer counting_;

@@ -72,6 +72,7 @@ void frmPLM::ComputeNames(std::vector<FileList::Index> rows) {
 
 void frmPLM::chkPreview_Click() {
     ShowPreviewList();
+    SetStatus({});
     if (!PreviewShown()) {
         work_.Stop();  // the computing of names: during other work the box is at rest
         return list_.ClearNewNames();
@@ -98,6 +99,7 @@ void frmPLM::cmbOutPattern_Change() {
 }
 
 void frmPLM::cmbOutPattern_Validate() {
+    if (work_.Busy() || sort_ != nullptr) return;  // the box is left because it cannot be used now
     if (!std::exchange(outPatternEdited_, false) || !PreviewShown()) return;
     // Asked when the focus has arrived: a box in the midst of its way would hold it up.
     QMetaObject::invokeMethod(this, &frmPLM::AskToApplyPattern, Qt::QueuedConnection);

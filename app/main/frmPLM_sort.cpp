@@ -82,6 +82,7 @@ SortChoices frmPLM::Choices() const {
 
 void frmPLM::StartSort(SortStart start) {
     if (work_.Busy()) return;
+    SetStatus({});
     if (list_.SelectedCount() == 0)
         return SetStatus(tr("No file is selected, so there is nothing to sort."));
     const SortChoices choices = Choices();
@@ -129,7 +130,8 @@ void frmPLM::Sort_Progressed() {
 }
 
 void frmPLM::Sort_Done() {
-    const SortReport report = sort_->Run().Report();
+    const auto whole = std::make_shared<const SortReport>(sort_->Run().Report());
+    const SortReport& report = *whole;
     const FileList::Index next = sort_->Run().NextRow();
     // What stayed is still selected; else the entry that took the last one's place is.
     if (list_.SelectedCount() == 0 && next < list_.Count()) list_.SelectOnly(next);
@@ -138,6 +140,7 @@ void frmPLM::Sort_Done() {
     setEnabled(true);
     if (focusBeforeSort_ != nullptr) focusBeforeSort_->setFocus();
     ResetFileView();
+    if (MultipleSelection()) Selection_Changed(false);
     if (sorting_ != nullptr && report.Cancelled) {
         sorting_->ShowDone();
     } else if (sorting_ != nullptr) {
@@ -145,9 +148,9 @@ void frmPLM::Sort_Done() {
         sorting_->deleteLater();
     }
     const Language words = UserLanguage();
-    const Text failures = FailureText(report.Failures, words);
     SetStatus(RunStatus(ToQt(SummaryText(report, words)), report.Stopped || report.Cancelled),
-              ToQt(ReportList(report, words)));
+              [whole, words] { return ReportList(*whole, words); });
+    const Text failures = FailureText(report.Failures, words);
     if (!failures.empty()) context_.Ask.Critical({u"PLM", failures, {}});
 }
 

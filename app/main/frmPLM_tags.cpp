@@ -120,16 +120,29 @@ void frmPLM::StartTagRun(const QString& what, TagRun run) {
 }
 
 void frmPLM::TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows) {
-    // Entries that could not be saved stay in their boxes for another try.
-    if (report.Failures.empty() && !report.Stopped) tags_->ShowBatch();
+    ShowTagsAfterRun(report);
     UpdateCounter();
     std::vector<FileList::Index> written;
     for (const std::size_t place : report.Written) written.push_back(rows[place]);
     RenewNames(std::move(written));
-    SetStatus(RunStatus(ToQt(TagSummaryText(report, UserLanguage())), report.Stopped),
-              ToQt(TagFailureList(report.Failures)));
-    const Text failures = TagFailureText(report.Failures, UserLanguage());
+    const Language words = UserLanguage();
+    Details details;
+    if (!report.Failures.empty())
+        details = [failures = report.Failures] { return TagFailureList(failures); };
+    SetStatus(RunStatus(ToQt(TagSummaryText(report, words)), report.Stopped), std::move(details));
+    const Text failures = TagFailureText(report.Failures, words);
     if (!failures.empty()) context_.Ask.Critical({{}, failures, {}});
+}
+
+void frmPLM::ShowTagsAfterRun(const TagReport& report) {
+    const TagPanel& panel = tags_->Panel();
+    if (panel.Now() != TagPanel::State::Batch) {
+        // Another file was selected meanwhile; it may have been shown before it was written.
+        if (!panel.IsEdited()) Selection_Changed(true);
+    } else if (report.Failures.empty() && !report.Stopped) {
+        tags_->ShowBatch();
+    }
+    // What could not be saved stays in the boxes for another try.
 }
 
 void frmPLM::RenewNames(std::vector<FileList::Index> rows) {

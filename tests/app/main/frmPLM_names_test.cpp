@@ -29,6 +29,7 @@ private slots:
     void PatternBoxesSwallowForbiddenKeys();
     void PreviewIsHiddenUntilTicked();
     void TickingComputesAllLinesAndUntickingEmptiesThem();
+    void StatusLineIsFreeAgainWhenTheNamesAreComputed();
     void UntickingStopsTheComputing();
     void AddedFilesGetLinesOnlyWhilePreviewIsShown();
     void PreviewTakesNamesFromTags();
@@ -127,6 +128,16 @@ void FrmPLMNamesTest::TickingComputesAllLinesAndUntickingEmptiesThem() {
                                                      QStringLiteral("Hang With Me By Robyn.mp3")}));
     plm_->Click("chkPreview");
     QCOMPARE(plm_->Lines("lstPreview"), (QStringList{QString(), QString()}));
+}
+
+void FrmPLMNamesTest::StatusLineIsFreeAgainWhenTheNamesAreComputed() {
+    Drop({u"abba - waterloo.mp3", u"robyn - hang with me.mp3"});
+    plm_->WorkStepByStep();
+    plm_->Get<QCheckBox>("chkPreview").click();
+    QVERIFY(plm_->Busy());
+    QTRY_COMPARE(plm_->TextOf("lblStatus"), QStringLiteral("Computing new names"));
+    plm_->Settle();
+    QCOMPARE(plm_->TextOf("lblStatus"), QString());
 }
 
 void FrmPLMNamesTest::UntickingStopsTheComputing() {

@@ -72,6 +72,7 @@ private slots:
     void MissingFileIsSkippedAndStays();
     void AfterTheRunTheNextEntryIsSelectedAndThePanelBlank();
     void ClickOnTheSelectedEntryShowsItAgain();
+    void SortFromTheEditedPatternBoxAsksAfterTheRun();
     void WhatWasNotSortedStaysSelected();
     void RenameLocksTheTargetAndShowsTheFilesFolder();
     void OtherMethodBringsTheTargetBack();
@@ -491,6 +492,30 @@ void FrmPLMSortTest::ClickOnTheSelectedEntryShowsItAgain() {
     QCOMPARE(plm_->SelectedRows(), QList<int>{0});
     plm_->ClickLine("lstFiles", 0);
     QCOMPARE(plm_->TextOf("txtOldName"), QStringLiteral("b - y.mp3"));
+}
+
+void FrmPLMSortTest::SortFromTheEditedPatternBoxAsksAfterTheRun() {
+    DropSimple({u"a - x.mp3", u"b - y.mp3", u"c - z.mp3"});
+    Choose("optMethod0");
+    plm_->Click("chkPreview");
+    plm_->Settle();
+    plm_->ClickLine("lstFiles", 0);
+    plm_->ClickLine("lstFiles", 1, Qt::ControlModifier);
+    plm_->SetText("cmbOutPattern", QStringLiteral("%title.mp3"));
+    // The window is disabled during the run, which takes the focus out of the box.
+    plm_->Key("cmbOutPattern", Qt::Key_Return, Qt::ControlModifier);
+    plm_->Settle();
+    QCOMPARE(ListTree(plm_->Folder / u"out"), (std::vector<Bytes>{"X.mp3", "Y.mp3"}));
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{0});
+    plm_->Ask.Answers = {Answer::Yes};
+    plm_->Window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&plm_->Window()));
+    QCOMPARE(QApplication::focusWidget(), &plm_->Get<QWidget>("cmbOutPattern"));
+    plm_->Get<QWidget>("txtNewName").setFocus(Qt::TabFocusReason);
+    QCoreApplication::processEvents();
+    plm_->Settle();
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QCOMPARE(plm_->Lines("lstPreview"), QStringList{QStringLiteral("Z.mp3")});
 }
 
 void FrmPLMSortTest::WhatWasNotSortedStaysSelected() {

@@ -83,6 +83,7 @@ private slots:
     void BatchRemovesEachVersion();
     void BatchNamesFilesThatFailAndWritesTheOthers();
     void BatchCanBeStopped();
+    void FileSelectedDuringBatchIsShownAsItWasWritten();
     void FixCleansMixedSelection();
     void FixCleansTheShownFile();
     void FailedSaveIsReportedBesideTheFileAndKeepsTheBoxes();
@@ -509,6 +510,21 @@ void FrmPLMTagpanelTest::BatchCanBeStopped() {
     QVERIFY(plm_->TextOf("lblStatus").startsWith(QLatin1String("Stopped. ")));
 }
 
+void FrmPLMTagpanelTest::FileSelectedDuringBatchIsShownAsItWasWritten() {
+    DropTagged(6);
+    plm_->Click("cmdSelectAll");
+    plm_->SetText("txtV2Album", QStringLiteral("New Album"));
+    plm_->WorkStepByStep();
+    plm_->Ask.Answers = {Answer::Yes};
+    plm_->Click("cmdSaveID3");
+    QVERIFY(plm_->Busy());
+    plm_->ClickLine("lstFiles", 5);
+    plm_->Settle();
+    QCOMPARE(plm_->TextOf("txtV2Title"), QStringLiteral("title 6"));
+    QCOMPARE(plm_->TextOf("txtV2Album"), QStringLiteral("New Album"));
+    QVERIFY(!plm_->Get<QWidget>("chkID3v1Rem").isVisible());
+}
+
 void FrmPLMTagpanelTest::FixCleansMixedSelection() {
     const TempFolder& folder = plm_->Folder;
     const Text both = folder.File(u"in/both.mp3", EncodedMp3());
@@ -568,6 +584,7 @@ void FrmPLMTagpanelTest::SavingRenewsPreviewAndNewName() {
     QCOMPARE(plm_->Lines("lstPreview"), (QStringList{QStringLiteral("Artist 1 - New One.mp3"),
                                                      QStringLiteral("Artist 2 - Title 2.mp3")}));
     QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("Artist 1 - New One.mp3"));
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("The tags were saved."));
 }
 
 void FrmPLMTagpanelTest::PreviewLineEditedByHandStays() {
