@@ -126,8 +126,8 @@ private:
     [[nodiscard]] frmSorting* Progress() const { return plm_->Window().findChild<frmSorting*>(); }
     /// Calls `act` when the `nth` file (from 0) is begun.
     void OnFile(std::size_t nth, const std::function<void()>& act) {
-        plm_->Disk.Inject = [this, nth, act, begun = std::size_t{0}](const DiskCall& call,
-                                                                     std::size_t) mutable {
+        plm_->Disk.Inject = [nth, act, begun = std::size_t{0}](const DiskCall& call,
+                                                               std::size_t) mutable {
             if (call.Operation == DiskOperation::BeginCopy && begun++ == nth) act();
             return Status();
         };
