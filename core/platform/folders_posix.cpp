@@ -21,7 +21,7 @@ Bytes FromEnvironment(const char* name) {
     return value == nullptr ? Bytes() : Bytes(value);
 }
 
-// The XDG Base Directory Specification: a path that is not absolute is to be ignored.
+// XDG base directories: a path that is not absolute is to be ignored.
 Bytes AbsoluteFromEnvironment(const char* name) {
     const Bytes value = FromEnvironment(name);
     return value.empty() || value.front() != '/' ? Bytes() : value;
