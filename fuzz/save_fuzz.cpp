@@ -58,8 +58,8 @@ Wish TakeWish(BytesView& input) {
                   static_cast<TagMode>(static_cast<int>(byte() % 3) - 1)};
     wish.V1.Title = Bytes(byte() % 31, 'v');
     wish.V1.Track = static_cast<char>(byte());
-    wish.V2.Title = Bytes(byte() * 4U, 't');
-    wish.V2.Comments = Bytes(byte() % 3 * 6000U, 'c');
+    wish.V2.Title = Bytes(std::size_t{byte()} * 4, 't');
+    wish.V2.Comments = Bytes(std::size_t{byte() % 3} * 6000, 'c');
     wish.V2.OtherFrames = Bytes(byte() % 64, 'o');
     return wish;
 }

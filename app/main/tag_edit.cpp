@@ -50,9 +50,8 @@ void ShowV1(const ID3v1Tag& tag, bool optimized, TagBoxes& boxes) {
     boxes.txtTrackNr = TrackText(tag.Track);
 }
 
-Text ChangedOr(const BoxChanges& changes, TagBox box, Text old) {
-    const std::optional<Text>& change = changes[IndexOf(box)];
-    return change ? *change : std::move(old);
+void TakeChange(const BoxChanges& changes, TagBox box, Text& text) {
+    if (const std::optional<Text>& change = changes[IndexOf(box)]; change) text = *change;
 }
 
 bool IsChanged(const BoxChanges& changes, TagBox box) { return changes[IndexOf(box)].has_value(); }
@@ -108,11 +107,11 @@ private:
 
 ID3v1Texts EditedTexts(const ID3v1Tag& old, const BoxChanges& changes, bool optimized) {
     ID3v1Texts texts = ShowID3v1(old, optimized);
-    texts.Title = ChangedOr(changes, TagBox::txtTitle, std::move(texts.Title));
-    texts.Artist = ChangedOr(changes, TagBox::txtArtist, std::move(texts.Artist));
-    texts.Album = ChangedOr(changes, TagBox::txtAlbum, std::move(texts.Album));
-    texts.Year = ChangedOr(changes, TagBox::txtYear, std::move(texts.Year));
-    texts.Comment = ChangedOr(changes, TagBox::txtComments, std::move(texts.Comment));
+    TakeChange(changes, TagBox::txtTitle, texts.Title);
+    TakeChange(changes, TagBox::txtArtist, texts.Artist);
+    TakeChange(changes, TagBox::txtAlbum, texts.Album);
+    TakeChange(changes, TagBox::txtYear, texts.Year);
+    TakeChange(changes, TagBox::txtComments, texts.Comment);
     return texts;
 }
 
@@ -183,11 +182,6 @@ ID3v1Tag EditedV1(const ID3v1Tag& old, const BoxChanges& changes, V1Style style)
     return tag;
 }
 
-HeldFrames HoldFrames(BytesView tagText, HandOn which) {
-    const FrameKinds kinds = KindsOfFrames(tagText);
-    return {kinds, which, OtherFramesWith(tagText, kinds, which)};
-}
-
 ID3v2Tag EditedV2(const ID3v2Tag& old, HeldFrames held, const BoxChanges& changes,
                   HiddenFrames hidden) {
     ID3v2Tag tag = old;
@@ -207,7 +201,7 @@ ID3v2Tag EditedV2(const ID3v2Tag& old, HeldFrames held, const BoxChanges& change
     }
     tag.OtherFrames = hidden == HiddenFrames::Drop ? OnlyFrames(held.OtherFrames, handedOn)
                                                    : std::move(held.OtherFrames);
-    if (tag.OtherFrames.find_first_not_of('\0') == Bytes::npos) tag.OtherFrames.clear();
+    if (IsOnlyNuls(tag.OtherFrames)) tag.OtherFrames.clear();
     return tag;
 }
 

@@ -33,6 +33,18 @@ TagRun::TagRun(std::vector<Text> paths, Edit edit)
     : paths_(std::move(paths)), edit_(std::move(edit)) {}
 
 SaveResult TagRun::ChangeFile(TextView path) {
+    File file;
+    if (writer_ != nullptr || !file.Open(path, File::Mode::ReadWrite).Ok())
+        return ChangeClosedFile(path);
+    FirstError errors;
+    const FileTags tags = ReadFileTags(file, path, ID3v2Parts::FieldsAndText, errors);
+    const Status read = errors.Result();
+    if (!read.Ok()) return {SaveOutcome::Failed, read.Number()};
+    return SaveTags({path, file, tags}, edit_(path, tags));
+}
+
+// For a file that is written by somebody else, or cannot be: there may be nothing to write to it.
+SaveResult TagRun::ChangeClosedFile(TextView path) {
     FileTags tags;
     const Status read = ReadForChange(path, tags);
     if (!read.Ok()) return {SaveOutcome::Failed, read.Number()};

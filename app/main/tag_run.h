@@ -11,13 +11,6 @@
 
 namespace mdlPLM {
 
-/// What is to be written to one file.
-struct TagChange {
-    ID3v1Tag V1;
-    ID3v2Tag V2;
-    SaveModes Modes;
-};
-
 struct TagFailure {
     Text Path;
     Text Reason;
@@ -52,6 +45,7 @@ public:
 
 private:
     SaveResult ChangeFile(TextView path);
+    SaveResult ChangeClosedFile(TextView path);
 
     std::vector<Text> paths_;
     Edit edit_;

@@ -49,8 +49,6 @@ bool IsForAll(const FieldRow& row, const RunTagChoices& choices) {
     return row.ForAll != nullptr && choices.*row.ForAll;
 }
 
-bool IsAllNul(BytesView field) { return field.find_first_not_of('\0') == BytesView::npos; }
-
 bool IsBlank(BytesView field) { return field.find_first_not_of(' ') == BytesView::npos; }
 
 struct NameFields {
@@ -81,7 +79,7 @@ V1Changes ChangesOf(const ID3v1Tag& own, const NameFields& nameFields, const Run
     changes.Texts = ShowID3v1(own, optimized);
     for (const FieldRow& row : Fields) {
         const bool forAll = IsForAll(row, choices);
-        if (!forAll && !IsAllNul(own.*row.V1)) continue;
+        if (!forAll && !IsOnlyNuls(own.*row.V1)) continue;
         changes.*row.V1Changed = true;
         changes.Texts.*row.V1Text = forAll ? choices.*row.Box : nameFields(row.Word);
     }
@@ -106,8 +104,10 @@ void LayOutChanges(ID3v1Tag& record, const V1Changes& changes, bool optimized) {
 // among its other frames until something else is put in their place.
 class V2Filling {
 public:
-    explicit V2Filling(const OwnID3v2& own) : record_(own.Tag), kinds_(KindsOfFrames(own.TagText)) {
-        record_.OtherFrames = OtherFramesWith(own.TagText, kinds_, HandOn::NotWholeNoName);
+    explicit V2Filling(const OwnID3v2& own) : record_(own.Tag) {
+        HeldFrames held = HoldFrames(own.TagText, HandOn::NotWholeNoName);
+        kinds_ = held.Kinds;
+        record_.OtherFrames = std::move(held.OtherFrames);
     }
 
     void Put(Bytes ID3v2Tag::*field, TextView text) {
@@ -132,7 +132,7 @@ public:
         }
         record_.Genre = GenreReference(record_.Genre);
         if (withoutOthers) record_.OtherFrames = OnlyFrames(record_.OtherFrames, handedOn);
-        if (IsAllNul(record_.OtherFrames)) record_.OtherFrames.clear();
+        if (IsOnlyNuls(record_.OtherFrames)) record_.OtherFrames.clear();
         return std::move(record_);
     }
 
@@ -144,7 +144,7 @@ private:
     }
 
     ID3v2Tag record_;
-    FrameKinds kinds_;
+    FrameKinds kinds_{};
 };
 
 }  // namespace

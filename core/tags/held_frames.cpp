@@ -82,28 +82,61 @@ FrameKind KindOf(const ReadFrame& read) {
     return IsTextRight(read) ? FrameKind::InPart : FrameKind::Unshown;
 }
 
-FrameKind KindOf(BytesView tagText, const std::vector<WalkedFrame>& walked, BytesView identifier) {
-    const std::size_t start = tagText.find(identifier);
-    if (start == BytesView::npos) return FrameKind::Absent;
-    const auto frame = std::find_if(walked.begin(), walked.end(),
-                                    [&](const WalkedFrame& f) { return f.Start == start; });
-    if (frame == walked.end() || !frame->SevenBitSize) return FrameKind::Unshown;
-    return KindOf(
-        {identifier, tagText.substr(start, frame->Length), GetFrameText(tagText, identifier)});
-}
-
-// Removes the walked frames for which `goes` is true.
-template <class Goes>
-Bytes WithoutFrames(BytesView tagText, Goes goes) {
-    Bytes rest;
-    std::size_t done = 0;
-    for (const WalkedFrame& frame : WalkFrames(tagText)) {
-        if (!goes(frame)) continue;
-        rest.append(tagText.substr(done, frame.Start - done));
-        done = frame.Start + frame.Length;
+// A tag text with its frames and the places where the reader finds the known ones.
+class Walk {
+public:
+    explicit Walk(BytesView tagText) : text_(tagText), frames_(WalkFrames(tagText)) {
+        std::transform(KnownFrames.begin(), KnownFrames.end(), starts_.begin(),
+                       [&](const KnownFrame& known) { return text_.find(known.Identifier); });
     }
-    return rest.append(tagText.substr(std::min(done, tagText.size())));
-}
+
+    [[nodiscard]] FrameKinds Kinds() const {
+        FrameKinds kinds{};
+        for (std::size_t i = 0; i < kinds.size(); ++i) kinds[i] = KindOfKnown(i);
+        return kinds;
+    }
+
+    [[nodiscard]] Bytes Others(const FrameKinds& kinds, HandOn which) const {
+        Bytes known;
+        Bytes all;
+        for (const WalkedFrame& frame : frames_) {
+            const std::size_t place = KnownPlaceOf(frame);
+            const BytesView bytes = text_.substr(frame.Start, frame.Length);
+            const bool isKnown = place < kinds.size();
+            if (isKnown && !IsHandedOn(kinds[place], which)) continue;
+            if (isKnown) known.append(bytes);
+            all.append(bytes);
+        }
+        const BytesView rest = text_.substr(End());
+        if (all.size() == known.size() && IsOnlyNuls(rest)) return known;
+        return all.append(rest);
+    }
+
+private:
+    [[nodiscard]] FrameKind KindOfKnown(std::size_t place) const {
+        const std::size_t start = starts_[place];
+        if (start == BytesView::npos) return FrameKind::Absent;
+        const auto frame = std::find_if(frames_.begin(), frames_.end(),
+                                        [&](const WalkedFrame& f) { return f.Start == start; });
+        if (frame == frames_.end() || !frame->SevenBitSize) return FrameKind::Unshown;
+        const BytesView bytes = text_.substr(start, frame->Length);
+        const BytesView identifier = KnownFrames[place].Identifier;
+        return KindOf({identifier, bytes, GetFrameText(bytes, identifier)});
+    }
+
+    [[nodiscard]] std::size_t KnownPlaceOf(const WalkedFrame& frame) const {
+        return static_cast<std::size_t>(std::find(starts_.begin(), starts_.end(), frame.Start) -
+                                        starts_.begin());
+    }
+
+    [[nodiscard]] std::size_t End() const {
+        return frames_.empty() ? 0 : frames_.back().Start + frames_.back().Length;
+    }
+
+    BytesView text_;
+    std::vector<WalkedFrame> frames_;
+    std::array<std::size_t, KnownFrames.size()> starts_{};
+};
 
 }  // namespace
 
@@ -118,39 +151,31 @@ std::vector<WalkedFrame> WalkFrames(BytesView tagText) {
 }
 
 Bytes CutWalkedFrame(BytesView tagText, BytesView identifier) {
-    bool found = false;
-    return WithoutFrames(tagText, [&](const WalkedFrame& frame) {
-        const bool goes = !found && IdentifierOf(tagText, frame) == identifier;
-        found = found || goes;
-        return goes;
-    });
+    Bytes rest(tagText);
+    for (const WalkedFrame& frame : WalkFrames(tagText)) {
+        if (IdentifierOf(tagText, frame) != identifier) continue;
+        rest.erase(frame.Start, frame.Length);
+        break;
+    }
+    return rest;
 }
 
-FrameKinds KindsOfFrames(BytesView tagText) {
-    const std::vector<WalkedFrame> walked = WalkFrames(tagText);
-    FrameKinds kinds{};
-    std::transform(
-        KnownFrames.begin(), KnownFrames.end(), kinds.begin(),
-        [&](const KnownFrame& known) { return KindOf(tagText, walked, known.Identifier); });
-    return kinds;
-}
+FrameKinds KindsOfFrames(BytesView tagText) { return Walk(tagText).Kinds(); }
 
 bool IsHandedOn(FrameKind kind, HandOn which) {
     return kind == FrameKind::InPart || kind == FrameKind::Unshown ||
            (kind == FrameKind::Reference && which == HandOn::NotWhole);
 }
 
-Bytes OtherFramesWith(BytesView tagText, const FrameKinds& kinds, HandOn which) {
-    std::array<std::size_t, KnownFrames.size()> gone{};
-    gone.fill(BytesView::npos);
-    for (std::size_t i = 0; i < KnownFrames.size(); ++i)
-        if (kinds[i] != FrameKind::Absent && !IsHandedOn(kinds[i], which))
-            gone[i] = tagText.find(KnownFrames[i].Identifier);
-    Bytes rest = WithoutFrames(tagText, [&](const WalkedFrame& frame) {
-        return std::find(gone.begin(), gone.end(), frame.Start) != gone.end();
-    });
-    if (rest.find_first_not_of('\0') == Bytes::npos) rest.clear();
-    return rest;
+HeldFrames HoldFrames(BytesView tagText, HandOn which) {
+    const Walk walk(tagText);
+    const FrameKinds kinds = walk.Kinds();
+    return {kinds, which, walk.Others(kinds, which)};
+}
+
+bool IsOnlyNuls(BytesView bytes) {
+    return bytes.empty() ||
+           (bytes.front() == '\0' && bytes.substr(1) == bytes.substr(0, bytes.size() - 1));
 }
 
 Bytes OnlyFrames(BytesView tagText, const std::vector<BytesView>& identifiers) {

@@ -48,9 +48,18 @@ enum class HandOn {
 };
 bool IsHandedOn(FrameKind kind, HandOn which);
 
-/// The other frames: the tag text without the known frames that are not handed on; empty when only
-/// NULs are left.
-Bytes OtherFramesWith(BytesView tagText, const FrameKinds& kinds, HandOn which);
+/// What of a tag is handed on beside its fields.
+struct HeldFrames {
+    FrameKinds Kinds{};
+    HandOn Which = HandOn::NotWhole;
+    /// The tag text without the known frames that are not handed on. When nothing but NULs is left
+    /// beside those that are, they alone, without the NULs.
+    Bytes OtherFrames;
+};
+HeldFrames HoldFrames(BytesView tagText, HandOn which);
+
+/// True for an empty text too.
+bool IsOnlyNuls(BytesView bytes);
 
 /// Of a tag text only the first walked frame of each of these identifiers.
 Bytes OnlyFrames(BytesView tagText, const std::vector<BytesView>& identifiers);

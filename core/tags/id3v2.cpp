@@ -97,7 +97,7 @@ Bytes ResolveGenre(BytesView rawGenre) {
     const std::size_t close = rawGenre.find(')', 1);
     if (close == BytesView::npos || close < 2) return {};
     const BytesView reference = rawGenre.substr(1, close - 1);
-    const Bytes name = IsAllDigits(reference) ? GenreNameOfNumber(NumberOf(reference)) : Bytes();
+    Bytes name = IsAllDigits(reference) ? GenreNameOfNumber(NumberOf(reference)) : Bytes();
     if (close + 1 == rawGenre.size()) return name;
     const Text refinement = Trim(FromCodePage(rawGenre.substr(close + 1)));
     if (refinement.empty() || EqualIgnoringCase(refinement, FromCodePage(name))) return name;

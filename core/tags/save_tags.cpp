@@ -93,6 +93,16 @@ SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveM
     return ResultOf(status);
 }
 
+SaveResult SaveTags(const OpenTags& opened, const TagChange& change) {
+    const FileTags& tags = opened.Tags;
+    const OldFile old{tags.FileSize, tags.V1.Present(), tags.V2.Present(), tags.V2Length};
+    const SavePlan plan = PlanSave(old, change.V1, change.V2, change.Modes);
+    if (plan.Way == SaveWay::NoWork) return {};
+    Status status = Perform(opened.Path, opened.Source, plan);
+    if (status.Ok()) status = opened.Source.Close();
+    return ResultOf(status);
+}
+
 SaveResult TrySaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes) {
     File file;
     SavePlan plan;

@@ -1,6 +1,7 @@
 // Saving both tags of a file in one go.
 #pragma once
 
+#include "core/tags/file_tags.h"
 #include "core/tags/save_plan.h"
 
 namespace mdlPLM {
@@ -22,6 +23,23 @@ struct SaveResult {
 /// (see file_replacement.h). A failure leaves the file as it was and is not reported: the caller
 /// names the file.
 SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes);
+
+/// What is to be written to one file.
+struct TagChange {
+    ID3v1Tag V1;
+    ID3v2Tag V2;
+    SaveModes Modes;
+};
+
+/// A file that is open for reading and writing, and the tags that have just been read from it.
+struct OpenTags {
+    TextView Path;
+    File& Source;
+    const FileTags& Tags;
+};
+
+/// SaveTags on such a file, without looking at it again. It is closed afterwards.
+SaveResult SaveTags(const OpenTags& opened, const TagChange& change);
 
 /// What would come of SaveTags, as far as it can be told without writing: the file is opened for
 /// writing, looked at and closed.

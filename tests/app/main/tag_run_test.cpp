@@ -1,7 +1,11 @@
 #include "app/main/tag_run.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include "core/platform/path.h"
+#include "core/tags/id3v2_writer.h"
+#include "tests/support/child_process.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
@@ -88,6 +92,41 @@ TEST_F(Run, AFileOnWhichThereIsNothingToDoIsNoFailure) {
     EXPECT_EQ(run.Report().Unchanged, 1U);
     EXPECT_TRUE(run.Report().Failures.empty());
     EXPECT_TRUE(run.Report().Written.empty());
+}
+
+TEST_F(Run, AWriteProtectedFileFailsOnlyWhenThereIsSomethingToWrite) {
+    const Text path = Make(u"a.mp3", Noise(300));
+    ASSERT_EQ(::chmod(NativePath(path).c_str(), 0444), 0);
+    const auto summaryOf = [&](const TagRun::Edit& edit) {
+        TagRun run({path}, edit);
+        run.Step();
+        return TagSummaryText(run.Report());
+    };
+    EXPECT_EQ(RunInChild([&] {
+                  ObeyPermissions();
+                  const bool failed = summaryOf(WriteTrailer) == u"0 done, 0 skipped, 1 failed";
+                  const bool skipped = summaryOf([](TextView, const FileTags&) {
+                                           return TagChange();
+                                       }) == u"0 done, 1 skipped, 0 failed";
+                  return failed && skipped ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(ReadFile(path), Noise(300));
+}
+
+TEST_F(Run, AGrowingTagIsWrittenToTheOpenFile) {
+    const Bytes audio = Noise(3000);
+    const Text path = Make(u"a.mp3", audio + test::Trailer("V1"));
+    TagRun run({path}, [](TextView, const FileTags& tags) {
+        TagChange change{tags.V1, tags.V2, {TagMode::Remove, TagMode::Write}};
+        change.V2.Title = "New title";
+        return change;
+    });
+    run.Step();
+    EXPECT_EQ(run.Report().Written.size(), 1U);
+    EXPECT_EQ(ReadFile(path),
+              BuildTagHeader(40) + BuildFrame("TIT2", "New title") + test::Nuls(20) + audio);
+    EXPECT_EQ(ListTree(folder_.Path()), std::vector<Bytes>{"a.mp3"});
 }
 
 TEST_F(Run, TheEditSeesWhatTheFileHolds) {

@@ -58,7 +58,8 @@ TEST_F(TagsOfFile, ATagOfAnyLengthIsReadWhole) {
                                      4087U, 4096U, 5000U, 70000U}) {
         const Bytes picture = Frame("APIC", Noise(length));
         const Bytes audio = Noise(200);
-        const FileTags tags = Read(WholeTag(picture + TitleFrame) + audio);
+        Bytes contents = WholeTag(picture + TitleFrame);
+        const FileTags tags = Read(contents.append(audio));
         EXPECT_EQ(tags.V2.Title, "A title") << length;
         EXPECT_EQ(tags.V2.OtherFrames, picture + audio.substr(0, 10)) << length;
         EXPECT_FALSE(tags.V2Failed);

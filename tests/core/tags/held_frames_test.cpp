@@ -154,8 +154,7 @@ TEST(OtherFrames, AreThoseOfTheReaderWhenEveryKnownFrameIsWhole) {
         const Bytes tagText = text + end;
         const ID3v2Tag read =
             ParseID3v2(test::TagHeader(tagText.size()), tagText, ID3v2Parts::Everything);
-        EXPECT_EQ(OtherFramesWith(tagText, KindsOfFrames(tagText), HandOn::NotWholeNoName),
-                  read.OtherFrames);
+        EXPECT_EQ(HoldFrames(tagText, HandOn::NotWholeNoName).OtherFrames, read.OtherFrames);
     }
 }
 
@@ -164,24 +163,31 @@ TEST(OtherFrames, KeepInTheirPlacesWhatIsHandedOn) {
     const Bytes genre = TextFrame("TCON", "(17)");
     const Bytes artist = TextFrame("TPE1", "Artist");
     const Bytes tagText = title + Picture + artist + genre + Nuls(20) + TenBytes;
-    const FrameKinds kinds = KindsOfFrames(tagText);
-    EXPECT_EQ(OtherFramesWith(tagText, kinds, HandOn::NotWhole),
+    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames,
               title + Picture + genre + Nuls(20) + TenBytes);
-    EXPECT_EQ(OtherFramesWith(tagText, kinds, HandOn::NotWholeNoName),
+    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWholeNoName).OtherFrames,
               title + Picture + Nuls(20) + TenBytes);
 }
 
 TEST(OtherFrames, AreEmptyWhenOnlyNulsAreLeft) {
     const Bytes tagText = TextFrame("TIT2", "a") + Nuls(20);
-    EXPECT_EQ(OtherFramesWith(tagText, KindsOfFrames(tagText), HandOn::NotWhole), "");
+    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames, "");
+}
+
+TEST(OtherFrames, PaddingIsNotHandedOnBesideKnownFramesAlone) {
+    const Bytes title = Frame("TIT2", "\1\xFF\xFE" + Bytes("a\0", 2));
+    const Bytes genre = TextFrame("TCON", "(17)");
+    const Bytes tagText = title + TextFrame("TPE1", "Artist") + genre + Nuls(200);
+    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames, title + genre);
+    EXPECT_EQ(HoldFrames(tagText + TenBytes, HandOn::NotWhole).OtherFrames,
+              title + genre + Nuls(200) + TenBytes);
 }
 
 TEST(OtherFrames, ALookalikeInsideAPictureStaysWhole) {
     const Bytes picture =
         Frame("APIC", Nul + "image/png" + Nuls(2) + TextFrame("TPE1", "x") + Noise(300));
     const Bytes tagText = picture + TextFrame("TIT2", "A title") + Nuls(20);
-    EXPECT_EQ(OtherFramesWith(tagText, KindsOfFrames(tagText), HandOn::NotWhole),
-              picture + Nuls(20));
+    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames, picture + Nuls(20));
 }
 
 TEST(CutWalkedFrame, CutsTheFirstRealFrameOnly) {

@@ -280,7 +280,8 @@ TEST_F(Saving, AFailureWhileAppendingATrailerLeavesTheFile) {
 }
 
 TEST_F(Saving, AWriteProtectedFileFailsAndStays) {
-    for (const Bytes& before : {OldTag + Audio + OldTrailer, Audio + OldTrailer}) {
+    const Bytes untagged = Audio + OldTrailer;
+    for (const Bytes& before : {OldTag + untagged, untagged}) {
         const Text path = Make(before);
         ASSERT_EQ(::chmod(NativePath(path).c_str(), 0444), 0);
         EXPECT_EQ(RunInChild([&] {
