@@ -7,6 +7,7 @@
 
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
+#include "tests/support/places.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/terminal_run.h"
@@ -22,7 +23,7 @@ protected:
 
     /// A call of the program in the folder of the test.
     [[nodiscard]] ProgramCall Call(const Arguments& arguments, const Bytes& input = {}) const {
-        return {PathFromNative(PLM_CLI), arguments, Environment, input, Folder.Path()};
+        return {PathFromNative(CommandLineFile()), arguments, Environment, input, Folder.Path()};
     }
     ProgramResult Cli(const Arguments& arguments, const Bytes& input = {}) const {
         return RunToEnd(Call(arguments, input));
@@ -30,7 +31,8 @@ protected:
     /// The same line typed into a shell, with "pellmore-cli" in its path.
     ProgramResult Shell(const Bytes& line) const {
         std::map<Bytes, Bytes> environment = Environment;
-        environment["PATH"] = NativePath(FolderOfPath(PathFromNative(PLM_CLI))) + ":/usr/bin:/bin";
+        environment["PATH"] =
+            NativePath(FolderOfPath(PathFromNative(CommandLineFile()))) + ":/usr/bin:/bin";
         return RunToEnd({u"/bin/sh", {"-c", line}, environment, {}, Folder.Path()});
     }
 

@@ -99,7 +99,7 @@ TEST_F(CliNames, AnAbsolutePathStaysOne) {
 TEST_F(CliNames, APatternWithFoldersFindsThemForARelativePathToo) {
     const Text path = Folder.File(u"Abba/Gold/1 - sos.mp3", Noise(200));
     const ProgramResult result =
-        RunToEnd({PathFromNative(PLM_CLI),
+        RunToEnd({PathFromNative(CommandLineFile()),
                   {"names", "--in-pattern", "%artist/%album/%track - %title.mp3", "--out-pattern",
                    "%album - %title.mp3", "1 - sos.mp3"},
                   Environment,

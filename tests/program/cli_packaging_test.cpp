@@ -14,7 +14,7 @@ namespace mdlPLM::test {
 namespace {
 
 Bytes Packaged(const Bytes& name) {
-    return ReadFile(PathFromNative(Bytes(PLM_SOURCE) + "/packaging/" + name));
+    return ReadFile(PathFromNative(SourceFolder() + "/packaging/" + name));
 }
 
 Bytes Plain(Bytes text) {
@@ -78,7 +78,7 @@ TEST_F(CliManual, ItsExamplesDoWhatTheySay) {
 
 TEST_F(CliManual, TheFormatterFindsNothingWrong) {
     EXPECT_EQ(OutputOf({"man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z",
-                        Bytes(PLM_SOURCE) + "/packaging/pellmore-cli.1"})
+                        SourceFolder() + "/packaging/pellmore-cli.1"})
                   .find("warning"),
               Bytes::npos);
 }
@@ -129,8 +129,8 @@ class CliCompletion : public CliTest {
 protected:
     // What bash offers for the last of these words.
     Lines Offered(const Arguments& words) const {
-        Bytes script = "source '" + Bytes(PLM_SOURCE) + "/packaging/cli/pellmore-cli.bash'\n";
-        script += "COMP_WORDS=('" + Bytes(PLM_CLI) + "'";
+        Bytes script = "source '" + SourceFolder() + "/packaging/cli/pellmore-cli.bash'\n";
+        script += "COMP_WORDS=('" + CommandLineFile() + "'";
         for (const Bytes& word : words) script += " '" + word + "'";
         script += ")\nCOMP_CWORD=" + std::to_string(words.size()) +
                   "\n_pellmore_cli\nprintf '%s\\n' \"${COMPREPLY[@]}\"\n";
@@ -165,7 +165,7 @@ TEST_F(CliCompletion, OffersCommandsOptionsValuesAndFiles) {
 }
 
 TEST_F(CliCompletion, ZshReadsItsOwn) {
-    EXPECT_EQ(OutputOf({"zsh", "-n", Bytes(PLM_SOURCE) + "/packaging/cli/_pellmore-cli"}), "");
+    EXPECT_EQ(OutputOf({"zsh", "-n", SourceFolder() + "/packaging/cli/_pellmore-cli"}), "");
 }
 
 }  // namespace

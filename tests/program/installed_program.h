@@ -6,6 +6,7 @@
 
 #include "core/platform/disk.h"
 #include "core/platform/path.h"
+#include "tests/support/places.h"
 #include "tests/support/run_program.h"
 #include "tests/support/temp_folder.h"
 
@@ -17,8 +18,8 @@ public:
         (void)home_.Folder(u"bin");
         const std::filesystem::path program = NativePath(Program());
         std::error_code otherFileSystem;
-        std::filesystem::create_hard_link(PLM_PROGRAM, program, otherFileSystem);
-        if (otherFileSystem) std::filesystem::copy_file(PLM_PROGRAM, program);
+        std::filesystem::create_hard_link(ProgramFile(), program, otherFileSystem);
+        if (otherFileSystem) std::filesystem::copy_file(ProgramFile(), program);
         const Bytes home = NativePath(home_.Path());
         Environment = {{"HOME", home},
                        {"XDG_CONFIG_HOME", home + "config"},

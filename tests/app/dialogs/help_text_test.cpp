@@ -14,6 +14,7 @@
 #include "core/names/fix_file_name.h"
 #include "core/names/fixing_rules.h"
 #include "core/text/code_page.h"
+#include "tests/support/places.h"
 
 namespace mdlPLM {
 namespace {
@@ -26,9 +27,7 @@ std::string ReadSource(const std::filesystem::path& path) {
     return contents.str();
 }
 
-std::filesystem::path SourceRoot() {
-    return std::filesystem::path(PLM_TEST_DATA).parent_path().parent_path();
-}
+std::filesystem::path SourceRoot() { return test::SourceFolder(); }
 
 std::string HelpText() { return ReadSource(SourceRoot() / "plm.txt"); }
 

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app/dialogs/qt_player.h"
+#include "tests/support/places.h"
 
 using namespace mdlPLM;
 
@@ -48,7 +49,7 @@ void qt_player_missing_test::withoutThePlayersLibraryAReasonIsGiven() {
 }
 
 void qt_player_missing_test::withoutGStreamersPluginsAReasonIsGiven() {
-    const QString fault = FaultOf(QFileInfo(QStringLiteral(PLM_PROGRAM)).path());
+    const QString fault = FaultOf(QFileInfo(QString::fromStdString(test::ProgramFile())).path());
     QVERIFY2(fault.startsWith(QStringLiteral("Nothing is played: please install GStreamer's base "
                                              "and good plug-ins (missing: ")),
              qPrintable(fault));

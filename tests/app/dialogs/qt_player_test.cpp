@@ -10,6 +10,7 @@
 
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
+#include "tests/support/places.h"
 #include "tests/support/temp_folder.h"
 
 using namespace mdlPLM;
@@ -70,7 +71,7 @@ void qt_player_test::init() {
     started_.clear();
     faults_.clear();
     ended_ = 0;
-    const QString programFolder = QFileInfo(QStringLiteral(PLM_PROGRAM)).path();
+    const QString programFolder = QFileInfo(QString::fromStdString(test::ProgramFile())).path();
     player_ = std::make_unique<MediaPlayer>(
         LoadedPlayers(PlayerFolders(programFolder)),
         PlayerEvents{[this](const Text& file) { started_ << file; }, [this] { ++ended_; },

@@ -12,6 +12,7 @@
 #include "app/namefromtext/source_text.h"
 #include "core/names/text_lists.h"
 #include "core/text/code_page.h"
+#include "tests/support/places.h"
 #include "tests/support/temp_folder.h"
 
 namespace mdlPLM {
@@ -136,7 +137,7 @@ private:
 
 std::vector<std::string> Albums() {
     std::vector<std::string> albums;
-    for (const auto& file : std::filesystem::directory_iterator(PLM_TEST_DATA "/albums"))
+    for (const auto& file : std::filesystem::directory_iterator(test::TestDataFolder() + "/albums"))
         if (file.path().extension() == ".txt") albums.push_back(file.path().stem().string());
     std::sort(albums.begin(), albums.end());
     return albums;
@@ -145,7 +146,7 @@ std::vector<std::string> Albums() {
 class AlbumDescription : public testing::TestWithParam<std::string> {};
 
 TEST_P(AlbumDescription, GivesItsPreScanAndNames) {
-    const Text path = FromUtf8(PLM_TEST_DATA "/albums/" + GetParam());
+    const Text path = FromUtf8(test::TestDataFolder() + "/albums/" + GetParam());
     AlbumScript album(path + u".txt");
     album.Run(FromUtf8(ReadFile(path + u".expected")));
     EXPECT_GT(album.NamesChecked, 2U);

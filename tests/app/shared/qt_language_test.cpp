@@ -15,6 +15,7 @@
 #include "app/main/frmSorting.h"
 #include "app/namefromtext/frmNameFromFile.h"
 #include "app/shared/message_boxes.h"
+#include "tests/support/places.h"
 #include "tests/support/qt_keyboard.h"
 #include "tests/support/qt_main_window.h"
 #include "tests/support/qt_modal.h"
@@ -103,7 +104,8 @@ void LanguageTest::SwedishIsComplete_data() {
 
 void LanguageTest::SwedishIsComplete() {
     QFETCH(QString, file);
-    QFile source(QStringLiteral(PLM_TEST_DATA "/../../app/shared/translations/") + file);
+    QFile source(QString::fromStdString(test::SourceFolder()) +
+                 QStringLiteral("/app/shared/translations/") + file);
     QVERIFY(source.open(QIODevice::ReadOnly));
     QXmlStreamReader reader(&source);
     int translations = 0;

@@ -1,0 +1,16 @@
+// Where the build put the programs under test, and where the sources lie.
+#pragma once
+
+#include "core/text/text.h"
+
+namespace mdlPLM::test {
+
+/// The real programs, as the system writes their paths.
+Bytes ProgramFile();
+Bytes CommandLineFile();
+
+/// The folder of the sources, and that of the files tests read.
+Bytes SourceFolder();
+Bytes TestDataFolder();
+
+}  // namespace mdlPLM::test
