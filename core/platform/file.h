@@ -47,7 +47,7 @@ public:
     Status Close();
 
 private:
-    friend class FileReplacement;
+    friend Status DeleteAndWrite(TextView path, const File& old, BytesView contents);
     static constexpr int Closed = -1;
     int handle_ = Closed;
     std::int64_t size_ = 0;

@@ -30,18 +30,19 @@ enum class SaveWay {
     Refused,  ///< the old file cannot be saved to, see SavePlan::Error
     InPlace,  ///< the bytes of the file change where they are
     Shorten,  ///< the trailer is cut off, everything before it stays
-    Rewrite,  ///< the file is written anew
+    Rewrite,  ///< the file is deleted, then written anew
+    Over,     ///< nothing of a file without tags goes: written anew over it, from its start
 };
 
 struct SavePlan {
     SaveWay Way = SaveWay::NoWork;
     ErrorNumber Error = ErrorNumber::None;
     Bytes Head;  ///< from offset 0: the new tag; in place over the bytes of the old one
-    /// In a rewrite: what of the old file follows the head (the audio, and the old trailer when it
+    /// Written anew: what of the old file follows the head (the audio, and the old trailer when it
     /// is left alone).
     std::int64_t CarriedFrom = 0;
     std::int64_t CarriedLength = 0;
-    /// The new trailer; empty: none is written. In place it goes to TrailerPlace, in a rewrite
+    /// The new trailer; empty: none is written. In place it goes to TrailerPlace, written anew
     /// behind what is carried over.
     Bytes Trailer;
     std::int64_t TrailerPlace = 0;

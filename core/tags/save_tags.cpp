@@ -1,8 +1,8 @@
 #include "core/tags/save_tags.h"
 
-#include <array>
+#include <exception>
 
-#include "core/platform/file_replacement.h"
+#include "core/platform/delete_and_write.h"
 #include "core/tags/patches.h"
 #include "core/tags/tag_file.h"
 
@@ -33,14 +33,39 @@ Status ChangeInPlace(File& file, const SavePlan& plan) {
     return ApplyPatches(file, patches);
 }
 
-Status WriteAnew(TextView path, const File& file, const SavePlan& plan) {
-    FileReplacement replacement;
-    Status status = replacement.Begin(path, file);
-    if (status.Ok()) status = replacement.Append(plan.Head);
-    if (status.Ok()) status = replacement.AppendOld(plan.CarriedFrom, plan.CarriedLength);
-    if (status.Ok()) status = replacement.Append(plan.Trailer);
-    if (status.Ok()) status = replacement.Commit();
+// The whole new file. A file that has become shorter than the plan knows it is an error.
+Status NewContents(const File& file, const SavePlan& plan, Bytes& contents) {
+    const auto carried = static_cast<std::size_t>(plan.CarriedLength);
+    try {
+        contents.reserve(static_cast<std::size_t>(plan.NewSize));
+        contents.append(plan.Head).resize(plan.Head.size() + carried);
+        std::size_t got = 0;
+        char* const place = contents.data() + plan.Head.size();
+        const Status status = file.ReadAt(plan.CarriedFrom, carried, place, got);
+        if (!status.Ok()) return status;
+        if (got < carried) return ErrorNumber::InputPastEnd;
+        contents.append(plan.Trailer);
+    } catch (const std::exception&) {
+        return ErrorNumber::OutOfMemory;
+    }
+    return {};
+}
+
+// All of the old file is carried over, so that it can be put back when the write fails.
+Status WriteOver(File& file, const SavePlan& plan, BytesView contents) {
+    const Status status = file.WriteAt(0, contents);
+    if (status.Ok()) return status;
+    const auto length = static_cast<std::size_t>(plan.CarriedLength);
+    (void)file.WriteAt(0, contents.substr(plan.Head.size(), length));
+    (void)file.SetSize(plan.CarriedLength);
     return status;
+}
+
+Status WriteAnew(TextView path, File& file, const SavePlan& plan) {
+    Bytes contents;
+    if (const Status status = NewContents(file, plan, contents); !status.Ok()) return status;
+    return plan.Way == SaveWay::Over ? WriteOver(file, plan, contents)
+                                     : DeleteAndWrite(path, file, contents);
 }
 
 Status Perform(TextView path, File& file, const SavePlan& plan) {
@@ -50,6 +75,7 @@ Status Perform(TextView path, File& file, const SavePlan& plan) {
         case SaveWay::Shorten:
             return file.SetSize(plan.NewSize);
         case SaveWay::Rewrite:
+        case SaveWay::Over:
             return WriteAnew(path, file, plan);
         case SaveWay::Refused:
         case SaveWay::NoWork:

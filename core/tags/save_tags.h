@@ -18,10 +18,10 @@ struct SaveResult {
 
 /// Writes, removes or leaves alone each tag of an existing file by its mode; what a tag that is not
 /// written holds in its record does not matter. What the file holds is looked at anew, whatever was
-/// read from it before. In place only the tag's own bytes are touched, and put back when that
-/// fails; otherwise the file is written anew beside the old one and takes its place in one step
-/// (see file_replacement.h). A failure leaves the file as it was and is not reported: the caller
-/// names the file.
+/// read from it before. In place only the tag's own bytes are touched. A file that is written anew
+/// is read into memory, deleted and made again (see delete_and_write.h); one without tags is
+/// written over. A failure is not reported: the caller names the file. It leaves the file as it
+/// was, but for one between the delete and the end of the write.
 SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes);
 
 /// What is to be written to one file.

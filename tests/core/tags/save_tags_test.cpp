@@ -9,6 +9,7 @@
 #include "tests/support/child_process.h"
 #include "tests/support/error_numbers.h"
 #include "tests/support/file_limit.h"
+#include "tests/support/folder_watch.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
@@ -261,6 +262,34 @@ TEST_F(Saving, AFullDiskWhileRewritingLeavesTheFile) {
     }
 }
 
+// The order is kept on purpose, and there is no temporary file.
+TEST_F(Saving, ARewriteDeletesTheFileThenWritesIt) {
+    const Bytes untagged = Audio + OldTrailer;
+    for (const SaveModes modes : {SaveModes{Write, Write}, SaveModes{Leave, Write}}) {
+        (void)Make(untagged);
+        const test::FolderWatch watch(folder_.Path());
+        EXPECT_EQ(Save(modes).Outcome, SaveOutcome::Written);
+        EXPECT_EQ(watch.Seen(),
+                  (std::vector<Bytes>{"deleted song.mp3", "created song.mp3", "written song.mp3"}));
+    }
+}
+
+TEST_F(Saving, AFileWithoutTagsIsWrittenOverAndNotDeleted) {
+    (void)Make(Audio);
+    const test::FolderWatch watch(folder_.Path());
+    EXPECT_EQ(Save({Write, Write}).Outcome, SaveOutcome::Written);
+    EXPECT_EQ(watch.Seen(), std::vector<Bytes>{"written song.mp3"});
+}
+
+TEST_F(Saving, AFullDiskWhileWritingOverAFileWithoutTagsLeavesIt) {
+    const Text path = Make(Audio);
+    for (const rlim_t most : {rlim_t{0}, rlim_t{40}, rlim_t{Audio.size()}}) {
+        const test::FileLimit limit(most);
+        EXPECT_EQ(Save({Write, Write}).Outcome, SaveOutcome::Failed) << most;
+        EXPECT_TRUE(ReadFile(path) == Audio) << most;
+    }
+}
+
 TEST_F(Saving, AFailureInPlaceLeavesTheFile) {
     const Bytes before = OldTag + Audio;
     const Text path = Make(before);
@@ -298,8 +327,9 @@ TEST_F(Saving, AWriteProtectedFileFailsAndStays) {
     }
 }
 
-TEST_F(Saving, InAWriteProtectedFolderATagThatGrowsFailsAndOneInPlaceIsWritten) {
-    const Text path = folder_.File(u"closed/song.mp3", Audio);
+TEST_F(Saving, InAWriteProtectedFolderWhatMustBeDeletedFailsAndWhatNeedNotIsWritten) {
+    const Text path = folder_.File(u"closed/song.mp3", Audio + OldTrailer);
+    const Text untagged = folder_.File(u"closed/bare.mp3", Audio);
     const Text inPlace = folder_.File(u"closed/room.mp3", OldTag + Audio);
     ASSERT_EQ(::chmod(NativePath(folder_ / u"closed").c_str(), 0555), 0);
     const auto save = [](const Text& file) {
@@ -308,11 +338,13 @@ TEST_F(Saving, InAWriteProtectedFolderATagThatGrowsFailsAndOneInPlaceIsWritten) 
     EXPECT_EQ(RunInChild([&] {
                   ObeyPermissions();
                   const bool kept = save(path) == SaveOutcome::Failed;
-                  return kept && save(inPlace) == SaveOutcome::Written ? 0 : 1;
+                  const bool written = save(inPlace) == SaveOutcome::Written;
+                  return kept && written && save(untagged) == SaveOutcome::Written ? 0 : 1;
               }),
               0);
-    EXPECT_TRUE(ReadFile(path) == Audio);
-    EXPECT_EQ(ListTree(folder_ / u"closed"), (std::vector<Bytes>{"room.mp3", "song.mp3"}));
+    EXPECT_TRUE(ReadFile(path) == Audio + OldTrailer);
+    EXPECT_EQ(ListTree(folder_ / u"closed"),
+              (std::vector<Bytes>{"bare.mp3", "room.mp3", "song.mp3"}));
     ASSERT_EQ(::chmod(NativePath(folder_ / u"closed").c_str(), 0755), 0);
 }
 
