@@ -32,6 +32,7 @@ public:
                      std::unique_ptr<PiecewiseCopy>& copy) override;
     Status CreateFolder(TextView path) override;
     Status DeleteFile(TextView path) override;
+    Status Flush(TextView path) override { return inner_.Flush(path); }
     Status SetAttributes(TextView path, int attributes) override;
     Text ContentsAt(TextView path) override { return inner_.ContentsAt(path); }
 

@@ -28,14 +28,15 @@ Answer TerminalPrompts::AskYesNo(const Message& question) {
 
 Answer TerminalPrompts::AskYesNoCancel(const Message& question) { return Ask(question, true); }
 
-Answer TerminalPrompts::AnswerForNobody(const Message& question, bool withCancel) {
+// "No" leaves the one file as it is, and the others have their turn.
+Answer TerminalPrompts::AnswerForNobody(const Message& question) {
     nobodyToAsk_ = true;
     report_.Fail(Whole(question) + u"\n(There is no terminal to ask at.)");
-    return withCancel ? Answer::Cancel : Answer::No;
+    return Answer::No;
 }
 
 Answer TerminalPrompts::Ask(const Message& question, bool withCancel) {
-    if (!console_.Kinds().Ask) return AnswerForNobody(question, withCancel);
+    if (!console_.Kinds().Ask) return AnswerForNobody(question);
     report_.EndProgress();
     console_.Errors(ToUtf8(Harmless(Whole(question))));
     const BytesView choices = withCancel ? " [Yes/No/Cancel] " : " [Yes/No] ";
@@ -59,7 +60,7 @@ void TerminalPrompts::Critical(const Message& message) { report_.Fail(Whole(mess
 
 std::optional<Text> TerminalPrompts::AskText(const Message& question) {
     if (!console_.Kinds().Ask) {
-        AnswerForNobody(question, false);
+        AnswerForNobody(question);
         return std::nullopt;
     }
     report_.EndProgress();

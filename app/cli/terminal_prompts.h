@@ -25,7 +25,7 @@ public:
 
 private:
     Answer Ask(const Message& question, bool withCancel);
-    Answer AnswerForNobody(const Message& question, bool withCancel);
+    Answer AnswerForNobody(const Message& question);
 
     Console& console_;
     Report& report_;

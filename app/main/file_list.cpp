@@ -19,6 +19,7 @@ void FileList::RowsAboutToChange() {
 }
 
 void FileList::RowsChanged() {
+    if (rows_.empty()) runFiles_ = {};
     if (observer_ != nullptr) observer_->RowsChanged();
 }
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/text/text.h"
+#include "core/names/run_files.h"
 
 namespace mdlPLM {
 
@@ -80,6 +80,10 @@ public:
     /// Forgets all sizes, so that they are asked again.
     void ForgetSizes();
 
+    /// The files of this list that sorts work on, also those that have left it already: a sort that
+    /// was stopped and goes on is one piece of work. Forgotten when the list becomes empty.
+    [[nodiscard]] RunFiles& RunFilesOfSorts() { return runFiles_; }
+
 private:
     struct Row {
         Text Path;
@@ -100,6 +104,7 @@ private:
 
     std::vector<Row> rows_;
     Index selectedCount_ = 0;
+    RunFiles runFiles_;
     Observer* observer_ = nullptr;
 };
 

@@ -15,6 +15,8 @@ namespace {
 
 /// Files whose artist is worked out, or folders that are made, in one step of the preparation.
 constexpr std::size_t PreparedPerStep = 32;
+/// Files that are noted as the run's own in one step: a look at each.
+constexpr std::size_t NotedPerStep = 1024;
 
 constexpr const char* TargetExists = PLM_TRANSLATE("Texts", "There is a file of its new name");
 
@@ -46,6 +48,7 @@ struct SortRun::Implementation {
     Implementation(SortRun& run, FileList& list, SortRules rules, Disk& disk, Prompts& prompts);
 
     void Step();
+    void NoteSome();
     void CountSome();
     void MakeSomeFolders();
     Result SortEntry(const Text& source);
@@ -70,6 +73,8 @@ struct SortRun::Implementation {
     Disk& Files;
     FileTransfer Transfer;
     const std::vector<FileList::Index> Rows;  ///< the entries, as rows of the list at the start
+    std::size_t ToNote = 0;                   ///< entries whose files are noted as the run's own
+    std::size_t Noted = 0;
     ArtistFolders Artists;
     std::size_t ToCount = 0;  ///< entries whose artists are counted
     std::size_t Counted = 0;
@@ -88,8 +93,9 @@ SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules 
       List(list),
       Rules(std::move(rules)),
       Files(disk),
-      Transfer(Rules.Choices, Rules.Context.Values, disk, prompts),
+      Transfer(Rules, disk, prompts, list.RunFilesOfSorts()),
       Rows(list.SelectedRows()),
+      ToNote(Rules.Choices.Exists == IfExists::Replace ? Rows.size() : 0),
       Artists(Rules, disk),
       NextRow(list.Count()) {}
 
@@ -103,6 +109,8 @@ void SortRun::Implementation::Step() {
         Settle(Transfer.Continue());
     } else if (Run.stop_ && !AllLookedAt()) {
         Run.report_.Stopped = true;
+    } else if (Noted < ToNote) {
+        NoteSome();
     } else if (Counted < ToCount) {
         CountSome();
     } else if (Made < ToMake.size()) {
@@ -110,6 +118,11 @@ void SortRun::Implementation::Step() {
     } else if (!AllLookedAt()) {
         Settle(SortEntry(List.Path(RowNow(Next))));
     }
+}
+
+void SortRun::Implementation::NoteSome() {
+    const std::size_t end = std::min(Noted + NotedPerStep, ToNote);
+    for (; Noted < end; ++Noted) List.RunFilesOfSorts().Add(List.Path(RowNow(Noted)), Files);
 }
 
 void SortRun::Implementation::CountSome() {

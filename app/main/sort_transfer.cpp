@@ -4,9 +4,12 @@
 
 namespace mdlPLM {
 
-FileTransfer::FileTransfer(const SortChoices& choices, const Settings& settings, Disk& disk,
-                           Prompts& prompts)
-    : choices_(choices), settings_(settings), disk_(disk), prompts_(prompts) {}
+FileTransfer::FileTransfer(const SortRules& rules, Disk& disk, Prompts& prompts, RunFiles& runFiles)
+    : choices_(rules.Choices),
+      settings_(rules.Context.Values),
+      disk_(disk),
+      prompts_(prompts),
+      runFiles_(runFiles) {}
 
 FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView destination) {
     if (disk_.IsSameFile(source, destination)) {
@@ -17,7 +20,7 @@ FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView dest
     }
     SetAttributes(source);
     if (!disk_.Exists(destination)) return Transfer(source, destination, IfTargetExists::Fail);
-    switch (DecideExistingTarget(choices_.Exists, destination, prompts_)) {
+    switch (Decide(destination)) {
         case TargetDecision::Replace:
             return Transfer(source, destination, IfTargetExists::Replace);
         case TargetDecision::Leave:
@@ -38,7 +41,7 @@ FileTransfer::Result FileTransfer::RenameFile(TextView oldPath, TextView newPath
 }
 
 FileTransfer::Result FileTransfer::FileExistActions(TextView strOldFile, TextView strNewFile) {
-    switch (DecideExistingTarget(choices_.Exists, strNewFile, prompts_)) {
+    switch (Decide(strNewFile)) {
         case TargetDecision::Replace:
             return Rename(strOldFile, strNewFile, IfTargetExists::Replace);
         case TargetDecision::Leave:
@@ -47,6 +50,12 @@ FileTransfer::Result FileTransfer::FileExistActions(TextView strOldFile, TextVie
             break;
     }
     return Result::Cancelled;
+}
+
+TargetDecision FileTransfer::Decide(TextView destination) {
+    const bool asks =
+        choices_.Exists == IfExists::Replace && runFiles_.Contains(destination, disk_);
+    return DecideExistingTarget(asks ? IfExists::Prompt : choices_.Exists, destination, prompts_);
 }
 
 FileTransfer::Result FileTransfer::Transfer(TextView source, TextView destination,
@@ -60,7 +69,9 @@ FileTransfer::Result FileTransfer::Transfer(TextView source, TextView destinatio
 }
 
 FileTransfer::Result FileTransfer::Rename(TextView from, TextView to, IfTargetExists ifExists) {
-    return Settle(disk_.Rename(from, to, ifExists));
+    const Result renamed = Settle(disk_.Rename(from, to, ifExists));
+    if (renamed == Result::Handled) NoteMoved(to);
+    return renamed;
 }
 
 FileTransfer::Result FileTransfer::BeginCopy(TextView source, TextView destination,
@@ -71,6 +82,7 @@ FileTransfer::Result FileTransfer::BeginCopy(TextView source, TextView destinati
         return Settle(status);
     }
     source_ = source;
+    destination_ = destination;
     return Continue();
 }
 
@@ -83,11 +95,18 @@ FileTransfer::Result FileTransfer::Continue() {
 }
 
 FileTransfer::Result FileTransfer::EndCopy() {
-    // A move to another file system: the source goes only now that the target stands.
+    // A move to another file system: the source goes only when the target stands, and stands on the
+    // disk. What the system still holds in memory would go with a power failure or a pulled stick.
     if (choices_.Method != SortMethod::Move) return Result::Handled;
-    const Result removed = Settle(disk_.DeleteFile(source_));
+    NoteMoved(destination_);
+    const Status flushed = disk_.Flush(destination_);
+    const Result removed = Settle(flushed.Ok() ? disk_.DeleteFile(source_) : flushed);
     sourceStays_ = removed == Result::Failed;
     return removed;
+}
+
+void FileTransfer::NoteMoved(TextView to) {
+    if (choices_.Exists == IfExists::Replace) runFiles_.Add(to, disk_);
 }
 
 FileTransfer::Result FileTransfer::Settle(Status status) {

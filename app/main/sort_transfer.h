@@ -4,8 +4,9 @@
 
 #include <memory>
 
-#include "app/main/sort_choices.h"
+#include "app/main/sort_folders.h"
 #include "core/names/existing_target.h"
+#include "core/names/run_files.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 
@@ -22,8 +23,9 @@ public:
         UnderWay,   ///< a copy that goes on with Continue
     };
 
-    FileTransfer(const SortChoices& choices, const Settings& settings, Disk& disk,
-                 Prompts& prompts);
+    /// `runFiles` are the files that the run works on: where one of them is in the way of another,
+    /// "Replace" asks. Files that are moved are added to them.
+    FileTransfer(const SortRules& rules, Disk& disk, Prompts& prompts, RunFiles& runFiles);
 
     /// With a target that is left as it is ("No", "Skip") the entry leaves the list all the same.
     Result CopyOrMoveFile(TextView source, TextView destination);
@@ -47,6 +49,8 @@ private:
     Result BeginCopy(TextView source, TextView destination, IfTargetExists ifExists);
     Result Rename(TextView from, TextView to, IfTargetExists ifExists);
     Result EndCopy();
+    [[nodiscard]] TargetDecision Decide(TextView destination);
+    void NoteMoved(TextView to);
     Result Settle(Status status);
     void SetAttributes(TextView path);
 
@@ -55,7 +59,9 @@ private:
     Disk& disk_;
     Prompts& prompts_;
     std::unique_ptr<PiecewiseCopy> copy_;
-    Text source_;  ///< of the copy under way
+    Text source_;       ///< of the copy under way
+    Text destination_;  ///< of the copy under way
+    RunFiles& runFiles_;
     Status error_;
     bool sourceStays_ = false;  ///< moved as far as a copy, but the source could not be removed
 };

@@ -86,7 +86,7 @@ RenameRun::RenameRun(std::vector<RenamePair> pairs, RunChoices choices, const Se
       prompts_(prompts),
       finished_(pairs_.empty()) {
     report_.Completed = finished_;
-    for (const RenamePair& pair : pairs_) own_.insert(UCase(pair.OldPath));
+    for (const RenamePair& pair : pairs_) own_.Add(pair.OldPath, disk_);
 }
 
 bool RenameRun::Step() {
@@ -133,7 +133,7 @@ RenameRun::Outcome RenameRun::RenameTo(const RenamePair& pair, const Text& newPa
 // itself (a name that repeats, names that change places) the user is asked.
 RenameRun::Outcome RenameRun::TakeExistingTarget(const RenamePair& pair, const Text& newPath) {
     if (disk_.IsSameFile(pair.OldPath, newPath)) return Outcome::Named;
-    const bool belongsToRun = own_.count(UCase(newPath)) != 0;
+    const bool belongsToRun = own_.Contains(newPath, disk_);
     const IfExists choice =
         belongsToRun && choices_.Exists == IfExists::Replace ? IfExists::Prompt : choices_.Exists;
     switch (DecideExistingTarget(choice, newPath, prompts_)) {
@@ -151,7 +151,7 @@ RenameRun::Outcome RenameRun::RenameFile(const RenamePair& pair, const Text& new
                                          IfTargetExists ifExists) {
     const Status status = disk_.Rename(pair.OldPath, newPath, ifExists);
     if (status.Ok()) {
-        own_.insert(UCase(newPath));
+        own_.Add(newPath, disk_);
         return Outcome::Named;
     }
     Fail(pair.OldPath, RenameMessage(status.Number(), pair.OldPath));

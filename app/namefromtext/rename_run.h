@@ -2,10 +2,10 @@
 // file gets the i-th new name in its own folder and, when asked for, tags.
 #pragma once
 
-#include <set>
 #include <vector>
 
 #include "app/namefromtext/run_tags.h"
+#include "core/names/run_files.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/tags/save_tags.h"
@@ -91,7 +91,7 @@ private:
     Disk& disk_;
     Prompts& prompts_;
     TagWriter* writer_ = nullptr;  // none: into the files
-    std::set<Text> own_;           // upper-case paths of the files of this run, old and new
+    RunFiles own_;
     std::size_t done_ = 0;
     bool finished_ = false;
     RunReport report_;

@@ -107,6 +107,9 @@ public:
     virtual Status CreateFolder(TextView path) = 0;
     /// A file or symbolic link, never a folder.
     virtual Status DeleteFile(TextView path) = 0;
+    /// Waits until the file stands on the disk with its contents and its name: what is asked before
+    /// another copy of it is given up. A disk in memory has nothing to wait for.
+    virtual Status Flush(TextView /*path*/) { return {}; }
     /// Where the contents of the file at `path` can be read: there, but for a disk that only
     /// pretends to have put them there.
     [[nodiscard]] virtual Text ContentsAt(TextView path) { return Text(path); }
@@ -125,6 +128,7 @@ public:
                      std::unique_ptr<PiecewiseCopy>& copy) override;
     Status CreateFolder(TextView path) override;
     Status DeleteFile(TextView path) override;
+    Status Flush(TextView path) override;
     Status SetAttributes(TextView path, int attributes) override;
 };
 

@@ -1,4 +1,5 @@
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,6 +29,17 @@ bool IsFolderItem(int folder, const dirent& item) {
 }
 
 bool IsDots(BytesView name) { return name == "." || name == ".."; }
+
+// A file system that knows no waiting says EINVAL: no failure.
+Status FlushHandle(const Bytes& path) {
+    const posix::Handle handle = posix::OpenHandle(path, O_RDONLY);
+    if (!handle.IsOpen()) return posix::LastError();
+    int result = 0;
+    do {
+        result = ::fsync(handle.Get());
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL ? Status() : posix::LastError();
+}
 
 }  // namespace
 
@@ -122,6 +134,17 @@ Status SystemDisk::CreateFolder(TextView path) {
 Status SystemDisk::DeleteFile(TextView path) {
     const Bytes native = posix::SystemPath(path);
     return ::unlink(native.c_str()) == 0 ? Status() : posix::LastError();
+}
+
+Status SystemDisk::Flush(TextView path) {
+    const Bytes native = posix::SystemPath(path);
+    const Status flushed = FlushHandle(native);
+    if (!flushed.Ok()) return flushed;
+    // The name is kept in the folder. A folder that may be written but not read cannot be waited
+    // for: no failure.
+    const Bytes folder = posix::FolderOfNative(native);
+    static_cast<void>(FlushHandle(folder.empty() ? "." : folder));
+    return {};
 }
 
 }  // namespace mdlPLM

@@ -55,7 +55,8 @@ void RecordingDisk::FailCall(DiskOperation operation, ErrorNumber error, std::si
 std::vector<DiskCall> RecordingDisk::Changes() const {
     std::vector<DiskCall> changes;
     std::copy_if(calls_.begin(), calls_.end(), std::back_inserter(changes), [](const auto& call) {
-        return !IsQuestion(call) && call.Operation != DiskOperation::CopyStep;
+        return !IsQuestion(call) && call.Operation != DiskOperation::CopyStep &&
+               call.Operation != DiskOperation::Flush;
     });
     return changes;
 }
@@ -111,6 +112,11 @@ Status RecordingDisk::CreateFolder(TextView path) {
 Status RecordingDisk::DeleteFile(TextView path) {
     const Status noted = Note({DiskOperation::DeleteFile, Text(path), {}});
     return noted.Ok() ? inner_.DeleteFile(path) : noted;
+}
+
+Status RecordingDisk::Flush(TextView path) {
+    const Status noted = Note({DiskOperation::Flush, Text(path), {}});
+    return noted.Ok() ? inner_.Flush(path) : noted;
 }
 
 Status RecordingDisk::SetAttributes(TextView path, int attributes) {

@@ -19,6 +19,7 @@ enum class DiskOperation {
     CopyStep,
     CreateFolder,
     DeleteFile,
+    Flush,
     SetAttributes,
 };
 
@@ -46,7 +47,7 @@ public:
 
     /// All calls, the questions (Exists, IsFolder, IsSameFile) included.
     [[nodiscard]] const std::vector<DiskCall>& Calls() const { return calls_; }
-    /// The calls that change something, without the questions and the steps of copies.
+    /// The calls that change something: without the questions, the steps of copies and Flush.
     [[nodiscard]] std::vector<DiskCall> Changes() const;
     [[nodiscard]] std::size_t Count(DiskOperation operation) const;
 
@@ -58,6 +59,7 @@ public:
                      std::unique_ptr<PiecewiseCopy>& copy) override;
     Status CreateFolder(TextView path) override;
     Status DeleteFile(TextView path) override;
+    Status Flush(TextView path) override;
     Status SetAttributes(TextView path, int attributes) override;
     Text ContentsAt(TextView path) override { return inner_.ContentsAt(path); }
 

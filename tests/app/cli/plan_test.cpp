@@ -4,7 +4,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <random>
+#include <regex>
 
 #include "app/cli/commands.h"
 #include "app/cli/report.h"
@@ -29,10 +31,27 @@ struct Ran {
     }
 };
 
+// What somebody who never wants a file replaced is asked, and what becomes of the file: the plan
+// says that there will be a question.
+void ForgetAnswers(Ran& ran) {
+    static const std::regex question(
+        "The file [^\n]*\nDo you want to replace it\\? \\[Yes/No/Cancel\\] ");
+    ran.Errors = std::regex_replace(ran.Errors, question, "");
+    for (Json& object : ran.Objects) {
+        if (object["outcome"] != "kept") continue;
+        object["outcome"] = "asks";
+        object["reason"] = nullptr;
+    }
+}
+
 Ran RunWith(Arguments arguments, bool plan) {
+    const bool replaces =
+        std::find(arguments.begin(), arguments.end(), "replace") != arguments.end();
     arguments.insert(arguments.begin() + 1, {"--json", "--no-user-settings", "--yes"});
     if (plan) arguments.insert(arguments.begin() + 1, "--dry-run");
     FakeConsole console;
+    console.Streams.Ask = replaces;
+    console.Lines.assign(100, "no");
     Ran ran;
     ran.Status = RunProgram(arguments, console);
     ran.Errors = console.Told;
@@ -46,6 +65,7 @@ Ran RunWith(Arguments arguments, bool plan) {
         ran.Objects.push_back(std::move(object));
         begin = end + 1;
     }
+    if (replaces) ForgetAnswers(ran);
     return ran;
 }
 

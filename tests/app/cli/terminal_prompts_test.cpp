@@ -61,7 +61,7 @@ TEST(TerminalPrompts, WithoutATerminalTheAnswerIsSafeAndTheQuestionIsTold) {
     Terminal terminal;
     terminal.Streams.Streams.Ask = false;
     EXPECT_EQ(terminal.YesNo({"yes"}), Answer::No);
-    EXPECT_EQ(terminal.YesNoCancel({"yes"}), Answer::Cancel);
+    EXPECT_EQ(terminal.YesNoCancel({"yes"}), Answer::No);
     EXPECT_TRUE(terminal.Ask.NobodyToAsk());
     EXPECT_EQ(terminal.Results.Status(), SomeFailed);
     EXPECT_NE(terminal.Streams.Told.find("Do you want to replace it?"), Bytes::npos);

@@ -412,6 +412,29 @@ TEST_F(SortFiles, MovingAcrossFileSystemsCopiesAndThenRemovesTheSource) {
                                                 DiskOperation::DeleteFile}));
 }
 
+TEST_F(SortFiles, MovingAcrossFileSystemsWaitsForTheDiskBeforeTheSourceGoes) {
+    choices_.Method = SortMethod::Move;
+    const Text source = Add(u"one.mp3", "sound");
+    disk_.Inject = [](const DiskCall& call, std::size_t) -> Status {
+        if (call.Operation == DiskOperation::Rename) return ErrorNumber::DifferentDrive;
+        return call.Operation == DiskOperation::Flush ? ErrorNumber::DeviceIo : ErrorNumber::None;
+    };
+    EXPECT_EQ(Sort(), Failed(source,
+                             u"Copied, but the original could not be removed: "
+                             u"Device I/O error"));
+    EXPECT_EQ(ReadFile(source), "sound");
+    EXPECT_EQ(disk_.Count(DiskOperation::DeleteFile), 0U);
+    disk_.Inject = [](const DiskCall& call, std::size_t) -> Status {
+        return call.Operation == DiskOperation::Rename ? ErrorNumber::DifferentDrive
+                                                       : ErrorNumber::None;
+    };
+    WriteFile(target_ + u"/one.mp3", "there before");
+    choices_.Exists = IfExists::Replace;
+    EXPECT_EQ(Sort(), Counts(1));
+    EXPECT_EQ(disk_.Calls().back().Operation, DiskOperation::DeleteFile);
+    EXPECT_EQ(disk_.Count(DiskOperation::Flush), 2U);
+}
+
 TEST_F(SortFiles, MovingAcrossFileSystemsReplacesWhenAsked) {
     choices_.Method = SortMethod::Move;
     choices_.Exists = IfExists::Replace;

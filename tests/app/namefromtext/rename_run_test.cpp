@@ -229,6 +229,18 @@ TEST(RenameRun, NamesThatChangePlacesLoseNoFile) {
     EXPECT_EQ(running.Left(), (Tree{{"a.mp3", "a.mp3"}, {"b.mp3", "b.mp3"}}));
 }
 
+TEST(RenameRun, AFileOfTheRunIsKnownThroughALinkedFolderToo) {
+    Running running;
+    running.Choices.Exists = IfExists::Replace;
+    running.Ask.Answers = {Answer::No};
+    running.Pairs.push_back({running.Folder.File(u"real/a.mp3", "a"), u"c.mp3"});
+    static_cast<void>(running.Folder.Link(u"linked", u"real"));
+    static_cast<void>(running.Folder.File(u"real/b.mp3", "b"));
+    running.Add(u"linked/b.mp3", u"c.mp3");
+    EXPECT_EQ(running.Run().Kept, 1U);
+    EXPECT_EQ(ReadTree(running.Folder / u"real"), (Tree{{"b.mp3", "b"}, {"c.mp3", "a"}}));
+}
+
 TEST(RenameRun, AnotherNameOfTheSameFileIsDone) {
     Running running;
     running.Choices.Exists = IfExists::Replace;

@@ -151,6 +151,15 @@ TEST(DeleteFile, NeverDeletesAFolder) {
     EXPECT_EQ(ListTree(folder.Path()), (std::vector<Bytes>{"kept", "sub/"}));
 }
 
+TEST(SystemDisk, WaitsForAFileAndItsFolder) {
+    const TempFolder folder;
+    SystemDisk disk;
+    EXPECT_TRUE(disk.Flush(folder.File(u"a.mp3", "sound")).Ok());
+    EXPECT_EQ(disk.Flush(folder / u"missing").Number(), ErrorNumber::FileNotFound);
+    // What knows no waiting is no failure.
+    EXPECT_TRUE(disk.Flush(u"/dev/null").Ok());
+}
+
 TEST(SystemDisk, AnswersLikeTheFunctions) {
     const TempFolder folder;
     SystemDisk disk;
