@@ -91,6 +91,9 @@ private:
     [[nodiscard]] bool PreviewShown() const;
     [[nodiscard]] NameMaker Maker() const;
     void ComputeNames(std::vector<FileList::Index> rows);
+    /// The same for lines that were computed before; the name box of the shown file follows.
+    void RecomputeNames(std::vector<FileList::Index> rows);
+    void NamesComputed(bool stopped);
     void ShowPreviewList();
     void chkPreview_Click();
     void cmbOutPattern_Change();

@@ -65,9 +65,22 @@ NameMaker frmPLM::Maker() const {
 
 void frmPLM::ComputeNames(std::vector<FileList::Index> rows) {
     work_.Start(std::make_unique<NamesTask>(list_, Maker(), std::move(rows), UserLanguage()),
-                [this](bool stopped) {
-                    if (stopped) SetStatus(tr("Stopped. The other new names are not computed."));
-                });
+                [this](bool stopped) { NamesComputed(stopped); });
+}
+
+void frmPLM::RecomputeNames(std::vector<FileList::Index> rows) {
+    auto task = std::make_unique<NamesTask>(list_, Maker(), rows, UserLanguage());
+    work_.Start(std::move(task), [this, rows = std::move(rows)](bool stopped) {
+        NamesComputed(stopped);
+        const int shown = ShownRow();
+        if (shown < 0) return;
+        const auto row = static_cast<FileList::Index>(shown);
+        if (std::binary_search(rows.begin(), rows.end(), row)) ShowNameOf(row);
+    });
+}
+
+void frmPLM::NamesComputed(bool stopped) {
+    if (stopped) SetStatus(tr("Stopped. The other new names are not computed."));
 }
 
 void frmPLM::chkPreview_Click() {
@@ -110,7 +123,7 @@ void frmPLM::AskToApplyPattern() {
                            u"The output pattern has been changed." + Text(CrLf) +
                                u"Would you like to apply the new pattern to selected files?",
                            {}};
-    if (context_.Ask.AskYesNo(question) == Answer::Yes) ComputeNames(list_.SelectedRows());
+    if (context_.Ask.AskYesNo(question) == Answer::Yes) RecomputeNames(list_.SelectedRows());
 }
 
 void frmPLM::Selection_Changed(bool byView) {
@@ -180,7 +193,8 @@ void frmPLM::EditNewName(int row) {
 void frmPLM::cmdOptions_Click() {
     frmOptions options(context_, this);
     if (options.exec() != QDialog::Accepted) return;
-    ShowComputedName();
+    const int shown = ShownRow();
+    if (shown >= 0 && list_.NewName(static_cast<FileList::Index>(shown)).empty()) ShowNewName();
     std::vector<FileList::Index> rows(list_.Count());
     std::iota(rows.begin(), rows.end(), FileList::Index{0});
     RenewNames(std::move(rows));

@@ -151,7 +151,7 @@ void frmPLM::RenewNames(std::vector<FileList::Index> rows) {
         return list_.NewNameEdited(row) || list_.NewName(row).empty();
     };
     rows.erase(std::remove_if(rows.begin(), rows.end(), stays), rows.end());
-    ComputeNames(std::move(rows));
+    RecomputeNames(std::move(rows));
 }
 
 }  // namespace mdlPLM

@@ -42,6 +42,7 @@ private slots:
     void EditingThePatternLeavesTheNewNameWhilePreviewIsShown();
     void LeavingEditedPatternAsks();
     void AnswerYesAppliesPatternToSelectedLinesOnly();
+    void AnswerYesRenewsTheNewNameOfTheShownFile();
     void LeavingUneditedPatternAsksNothing();
     void LeavingEditedPatternWithoutPreviewAsksNothing();
     void PatternThatIsChosenFromTheListCountsAsEdited();
@@ -50,6 +51,8 @@ private slots:
     void UnreadableTagIsReportedBesideItsFile();
     void OptionsRenewTheNewName();
     void OptionsRenewTheComputedPreviewLines();
+    void OptionsRenewTheNewNameWhilePreviewIsShown_data();
+    void OptionsRenewTheNewNameWhilePreviewIsShown();
     void SettingsFillTheControls();
     void ControlsAreStoredOnClose();
     void TargetFolderIsStoredWhileRenameShowsAnother();
@@ -280,6 +283,19 @@ void FrmPLMNamesTest::AnswerYesAppliesPatternToSelectedLinesOnly() {
                           QStringLiteral("Fernando.mp3")}));
 }
 
+// What the box says is what "Sort This File" uses.
+void FrmPLMNamesTest::AnswerYesRenewsTheNewNameOfTheShownFile() {
+    Drop({u"abba - waterloo.mp3", u"abba - sos.mp3"});
+    plm_->Click("chkPreview");
+    plm_->Settle();
+    plm_->ClickLine("lstFiles", 1);
+    plm_->Ask.Answers = {Answer::Yes};
+    EnterOutPattern(QStringLiteral("%artist, %title.mp3"));
+    QCOMPARE(plm_->Lines("lstPreview"), (QStringList{QStringLiteral("Waterloo By Abba.mp3"),
+                                                     QStringLiteral("Abba, Sos.mp3")}));
+    QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("Abba, Sos.mp3"));
+}
+
 void FrmPLMNamesTest::LeavingUneditedPatternAsksNothing() {
     Drop({u"abba - waterloo.mp3"});
     plm_->Click("chkPreview");
@@ -402,6 +418,29 @@ void FrmPLMNamesTest::OptionsRenewTheComputedPreviewLines() {
     plm_->Settle();
     QCOMPARE(plm_->Lines("lstPreview"),
              (QStringList{QStringLiteral("WATERLOO BY ABBA.mp3"), QStringLiteral("By hand.mp3")}));
+}
+
+void FrmPLMNamesTest::OptionsRenewTheNewNameWhilePreviewIsShown_data() {
+    QTest::addColumn<bool>("hasLine");
+    QTest::newRow("with a preview line") << true;
+    QTest::newRow("dropped alone, without one") << false;
+}
+
+void FrmPLMNamesTest::OptionsRenewTheNewNameWhilePreviewIsShown() {
+    QFETCH(bool, hasLine);
+    if (hasLine) Drop({u"abba - waterloo.mp3"});
+    plm_->Click("chkPreview");
+    plm_->Settle();
+    if (!hasLine) Drop({u"abba - waterloo.mp3"});
+    plm_->ClickLine("lstFiles", 0);
+    QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("Waterloo By Abba.mp3"));
+    OnNextModal<frmOptions>([](frmOptions& dialog) {
+        dialog.findChild<QRadioButton*>(QStringLiteral("optChange3"))->click();
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    });
+    plm_->Trigger("mnuOptions");
+    plm_->Settle();
+    QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("WATERLOO BY ABBA.mp3"));
 }
 
 void FrmPLMNamesTest::SettingsFillTheControls() {
