@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "app/dialogs/player.h"
+#include "app/main/announced_prompts.h"
 #include "app/main/file_list.h"
 #include "app/main/frmPLM_models.h"
 #include "app/main/frmPLM_work.h"
@@ -151,6 +152,7 @@ private:
     void OpenSorting();
     void frmSorting_Ended();
     void Sort_Progressed();
+    void ShowSorting();
     void Sort_Done();
 
     AppContext& context_;
@@ -180,6 +182,7 @@ private:
     Text targetDir_;  ///< the target folder, also while its box shows a file's own folder
     QPointer<frmSorting> sorting_;
     QPointer<QWidget> focusBeforeSort_;
+    AnnouncedPrompts sortAsk_{context_.Ask, [this] { ShowSorting(); }};
     SortTask* sort_ = nullptr;  ///< owned by work_, there while a sort is under way
     QElapsedTimer labelsShown_;
     QElapsedTimer removalsShown_;

@@ -90,7 +90,7 @@ void frmPLM::StartSort(SortStart start) {
     const Text inPattern = InPattern();
     auto task = std::make_unique<SortTask>(
         list_, choices, start, NamingContext{context_.Values, context_.Replacements, inPattern},
-        context_.Files, context_.Ask);
+        context_.Files, sortAsk_);
     sort_ = task.get();
     OpenSorting();
     work_.Start(
@@ -104,9 +104,8 @@ void frmPLM::OpenSorting() {
     focusBeforeSort_ = focusWidget();
     setEnabled(false);
     sorting_->setEnabled(true);  // the window above it is disabled, this one is not
-    sorting_->ShowProgress(sort_->Run().Progress());
+    ShowSorting();
     sorting_->show();
-    labelsShown_.start();
     removalsShown_.start();
 }
 
@@ -119,14 +118,16 @@ void frmPLM::frmSorting_Ended() {
 }
 
 void frmPLM::Sort_Progressed() {
-    if (sorting_ != nullptr && labelsShown_.elapsed() >= LabelsEvery) {
-        sorting_->ShowProgress(sort_->Run().Progress());
-        labelsShown_.start();
-    }
+    if (labelsShown_.elapsed() >= LabelsEvery) ShowSorting();
     if (removalsShown_.elapsed() >= RemovalsEvery) {
         sort_->Run().FlushRemovals();
         removalsShown_.start();
     }
+}
+
+void frmPLM::ShowSorting() {
+    if (sorting_ != nullptr) sorting_->ShowProgress(sort_->Run().Progress());
+    labelsShown_.start();
 }
 
 void frmPLM::Sort_Done() {

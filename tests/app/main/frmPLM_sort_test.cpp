@@ -57,6 +57,7 @@ private slots:
     void ExistingTarget();
     void CancelInMidRunLeavesTheRest_data();
     void CancelInMidRunLeavesTheRest();
+    void ProgressWindowShowsTheFileThatIsAskedAbout();
     void WithoutFixFilenamesTheNameIsKept();
     void SortThisFileUsesTheNameInTheBox();
     void EmptyNameBoxMeansTheComputedName();
@@ -281,6 +282,25 @@ void FrmPLMSortTest::CancelInMidRunLeavesTheRest() {
     button->click();
     QVERIFY(Progress() == nullptr || !Progress()->isVisible());
     QVERIFY(plm_->TextOf("lblFiles").startsWith(QLatin1String("2 files (")));
+}
+
+void FrmPLMSortTest::ProgressWindowShowsTheFileThatIsAskedAbout() {
+    DropSimple({u"a_-_x.mp3", u"b_-_y.mp3"});
+    static_cast<void>(plm_->Folder.File(u"out/A - X.mp3", "old"));
+    static_cast<void>(plm_->Folder.File(u"out/B - Y.mp3", "old"));
+    Choose("optMethod0");
+    plm_->Ask.Answers = {Answer::No, Answer::Cancel};
+    const auto shown = [this](const char* label) {
+        return Progress()->findChild<QLabel*>(QLatin1String(label))->text();
+    };
+    QStringList files;
+    plm_->Ask.OnAsked = [&](const Asked&) { files << shown("lblMethod") << shown("lblSource"); };
+    Sort();
+    const QString copying = QStringLiteral("Copying file:");
+    QCOMPARE(files, (QStringList{copying, QStringLiteral("a_-_x.mp3"), copying,
+                                 QStringLiteral("b_-_y.mp3")}));
+    // It still says where the run was cancelled.
+    QCOMPARE(shown("lblSource"), QStringLiteral("b_-_y.mp3"));
 }
 
 void FrmPLMSortTest::WithoutFixFilenamesTheNameIsKept() {
