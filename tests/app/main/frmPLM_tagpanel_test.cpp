@@ -6,6 +6,8 @@
 #include <QListView>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include "app/dialogs/frmEdit.h"
 #include "app/dialogs/frmMoreID3v2.h"
@@ -65,6 +67,7 @@ private slots:
     void ShowsBothTagsAndTheStreamOfOneFile();
     void NothingSelectedShowsNothing();
     void SecondSelectedFileEmptiesThePanel();
+    void PanelOfManyFilesFitsIntoASmallWindow();
     void EditedFileIsSavedAndSeenAgain();
     void UntickedVersionIsLeftAlone();
     void SavingNothingSelectedSaysSo();
@@ -223,6 +226,17 @@ void FrmPLMTagpanelTest::SecondSelectedFileEmptiesThePanel() {
     QVERIFY(!plm_->Get<QWidget>("chkID3v1Rem").isVisible());
     plm_->ClickLine("lstFiles", 0, Qt::ControlModifier);
     QVERIFY(!Checked("chkID3v1Rem"));
+}
+
+void FrmPLMTagpanelTest::PanelOfManyFilesFitsIntoASmallWindow() {
+    plm_->Window().resize(1024, 768);
+    DropTagged(2);
+    plm_->Click("cmdSelectAll");
+    QVERIFY(plm_->Get<QWidget>("chkID3v2Rem").isVisible());
+    QCoreApplication::processEvents();
+    const auto& area = plm_->Get<QScrollArea>("scrTags");
+    QCOMPARE(area.horizontalScrollBar()->maximum(), 0);
+    QCOMPARE(plm_->Window().width(), 1024);
 }
 
 void FrmPLMTagpanelTest::EditedFileIsSavedAndSeenAgain() {
