@@ -1334,8 +1334,8 @@ Filer och mappar kan släppas här.</translation>
         <translation>Inm&amp;önster:</translation>
     </message>
     <message>
-        <source>How the present names are built. Its fields are used where a file has no tag.</source>
-        <translation>Hur de nuvarande namnen är uppbyggda. Fälten används när en fil saknar tagg.</translation>
+        <source>How the present names are built. Its fields are used where a file has no tag: %artist, %title, %album, %track, %year, %genre and %comment. Folders count too, as in %artist\%album\%track - %title.mp3</source>
+        <translation>Hur de nuvarande namnen är uppbyggda. Fälten används när en fil saknar tagg: %artist, %title, %album, %track, %year, %genre och %comment. Mappar räknas med, som i %artist\%album\%track - %title.mp3</translation>
     </message>
     <message>
         <source>Names from Text...</source>
@@ -1350,8 +1350,8 @@ Filer och mappar kan släppas här.</translation>
         <translation>&amp;Utmönster:</translation>
     </message>
     <message>
-        <source>How the new names are built.</source>
-        <translation>Hur de nya namnen byggs upp.</translation>
+        <source>How the new names are built: any text, and in it the fields %artist, %title, %album, %track, %year, %genre and %comment.</source>
+        <translation>Hur de nya namnen byggs upp: valfri text och i den fälten %artist, %title, %album, %track, %year, %genre och %comment.</translation>
     </message>
     <message>
         <source>Options...</source>

@@ -10,6 +10,7 @@
 
 #include "app/dialogs/frmEdit.h"
 #include "app/dialogs/frmOptions.h"
+#include "core/names/patterns.h"
 #include "core/platform/path.h"
 #include "tests/support/qt_main_window.h"
 #include "tests/support/qt_modal.h"
@@ -25,6 +26,7 @@ private slots:
     void cleanup() { plm_.reset(); }
 
     void PatternBoxesAreFilledFromTheirFiles();
+    void PatternBoxesSayWhichFieldsThereAre();
     void PatternBoxesSwallowForbiddenKeys_data();
     void PatternBoxesSwallowForbiddenKeys();
     void PreviewIsHiddenUntilTicked();
@@ -94,6 +96,14 @@ void FrmPLMNamesTest::PatternBoxesAreFilledFromTheirFiles() {
     QCOMPARE(in.currentText(), QStringLiteral("%artist - %title.mp3"));
     QCOMPARE(plm_->Get<QComboBox>("cmbOutPattern").count(), 1);
     QCOMPARE(plm_->TextOf("cmbOutPattern"), QStringLiteral("%title by %artist.mp3"));
+}
+
+void FrmPLMNamesTest::PatternBoxesSayWhichFieldsThereAre() {
+    for (const char* box : {"cmbInPattern", "cmbOutPattern"}) {
+        const QString tip = plm_->Get<QComboBox>(box).toolTip();
+        for (const FieldWord& field : FieldWords)
+            QVERIFY2(tip.contains(u'%' + ToQt(field.Word)), box);
+    }
 }
 
 void FrmPLMNamesTest::PatternBoxesSwallowForbiddenKeys_data() {
