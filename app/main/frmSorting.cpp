@@ -52,6 +52,11 @@ void frmSorting::ShowDone() {
     ui_->cmdPause->setToolTip({});
 }
 
+void frmSorting::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    for (QLabel* label : {ui_->lblSource, ui_->lblTarget}) ShowPath(*label, label->toolTip());
+}
+
 void frmSorting::reject() { cmdPause_Click(); }
 
 void frmSorting::closeEvent(QCloseEvent* event) {

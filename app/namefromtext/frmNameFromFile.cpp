@@ -106,6 +106,7 @@ void frmNameFromFile::SetUpStatusLine() {
     cmdStop_ = new QPushButton(Icon(IconName::Stop), tr("S&top"), this);
     lblWork_->setObjectName(QStringLiteral("lblWork"));
     lblWork_->setTextFormat(Qt::PlainText);
+    lblWork_->setIndent(ui_->layCentral->contentsMargins().left());
     prgWork_->setObjectName(QStringLiteral("prgWork"));
     prgWork_->setMaximumWidth(180);
     prgWork_->setAccessibleName(tr("Progress"));
@@ -165,6 +166,8 @@ void frmNameFromFile::ConnectLists() {
     PairedListView* const newList = ui_->lstNewFileNames;
     connect(oldList->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Form::lstOldFileNames_Click);
+    // A click on the file that is selected already shows its name again.
+    connect(oldList, &QListView::clicked, this, &Form::lstOldFileNames_Click);
     // The counters are left alone by this key, on purpose.
     connect(oldList, &PairedListView::DeletePressed, this,
             [this, oldList] { oldFiles_->Remove(oldList->SelectedRow()); });
@@ -199,10 +202,15 @@ void frmNameFromFile::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+void frmNameFromFile::ShowStatus(const QString& text) {
+    lblWork_->setText(text);
+    lblWork_->setToolTip(text);
+}
+
 void frmNameFromFile::BeginWork(const QString& what) {
     workName_ = what;
     cmdDetails_->hide();
-    lblWork_->clear();
+    ShowStatus({});
 }
 
 int frmNameFromFile::WorkPercent() const {
@@ -215,7 +223,7 @@ void frmNameFromFile::ShowWorkProgress() {
     if (run_) return;
     EnableControls(false);
     const int percent = WorkPercent();
-    lblWork_->setText(workName_);
+    ShowStatus(workName_);
     prgWork_->setRange(0, percent < 0 ? 0 : 100);
     prgWork_->setValue(percent);
     prgWork_->show();
@@ -237,7 +245,7 @@ void frmNameFromFile::EndWork(const QString& said) {
     prgWork_->hide();
     cmdStop_->hide();
     EnableControls(true);
-    lblWork_->setText(said);
+    ShowStatus(said);
 }
 
 void frmNameFromFile::EnableControls(bool on) {

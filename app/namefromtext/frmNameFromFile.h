@@ -75,12 +75,14 @@ private:
     [[nodiscard]] RunChoices ReadRunChoices() const;
     [[nodiscard]] std::vector<RenamePair> Pairs() const;
     bool RunPair();
+    void ShowNextPair();
     void EndRun();
     void CloseRun();
     void ClearAfterRun();
     void cmdDetails_Click();
 
     // Work in slices.
+    void ShowStatus(const QString& text);
     void BeginWork(const QString& what);
     void ShowWorkProgress();
     [[nodiscard]] int WorkPercent() const;

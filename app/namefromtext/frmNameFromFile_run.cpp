@@ -105,6 +105,7 @@ void frmNameFromFile::cmdRenameFiles_Click() {
     BeginWork({});
     EnableControls(false);
     progress_ = host_.OpenProgress(this);
+    ShowNextPair();
     work_->StartPieceByPiece([this] { return RunPair(); }, [this] { EndRun(); });
 }
 
@@ -115,11 +116,16 @@ bool frmNameFromFile::RunPair() {
         return false;
     }
     if (run_->Finished()) return false;
+    run_->Step();
+    ShowNextPair();
+    return !run_->Report().Cancelled;
+}
+
+void frmNameFromFile::ShowNextPair() {
+    if (run_->Finished()) return;
     const RenamePair& pair = run_->Next();
     progress_->ShowPair(FileNameOfPath(pair.OldPath), pair.NewName, run_->Done() + 1,
                         run_->Total());
-    run_->Step();
-    return !run_->Report().Cancelled;
 }
 
 void frmNameFromFile::EndRun() {
@@ -128,7 +134,8 @@ void frmNameFromFile::EndRun() {
     if (report.Completed) ClearAfterRun();
     failures_ = report.Failures;
     CloseRun();
-    EndWork(ToQt(SummaryText(report, UserLanguage())));
+    const QString summary = ToQt(SummaryText(report, UserLanguage()));
+    EndWork(report.Completed ? summary : tr("Stopped. %1").arg(summary));
     cmdDetails_->setVisible(!failures_.empty());
 }
 

@@ -65,6 +65,7 @@ void frmNameFromFile::OpenSource(const Text& path) {
     if (!status.Ok()) return context_.Ask.Critical({{}, ErrorMessage(status.Number()), path});
     host_.SetLastSourceFolder(WithoutSeparator(FolderOfPath(path)));
     ui_->txtSourceText->Load(text);
+    ui_->txtSourceText->setFocus();  // its lines are selected next
     ShowComingText(true);
 }
 

@@ -1012,6 +1012,10 @@ Filer och mappar kan släppas här.</translation>
         <translation>Stoppat.</translation>
     </message>
     <message>
+        <source>Stopped. %1</source>
+        <translation>Stoppat. %1</translation>
+    </message>
+    <message>
         <source>Looking for files...</source>
         <translation>Söker filer...</translation>
     </message>

@@ -18,6 +18,7 @@ private slots:
     void IsCaptionedAsWorded();
     void ShowsMethodFileTargetAndCount();
     void LongPathsAreShortenedAndStandInTheToolTip();
+    void PathsFillTheWidthOfTheWindow();
     void LargeCopyHasBarOfItsOwn();
     void EveryWayOfClosingIsTheButton_data();
     void EveryWayOfClosingIsTheButton();
@@ -72,6 +73,22 @@ void FrmSortingTest::LongPathsAreShortenedAndStandInTheToolTip() {
     QVERIFY(label.text().endsWith(QLatin1String("end.mp3")));
     QCOMPARE(label.toolTip().size(), 412);
     QCOMPARE(form_->width(), width);
+}
+
+// What is shown before the window has its size is not cut shorter than the window asks for.
+void FrmSortingTest::PathsFillTheWidthOfTheWindow() {
+    form_ = std::make_unique<frmSorting>();
+    SortProgress progress = Progress();
+    progress.Target = u"/to/a folder/A - A song with a name.mp3";
+    form_->ShowProgress(progress);
+    form_->show();
+    QVERIFY(QTest::qWaitForWindowExposed(form_.get()));
+    const auto& label = Get<QLabel>("lblTarget");
+    QCOMPARE(label.text(), QStringLiteral("/to/a folder/A - A song with a name.mp3"));
+    form_->resize(form_->minimumSizeHint().width(), form_->height());
+    QTRY_VERIFY(label.fontMetrics().horizontalAdvance(label.text()) <= label.width());
+    form_->resize(900, form_->height());
+    QTRY_COMPARE(label.text(), label.toolTip());
 }
 
 void FrmSortingTest::LargeCopyHasBarOfItsOwn() {

@@ -40,6 +40,7 @@ private slots:
     void FailedFilesAreListedOnRequest();
     void UsesTheMainWindowsChoices();
     void TheControlsRestWhileTheRunIsUnderWay();
+    void TheFocusReturnsAfterTheRun();
     void ClosingTheWindowStopsTheRun();
     void TheMenuClosesTheWindow();
 
@@ -176,6 +177,10 @@ void frmNameFromFileRunTest::SelectingAFileSelectsItsName() {
     QCOMPARE(NewList()->SelectedRow(), 1);
     NewList()->SelectRow(0);
     QCOMPARE(OldList()->SelectedRow(), 2);
+    OldList()->SelectRow(1);
+    NewList()->SelectRow(0);
+    QTest::mouseClick(OldList()->viewport(), Qt::LeftButton, {}, second);
+    QCOMPARE(NewList()->SelectedRow(), 1);
 }
 
 void frmNameFromFileRunTest::BothListsScrollTogether() {
@@ -310,6 +315,7 @@ void frmNameFromFileRunTest::KeepsTheWindowAfterCancel() {
     world_->Prompts.Answers = {Answer::Cancel};
     Run();
     QVERIFY(world_->Host.Progress.Done);
+    QCOMPARE(Label("lblWork"), "Stopped. Nothing renamed");
     QCOMPARE(Files(), QStringList({"1.mp3", "a.mp3", "b.mp3"}));
     QCOMPARE(OldList()->model()->rowCount(), 2);
     QCOMPARE(NewList()->model()->rowCount(), 2);
@@ -327,6 +333,7 @@ void frmNameFromFileRunTest::TheStopFlagEndsTheRunWithoutTheClosingSteps() {
     QCOMPARE(Files(), QStringList({"1.mp3", "b.mp3"}));
     QCOMPARE(OldList()->model()->rowCount(), 2);
     QVERIFY(!world_->Host.Progress.Done);
+    QCOMPARE(Label("lblWork"), "Stopped. 1 renamed");
 }
 
 void frmNameFromFileRunTest::TheStopFlagCountsBehindTheLastPairToo() {
@@ -375,11 +382,21 @@ void frmNameFromFileRunTest::TheControlsRestWhileTheRunIsUnderWay() {
     ShowNames("1");
     Press("cmdRenameFiles");
     QVERIFY(world_->Host.Progress.Open);
+    QCOMPARE(world_->Host.Progress.Shown, std::vector<Text>{u"a.mp3 > 1.mp3 1/1"});
     for (const char* control : {"cmdScan", "cmdAddFiles", "cmdRenameFiles", "lstOldFileNames"})
         QVERIFY2(!Get<QWidget>(control)->isEnabled(), control);
     QVERIFY(!Get<QAction>("mnuOpenSource")->isEnabled());
     QTRY_VERIFY(!world_->Host.Progress.Open);
     QVERIFY(Get<QWidget>("cmdScan")->isEnabled());
+}
+
+void frmNameFromFileRunTest::TheFocusReturnsAfterTheRun() {
+    Open();
+    AddFile(u"a.mp3");
+    ShowNames("1");
+    Get<QWidget>("cmdRenameFiles")->setFocus();
+    Run();
+    QCOMPARE(form_->focusWidget(), Get<QWidget>("cmdRenameFiles"));
 }
 
 void frmNameFromFileRunTest::ClosingTheWindowStopsTheRun() {

@@ -216,6 +216,7 @@ void frmNameFromFileTest::OpensATextAndScansItsHead() {
     QCOMPARE(Entered("txtYear"), "1998");
     QCOMPARE(Entered("txtReleaseDate"), "May");
     QCOMPARE(OfQt(ToQt(world_->Host.SourceFolder) + u'/'), world_->Folder.Path());
+    QCOMPARE(form_->focusWidget(), Box());
 }
 
 void frmNameFromFileTest::AsksForTheFileInTheRightFolder() {

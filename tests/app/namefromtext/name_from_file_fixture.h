@@ -50,6 +50,7 @@ struct ProgressLog {
     bool Open = false;
     bool Done = false;
     std::size_t StopAfter = 1000000;  ///< pairs after which the button is pressed
+    std::size_t Asked = 0;            ///< how often, before each pair, the button was asked after
 };
 
 struct LoggedProgress : RunProgressWindow {
@@ -61,7 +62,7 @@ struct LoggedProgress : RunProgressWindow {
                             NumberText(static_cast<long long>(number)) + u"/" +
                             NumberText(static_cast<long long>(total)));
     }
-    [[nodiscard]] bool StopRequested() const override { return Log.Shown.size() >= Log.StopAfter; }
+    [[nodiscard]] bool StopRequested() const override { return Log.Asked++ >= Log.StopAfter; }
     void ShowDone() override { Log.Done = true; }
     ProgressLog& Log;
 };
