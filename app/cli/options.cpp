@@ -36,8 +36,11 @@ void AddRow(CLI::App& app, Request& request, const OptionRow& row) {
         ->allow_extra_args(row.Many == Values::UpToNextOption);
 }
 
-void AddCommand(CLI::App& app, Request& request, const CommandRow& row) {
+/// Only the command that is called gets its options: making those of all takes longer than naming
+/// a file.
+void AddCommand(CLI::App& app, Request& request, const CommandRow& row, const Bytes& called) {
     CLI::App* const command = app.add_subcommand(row.Name, row.Help);
+    if (called != row.Name) return;
     command->callback([&request, &row] { request.What = row.What; });
     for (const OptionRow& option : row.Options) AddRow(*command, request, option);
     if (row.TextFile) {
@@ -95,7 +98,7 @@ ParsedArguments ParseOptions(const std::vector<Bytes>& arguments) {
     CLI::App app(Description, Bytes(ProgramName));
     app.set_version_flag("--version", Bytes(ProgramName) + " " + PLM_VERSION, "Print the version");
     app.require_subcommand(1);
-    for (const CommandRow& row : CommandRows()) AddCommand(app, parsed.Asked, row);
+    for (const CommandRow& row : CommandRows()) AddCommand(app, parsed.Asked, row, arguments[0]);
     try {
         // The parser takes them from the back.
         app.parse(std::vector<Bytes>(arguments.rbegin(), arguments.rend()));
