@@ -16,27 +16,41 @@ constexpr BytesView StandardInput = "-";
 
 class Gathering {
 public:
-    Gathering(Session& session, PathSpelling& spelling, FileList& list)
+    /// What list files name goes into `list`, with its lines as they stand; without one everything
+    /// goes into the paths.
+    Gathering(Session& session, PathSpelling& spelling, FileList* list)
         : session_(session), spelling_(spelling), list_(list) {}
-    ~Gathering() { AppendFiles(); }
-    Gathering(const Gathering&) = delete;
-    Gathering& operator=(const Gathering&) = delete;
 
-    void TakeArgument(const Bytes& argument);
-    void TakeStandardInput(char end);
+    /// False, and told, when nothing was given.
+    bool TakeAll();
+    /// The paths that are in no list.
+    std::vector<Text> TakePaths() { return std::exchange(files_, {}); }
 
 private:
+    void TakeArgument(const Bytes& argument);
+    void TakeStandardInput(char end);
     void TakePath(BytesView native);
     void Walk(TextView folder);
     void CheckFolder(TextView folder);
     void ReadList(TextView path);
-    void AppendFiles();
 
     Session& session_;
     PathSpelling& spelling_;
-    FileList& list_;
-    std::vector<Text> files_;  ///< not yet in the list
+    FileList* list_;
+    std::vector<Text> files_;
 };
+
+bool Gathering::TakeAll() {
+    const CommonOptions& common = session_.Asked.Common;
+    if (common.Paths.empty() && !common.NulSeparated) {
+        session_.Results.Misuse(u"no files were given");
+        return false;
+    }
+    for (const Bytes& argument : common.Paths) TakeArgument(argument);
+    if (common.NulSeparated) TakeStandardInput('\0');
+    session_.Results.EndProgress();
+    return true;
+}
 
 void Gathering::TakeArgument(const Bytes& argument) {
     if (argument != StandardInput) return TakePath(argument);
@@ -87,13 +101,14 @@ void Gathering::CheckFolder(TextView folder) {
 }
 
 void Gathering::ReadList(TextView path) {
-    AppendFiles();
+    FileList named;
+    FileList& list = list_ == nullptr ? named : *list_;
+    if (list_ != nullptr) list_->Append(TakePaths());
     TerminalPrompts prompts(session_.Streams, session_.Results, false);
-    const Status read = LoadListFile(path, list_, prompts);
+    const Status read = LoadListFile(path, list, prompts);
     if (!read.Ok()) session_.Results.Fail(spelling_.Shown(path), Describe(read.Number()));
+    for (FileList::Index row = 0; row < named.Count(); ++row) files_.push_back(named.Path(row));
 }
-
-void Gathering::AppendFiles() { list_.Append(std::exchange(files_, {})); }
 
 }  // namespace
 
@@ -104,24 +119,23 @@ Text PathSpelling::Absolute(TextView given) {
     return base_ + Text(given);
 }
 
-Text PathSpelling::Shown(TextView path) const {
+TextView PathSpelling::Shown(TextView path) const {
     const bool below = relative_ && path.size() > base_.size() && StartsWith(path, base_);
-    return Text(below ? path.substr(base_.size()) : path);
+    return below ? path.substr(base_.size()) : path;
 }
 
 bool GatherFiles(Session& session, PathSpelling& spelling, FileList& list) {
-    const CommonOptions& common = session.Asked.Common;
-    if (common.Paths.empty() && !common.NulSeparated) {
-        session.Results.Misuse(u"no files were given");
-        return false;
-    }
-    {
-        Gathering gathering(session, spelling, list);
-        for (const Bytes& argument : common.Paths) gathering.TakeArgument(argument);
-        if (common.NulSeparated) gathering.TakeStandardInput('\0');
-    }
+    Gathering gathering(session, spelling, &list);
+    if (!gathering.TakeAll()) return false;
+    list.Append(gathering.TakePaths());
     list.SelectAll();
-    session.Results.EndProgress();
+    return true;
+}
+
+bool GatherPaths(Session& session, PathSpelling& spelling, std::vector<Text>& paths) {
+    Gathering gathering(session, spelling, nullptr);
+    if (!gathering.TakeAll()) return false;
+    paths = gathering.TakePaths();
     return true;
 }
 

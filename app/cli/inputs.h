@@ -2,6 +2,7 @@
 #pragma once
 
 #include <utility>
+#include <vector>
 
 #include "app/cli/session.h"
 #include "app/main/file_list.h"
@@ -17,8 +18,8 @@ public:
     explicit PathSpelling(Text base) : base_(std::move(base)) {}
     /// The absolute path of a given one.
     [[nodiscard]] Text Absolute(TextView given);
-    /// A path as it is shown.
-    [[nodiscard]] Text Shown(TextView path) const;
+    /// A path as it is shown: a part of `path`.
+    [[nodiscard]] TextView Shown(TextView path) const;
 
 private:
     Text base_;
@@ -28,5 +29,8 @@ private:
 /// Appends the files of the command line to the list, selected: folders are walked, list files are
 /// read, other paths are taken as they are. False, and told, when none was given.
 bool GatherFiles(Session& session, PathSpelling& spelling, FileList& list);
+
+/// The same as bare paths, for commands that need no list.
+bool GatherPaths(Session& session, PathSpelling& spelling, std::vector<Text>& paths);
 
 }  // namespace mdlPLM::cli

@@ -13,7 +13,7 @@ namespace {
 void PutPaths(Session& session, const PathSpelling& spelling, const FileList& list) {
     Report& report = session.Results;
     for (FileList::Index row = 0; report.MayBegin(row, list.Count()); ++row) {
-        const Text path = spelling.Shown(list.Path(row));
+        const TextView path = spelling.Shown(list.Path(row));
         if (!report.Json()) {
             report.Line(report.Shown(path));
             continue;

@@ -19,12 +19,15 @@ FileRecord NameFile(const Session& session, const Text& path) {
         record.Reason = Describe(ErrorNumber::FileNotFound);
         return record;
     }
-    const Text name = FixFileName(path, session.Values.OutPattern, tags, naming);
-    record.NewPath = FolderOfPath(path) + name;
-    if (session.Results.Json()) record.Fields = GatherFields(path, tags, naming);
-    if (!IsUsableFileName(name)) {
+    record.NewName = FixFileName(path, session.Values.OutPattern, tags, naming);
+    if (!IsUsableFileName(record.NewName)) {
         record.What = Outcome::Failed;
-        record.Reason = Text(Describe(ErrorNumber::BadFileName)) + u" (\"" + name + u"\")";
+        record.Reason =
+            Text(Describe(ErrorNumber::BadFileName)) + u" (\"" + record.NewName + u"\")";
+    }
+    if (session.Results.Json()) {
+        record.NewPath = FolderOfPath(path) + record.NewName;
+        record.Fields = GatherFields(path, tags, naming);
     }
     return record;
 }
@@ -33,11 +36,11 @@ FileRecord NameFile(const Session& session, const Text& path) {
 
 void RunNames(Session& session) {
     PathSpelling spelling(session.Folder);
-    FileList list;
-    if (!GatherFiles(session, spelling, list)) return;
+    std::vector<Text> paths;
+    if (!GatherPaths(session, spelling, paths)) return;
     Report& report = session.Results;
-    for (FileList::Index row = 0; report.MayBegin(row, list.Count()); ++row)
-        PutRecord(report, spelling, NameFile(session, list.Path(row)));
+    for (std::size_t row = 0; report.MayBegin(row, paths.size()); ++row)
+        PutRecord(report, spelling, NameFile(session, paths[row]));
 }
 
 }  // namespace mdlPLM::cli

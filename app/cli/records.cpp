@@ -47,10 +47,10 @@ Bytes Indented(const Bytes& text) {
 }
 
 Bytes LineOf(const Report& report, const PathSpelling& spelling, const FileRecord& record) {
-    const OutcomeRow& row = RowOf(record.What);
-    const Bytes path = report.Shown(spelling.Shown(record.Path));
+    Bytes path = report.Shown(spelling.Shown(record.Path));
     if (record.What == Outcome::Named)
-        return path + " -> " + report.Shown(FileNameOfPath(record.NewPath));
+        return std::move(path.append(" -> ").append(report.Shown(record.NewName)));
+    const OutcomeRow& row = RowOf(record.What);
     Bytes line = Bytes(report.DryRun() ? row.Planned : row.Word) + " " + path;
     if (HasTarget(record.What) && !record.NewPath.empty())
         line += " -> " + report.Shown(spelling.Shown(record.NewPath));
@@ -99,7 +99,7 @@ void PutRecord(Report& report, const PathSpelling& spelling, const FileRecord& r
 }
 
 void PutFolder(Report& report, const PathSpelling& spelling, TextView folder, TextView question) {
-    const Text shown = spelling.Shown(folder);
+    const TextView shown = spelling.Shown(folder);
     if (!report.Json()) {
         Bytes line =
             (report.DryRun() ? "would create folder " : "created folder ") + report.Shown(shown);

@@ -25,6 +25,7 @@ enum class Outcome {
 struct FileRecord {
     Text Path;
     Text NewPath;  ///< empty: there is none
+    Text NewName;  ///< of Named: what a line for people shows
     std::optional<GatheredFields> Fields;
     Outcome What = Outcome::Named;
     bool Replaced = false;  ///< a file that stood in the target's place is replaced

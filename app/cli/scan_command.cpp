@@ -137,6 +137,7 @@ void PutNames(Report& report, const PathSpelling& spelling, const FileList& file
         if (i < files.Count()) {
             record.Path = files.Path(i);
             record.NewPath = JoinPath(FolderOfPath(record.Path), names[i]);
+            record.NewName = names[i];
             PutRecord(report, spelling, record);
         } else if (report.Json()) {
             JsonObject object;

@@ -72,12 +72,12 @@ void PutLines(Report& report, const Text& path, const Stream& stream) {
 
 void RunStream(Session& session) {
     PathSpelling spelling(session.Folder);
-    FileList list;
-    if (!GatherFiles(session, spelling, list)) return;
+    std::vector<Text> paths;
+    if (!GatherPaths(session, spelling, paths)) return;
     Report& report = session.Results;
-    for (FileList::Index row = 0; report.MayBegin(row, list.Count()); ++row) {
-        const Stream stream = ReadStreamOf(list.Path(row));
-        const Text path = spelling.Shown(list.Path(row));
+    for (std::size_t row = 0; report.MayBegin(row, paths.size()); ++row) {
+        const Stream stream = ReadStreamOf(paths[row]);
+        const Text path(spelling.Shown(paths[row]));
         if (report.Json()) {
             report.Object(ObjectOf(path, stream));
         } else if (stream.Failure.empty()) {
