@@ -27,6 +27,7 @@ public:
     bool Exists(TextView path) override { return inner_.Exists(path); }
     bool IsFolder(TextView path) override { return inner_.IsFolder(path); }
     bool IsSameFile(TextView a, TextView b) override { return inner_.IsSameFile(a, b); }
+    PathKind KindOf(TextView path) override { return inner_.KindOf(path); }
     Status Rename(TextView from, TextView to, IfTargetExists ifExists) override;
     Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
                      std::unique_ptr<PiecewiseCopy>& copy) override;

@@ -74,7 +74,7 @@ PlanningDisk::Folder PlanningDisk::LookAtFolder(TextView folder) {
     if (name.empty() || name == folder) return {};
     const Place place = PlaceOf(name);
     const auto planned = planned_.find(place.Key);
-    if (planned == planned_.end() || planned->second.What != Kind::Folder) return {};
+    if (planned == planned_.end() || planned->second.What != PathKind::Folder) return {};
     return {place.Key + "/", place.In.Device, true};
 }
 
@@ -90,21 +90,20 @@ PlanningDisk::Place PlanningDisk::PlaceOf(TextView path) {
 PlanningDisk::Item PlanningDisk::ItemAt(TextView path, const Place& place) {
     const auto planned = planned_.find(place.Key);
     if (planned != planned_.end()) return planned->second;
-    if (mdlPLM::IsFolder(path)) return {Kind::Folder, Text(path), false};
-    if (FileExists(path)) return {Kind::File, Text(path), false};
-    return {};
+    const PathKind kind = KindOfPath(path);
+    return {kind, kind == PathKind::Nothing ? Text() : Text(path), false};
 }
 
-bool PlanningDisk::Exists(TextView path) { return ItemAt(path).What != Kind::Nothing; }
+bool PlanningDisk::Exists(TextView path) { return ItemAt(path).What != PathKind::Nothing; }
 
-bool PlanningDisk::IsFolder(TextView path) { return ItemAt(path).What == Kind::Folder; }
+bool PlanningDisk::IsFolder(TextView path) { return ItemAt(path).What == PathKind::Folder; }
 
 bool PlanningDisk::IsSameFile(TextView a, TextView b) {
     const Place first = PlaceOf(a);
     const Place second = PlaceOf(b);
     const Item one = ItemAt(a, first);
     const Item other = ItemAt(b, second);
-    if (one.What == Kind::Nothing || other.What == Kind::Nothing) return false;
+    if (one.What == PathKind::Nothing || other.What == PathKind::Nothing) return false;
     if (first.Key == second.Key) return true;
     return !one.OfItsOwn && !other.OfItsOwn && mdlPLM::IsSameFile(one.Contents, other.Contents);
 }
@@ -112,15 +111,15 @@ bool PlanningDisk::IsSameFile(TextView a, TextView b) {
 // A file that stands where a folder is needed is another error than nothing at all.
 bool PlanningDisk::IsBelowFile(TextView path) {
     const TextView folder = path.substr(0, FolderLength(path));
-    return !folder.empty() && ItemAt(folder).What == Kind::File;
+    return !folder.empty() && ItemAt(folder).What == PathKind::File;
 }
 
 Status PlanningDisk::CheckTarget(TextView to, const Place& place, IfTargetExists ifExists) {
     if (place.In.Key.empty()) return ErrorNumber::PathNotFound;
     if (!place.In.Writable) return ErrorNumber::PermissionDenied;
     const Item there = ItemAt(to, place);
-    if (there.What == Kind::Folder) return ErrorNumber::PathFileAccess;
-    const bool inTheWay = there.What == Kind::File && ifExists == IfTargetExists::Fail;
+    if (there.What == PathKind::Folder) return ErrorNumber::PathFileAccess;
+    const bool inTheWay = there.What == PathKind::File && ifExists == IfTargetExists::Fail;
     return inTheWay ? ErrorNumber::FileAlreadyExists : ErrorNumber::None;
 }
 
@@ -128,7 +127,7 @@ Status PlanningDisk::Rename(TextView from, TextView to, IfTargetExists ifExists)
     const Place source = PlaceOf(from);
     const Place target = PlaceOf(to);
     const Item item = ItemAt(from, source);
-    if (item.What == Kind::Nothing)
+    if (item.What == PathKind::Nothing)
         return IsBelowFile(from) || IsBelowFile(to) ? ErrorNumber::PathNotFound
                                                     : ErrorNumber::FileNotFound;
     if (target.In.Key.empty()) return ErrorNumber::PathNotFound;
@@ -145,31 +144,31 @@ Status PlanningDisk::Rename(TextView from, TextView to, IfTargetExists ifExists)
 Status PlanningDisk::BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
                                std::unique_ptr<PiecewiseCopy>& copy) {
     const Item item = ItemAt(from);
-    if (item.What == Kind::Nothing)
+    if (item.What == PathKind::Nothing)
         return IsBelowFile(from) ? ErrorNumber::PathNotFound : ErrorNumber::FileNotFound;
-    if (item.What == Kind::Folder) return ErrorNumber::PathFileAccess;
+    if (item.What == PathKind::Folder) return ErrorNumber::PathFileAccess;
     if (const Status open = Readable(item.Contents); !open.Ok()) return open;
     const Place target = PlaceOf(to);
     if (const Status free = CheckTarget(to, target, ifExists); !free.Ok()) return free;
-    copy = std::make_unique<Copy>(*this, target.Key, Item{Kind::File, item.Contents, true});
+    copy = std::make_unique<Copy>(*this, target.Key, Item{PathKind::File, item.Contents, true});
     return {};
 }
 
 Status PlanningDisk::CreateFolder(TextView path) {
     const Place place = PlaceOf(path);
     if (place.In.Key.empty()) return ErrorNumber::PathNotFound;
-    if (ItemAt(path, place).What != Kind::Nothing) return ErrorNumber::FileAlreadyExists;
+    if (ItemAt(path, place).What != PathKind::Nothing) return ErrorNumber::FileAlreadyExists;
     if (!place.In.Writable) return ErrorNumber::PermissionDenied;
-    planned_[place.Key] = {Kind::Folder, {}, true};
+    planned_[place.Key] = {PathKind::Folder, {}, true};
     return {};
 }
 
 Status PlanningDisk::DeleteFile(TextView path) {
     const Place place = PlaceOf(path);
     const Item item = ItemAt(path, place);
-    if (item.What == Kind::Nothing)
+    if (item.What == PathKind::Nothing)
         return IsBelowFile(path) ? ErrorNumber::PathNotFound : ErrorNumber::FileNotFound;
-    if (item.What == Kind::Folder) return ErrorNumber::PathFileAccess;
+    if (item.What == PathKind::Folder) return ErrorNumber::PathFileAccess;
     if (!place.In.Writable) return ErrorNumber::PermissionDenied;
     planned_[place.Key] = Item();
     return {};
@@ -181,7 +180,7 @@ Status PlanningDisk::SetAttributes(TextView path, int /*attributes*/) {
 
 Text PlanningDisk::ContentsAt(TextView path) {
     Item item = ItemAt(path);
-    return item.What == Kind::File ? std::move(item.Contents) : Text(path);
+    return item.What == PathKind::File ? std::move(item.Contents) : Text(path);
 }
 
 }  // namespace mdlPLM::cli

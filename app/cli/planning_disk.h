@@ -13,6 +13,7 @@ public:
     bool Exists(TextView path) override;
     bool IsFolder(TextView path) override;
     bool IsSameFile(TextView a, TextView b) override;
+    PathKind KindOf(TextView path) override { return ItemAt(path).What; }
     Status Rename(TextView from, TextView to, IfTargetExists ifExists) override;
     Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
                      std::unique_ptr<PiecewiseCopy>& copy) override;
@@ -22,10 +23,9 @@ public:
     Text ContentsAt(TextView path) override;
 
 private:
-    enum class Kind { Nothing, File, Folder };
     /// What stands (or would stand) under a name.
     struct Item {
-        Kind What = Kind::Nothing;
+        PathKind What = PathKind::Nothing;
         Text Contents;          ///< a real path where its contents are
         bool OfItsOwn = false;  ///< a copy: no other name leads to it
     };

@@ -147,10 +147,11 @@ void SortRun::Implementation::MakeSomeFolders() {
 SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& source) {
     Run.progress_.Source = source;
     Run.progress_.Target.clear();
-    if (!Files.Exists(source))
+    const PathKind kind = Files.KindOf(source);
+    if (kind == PathKind::Nothing)
         return Stay(Rules.Choices.Words(PLM_TRANSLATE("Texts", "The file is missing")));
     // A list can name folders, but nobody asked for a new name or place of a whole folder.
-    if (Files.IsFolder(source)) return Fail(Text(Describe(ErrorNumber::PathFileAccess)));
+    if (kind == PathKind::Folder) return Fail(Text(Describe(ErrorNumber::PathFileAccess)));
     const SortNames names = NamesOf(source, Rules, Files);
     if (!IsUsableFileName(names.NewName)) {
         return Fail(ReasonWith(ErrorNumber::BadFileName, names.NewName));

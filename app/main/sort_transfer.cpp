@@ -12,14 +12,15 @@ FileTransfer::FileTransfer(const SortRules& rules, Disk& disk, Prompts& prompts,
       runFiles_(runFiles) {}
 
 FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView destination) {
-    if (disk_.IsSameFile(source, destination)) {
+    const bool exists = disk_.Exists(destination);
+    if (exists && disk_.IsSameFile(source, destination)) {
         // The other spelling of its own name, where the file system does not tell them apart.
         const bool respell = choices_.Method == SortMethod::Move && source != destination &&
                              EqualIgnoringCase(source, destination);
         return respell ? Rename(source, destination, IfTargetExists::Fail) : Result::Handled;
     }
     SetAttributes(source);
-    if (!disk_.Exists(destination)) return Transfer(source, destination, IfTargetExists::Fail);
+    if (!exists) return Transfer(source, destination, IfTargetExists::Fail);
     switch (Decide(destination)) {
         case TargetDecision::Replace:
             return Transfer(source, destination, IfTargetExists::Replace);
@@ -34,9 +35,10 @@ FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView dest
 FileTransfer::Result FileTransfer::RenameFile(TextView oldPath, TextView newPath) {
     if (oldPath == newPath) return Result::Handled;
     const bool respell = EqualIgnoringCase(oldPath, newPath);
-    if (!respell && disk_.IsSameFile(oldPath, newPath)) return Result::Handled;
+    const bool exists = !respell && disk_.Exists(newPath);
+    if (exists && disk_.IsSameFile(oldPath, newPath)) return Result::Handled;
     SetAttributes(oldPath);
-    if (!respell && disk_.Exists(newPath)) return FileExistActions(oldPath, newPath);
+    if (exists) return FileExistActions(oldPath, newPath);
     return Rename(oldPath, newPath, IfTargetExists::Fail);
 }
 

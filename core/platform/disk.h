@@ -87,12 +87,21 @@ enum class IfTargetExists {
     Replace,  ///< the target is replaced by one atomic rename
 };
 
+/// What stands under a path, symbolic links followed.
+enum class PathKind { Nothing, File, Folder };
+PathKind KindOfPath(TextView path);
+
 class Disk {
 public:
     virtual ~Disk() = default;
     virtual bool Exists(TextView path) = 0;  ///< FileExists
     virtual bool IsFolder(TextView path) = 0;
     virtual bool IsSameFile(TextView a, TextView b) = 0;
+    /// Exists and IsFolder in one look.
+    virtual PathKind KindOf(TextView path) {
+        if (!Exists(path)) return PathKind::Nothing;
+        return IsFolder(path) ? PathKind::Folder : PathKind::File;
+    }
     /// Renames within one file system; a symbolic link is renamed as a link. Across file systems:
     /// DifferentDrive. Onto a folder: PathFileAccess. Fail mode never replaces, not even a target
     /// that appears between two looks; source and target being two spellings of the same file (a
@@ -123,6 +132,7 @@ public:
     bool Exists(TextView path) override;
     bool IsFolder(TextView path) override;
     bool IsSameFile(TextView a, TextView b) override;
+    PathKind KindOf(TextView path) override { return KindOfPath(path); }
     Status Rename(TextView from, TextView to, IfTargetExists ifExists) override;
     Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
                      std::unique_ptr<PiecewiseCopy>& copy) override;

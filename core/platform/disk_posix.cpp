@@ -95,6 +95,12 @@ bool IsFolder(TextView path) {
     return ReadStat(path, data) && S_ISDIR(data.st_mode);
 }
 
+PathKind KindOfPath(TextView path) {
+    struct stat data {};
+    if (!ReadStat(path, data)) return PathKind::Nothing;
+    return S_ISDIR(data.st_mode) ? PathKind::Folder : PathKind::File;
+}
+
 std::int64_t FileLength(TextView path) {
     struct stat data {};
     return ReadStat(path, data) && !S_ISDIR(data.st_mode) ? data.st_size : -1;

@@ -114,9 +114,9 @@ Status FollowLinks(Bytes& path) {
 Bytes TemporaryNameBeside(const Bytes& target) {
     // Straight from the system: a batch makes thousands of names. Where it has no numbers to give,
     // the name is taken by another file at worst, and the next one is tried.
-    std::array<unsigned, 2> numbers = {static_cast<unsigned>(::getpid()),
-                                       static_cast<unsigned>(::clock())};
-    (void)!::getentropy(numbers.data(), sizeof numbers);
+    std::array<unsigned, 2> numbers{};
+    if (::getentropy(numbers.data(), sizeof numbers) != 0)
+        numbers = {static_cast<unsigned>(::getpid()), static_cast<unsigned>(::clock())};
     std::array<char, 32> name{};
     (void)std::snprintf(name.data(), name.size(), "plm-%08x%08x.tmp", numbers[0], numbers[1]);
     return FolderOfNative(target) + name.data();
