@@ -12,15 +12,17 @@ void MeasureNames(const Collection& collection, Column& column);
 void MeasureListing(const Collection& collection, Column& column);
 void MeasureList(const Collection& collection, Column& column);
 void MeasureCopying(const Collection& collection, Column& column);
+void MeasureProgram(const Collection& collection, Column& column);
 
 struct Benchmark {
     const char* Name;
     void (*Measure)(const Collection& collection, Column& column);
 };
 
-inline constexpr std::array<Benchmark, 4> Benchmarks = {{{"names", MeasureNames},
+inline constexpr std::array<Benchmark, 5> Benchmarks = {{{"names", MeasureNames},
                                                          {"listing", MeasureListing},
                                                          {"list", MeasureList},
-                                                         {"copying", MeasureCopying}}};
+                                                         {"copying", MeasureCopying},
+                                                         {"program", MeasureProgram}}};
 
 }  // namespace mdlPLM::bench

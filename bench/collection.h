@@ -30,6 +30,22 @@ private:
 Text NewTemporaryFolder();
 void RemoveFolderTree(const Text& folder);
 
+/// New, empty folders. All of them stay until the end: file systems look for room differently right
+/// after many files have gone, which would favour whoever copies first.
+class Targets {
+public:
+    Targets() = default;
+    ~Targets() {
+        for (const Text& folder : folders_) RemoveFolderTree(folder);
+    }
+    Targets(const Targets&) = delete;
+    Targets& operator=(const Targets&) = delete;
+    const Text& Next() { return folders_.emplace_back(NewTemporaryFolder()); }
+
+private:
+    std::vector<Text> folders_;
+};
+
 /// One file of the collection: ID3v2.3.0 tag with padding, frames of ISO/IEC 11172-3 layer 3 that
 /// hold silence, ID3v1.1 trailer.
 Bytes SongFile(std::size_t number);

@@ -1,14 +1,11 @@
 // Sorting by copy against the bare calls of a copy, and with new names into genre and letter
 // folders.
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <memory>
 #include <stdexcept>
 
 #include "app/main/sort_engine.h"
+#include "bench/bare_calls.h"
 #include "bench/benchmarks.h"
 #include "core/platform/path.h"
 
@@ -34,40 +31,6 @@ private:
         throw std::runtime_error(NativePath(message.Body));
     }
 };
-
-/// New, empty folders. All of them stay until the end: file systems look for room differently right
-/// after many files have gone, which would favour whoever copies first.
-class Targets {
-public:
-    Targets() = default;
-    ~Targets() {
-        for (const Text& folder : folders_) RemoveFolderTree(folder);
-    }
-    Targets(const Targets&) = delete;
-    Targets& operator=(const Targets&) = delete;
-    const Text& Next() { return folders_.emplace_back(NewTemporaryFolder()); }
-
-private:
-    std::vector<Text> folders_;
-};
-
-void Check(bool ok, const Bytes& path) {
-    if (!ok) throw std::runtime_error("cannot copy " + path);
-}
-
-void CopyBare(const Bytes& from, const Bytes& to) {
-    const int source = ::open(from.c_str(), O_RDONLY | O_CLOEXEC);
-    struct stat data {};
-    Check(source >= 0 && ::fstat(source, &data) == 0, from);
-    const int target = ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    Check(target >= 0, to);
-    const auto size = static_cast<std::size_t>(data.st_size);
-    Check(::copy_file_range(source, nullptr, target, nullptr, size, 0) == data.st_size, to);
-    const timespec times[2] = {data.st_atim, data.st_mtim};
-    Check(::fchmod(target, data.st_mode & 0777) == 0 && ::futimens(target, times) == 0, to);
-    ::close(source);
-    Check(::close(target) == 0, to);
-}
 
 SortChoices CopyTo(const Text& folder, bool newPlaces) {
     SortChoices choices;
