@@ -8,7 +8,13 @@ namespace mdlPLM::cli {
 
 namespace {
 
-constexpr std::chrono::milliseconds ProgressPause{100};
+using Clock = std::chrono::steady_clock;
+
+/// What is to be seen by people is written this often.
+constexpr std::chrono::milliseconds Pause{100};
+
+bool IsDue(Clock::time_point last) { return Clock::now() - last >= Pause; }
+
 constexpr BytesView WipeLine = "\r\x1b[K";
 
 bool IsControl(char16_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
@@ -41,8 +47,14 @@ void Report::Object(const JsonObject& object) {
     console_.Out(object.Line());
 }
 
+void Report::FlushSoon() {
+    if (!IsDue(lastFlush_)) return;
+    console_.Flush();
+    lastFlush_ = Clock::now();
+}
+
 Bytes Report::Shown(TextView text) const {
-    return ToUtf8(console_.Kinds().Out ? OnOneLine(text) : Text(text));
+    return console_.Kinds().Out ? ToUtf8(OnOneLine(text)) : ToUtf8(text);
 }
 
 void Report::Error(TextView message) {
@@ -67,14 +79,14 @@ void Report::Misuse(TextView message) {
     Error(message);
 }
 
+bool Report::WantsProgress() const { return console_.Kinds().Errors && IsDue(lastProgress_); }
+
 void Report::Progress(TextView text) {
-    const Terminals kinds = console_.Kinds();
-    const auto now = std::chrono::steady_clock::now();
-    if (!kinds.Errors || now - lastProgress_ < ProgressPause) return;
-    lastProgress_ = now;
+    if (!WantsProgress()) return;
+    lastProgress_ = Clock::now();
     progressShown_ = true;
     // The last column stays free: a terminal that wraps there would scroll.
-    const Text fitting = Left(OnOneLine(text), kinds.Columns - 1);
+    const Text fitting = Left(OnOneLine(text), console_.Kinds().Columns - 1);
     console_.Errors(Bytes(WipeLine) + ToUtf8(fitting));
 }
 

@@ -38,8 +38,9 @@ public:
     void Line(BytesView line);
     /// An object of results for programs.
     void Object(const JsonObject& object);
-    /// Lets everything written so far be seen: after each file of a command that changes files.
-    void Flush() { console_.Flush(); }
+    /// After each file of a command that changes files: what was written is to be seen soon, by
+    /// whoever follows a log.
+    void FlushSoon();
 
     /// A text for people: bytes in no encoding as they are; on a terminal, where they would act,
     /// control characters become "?".
@@ -54,7 +55,10 @@ public:
     /// The program was used wrongly.
     void Misuse(TextView message);
 
-    /// Shows how far the work is, on a terminal, not more often than the eye can follow.
+    /// True when it is time to show how far the work is: on a terminal, not more often than the eye
+    /// can follow.
+    [[nodiscard]] bool WantsProgress() const;
+    /// Shows how far the work is, when that is wanted.
     void Progress(TextView text);
     /// Wipes the progress line away.
     void EndProgress();
@@ -77,6 +81,7 @@ private:
     bool misused_ = false;
     bool progressShown_ = false;
     std::chrono::steady_clock::time_point lastProgress_;
+    std::chrono::steady_clock::time_point lastFlush_;
 };
 
 }  // namespace mdlPLM::cli

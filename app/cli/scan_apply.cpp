@@ -121,7 +121,7 @@ void Applying::Put(const RenamePair& pair, const RunReport& now) {
     missing_ = now.Missing;
     kept_ = now.Kept;
     PutRecord(report_, spelling_, record);
-    report_.Flush();
+    report_.FlushSoon();
 }
 
 void Applying::Judge(FileRecord& record, const RunReport& now) {

@@ -103,7 +103,7 @@ void Sorting::SortAll() {
     while (!run.Finished()) {
         if (report_.ShouldStop()) run.Stop();
         watch.Expect(list_.Path(run.Progress().Done));
-        ShowProgress(run.Progress());
+        if (report_.WantsProgress()) ShowProgress(run.Progress());
         (void)run.Step();
         watch.Look(run, choices_.Method);
     }

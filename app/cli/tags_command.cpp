@@ -78,12 +78,12 @@ void PutTags(Report& report, const TagResult& result) {
     if (failed) report.Fail(result.Path, result.Reason);
 }
 
-void ShowTags(Session& session, const PathSpelling& spelling, const FileList& list) {
+void ShowTags(Session& session, const PathSpelling& spelling, const std::vector<Text>& paths) {
     Report& report = session.Results;
-    for (FileList::Index row = 0; report.MayBegin(row, list.Count()); ++row) {
-        TagResult result{spelling.Shown(list.Path(row)), {}, Read, {}};
+    for (std::size_t row = 0; report.MayBegin(row, paths.size()); ++row) {
+        TagResult result{Text(spelling.Shown(paths[row])), {}, Read, {}};
         FileTags tags;
-        const Status read = ReadForChange(list.Path(row), tags);
+        const Status read = ReadForChange(paths[row], tags);
         result.Boxes = ShowBoxes(tags, session.Values.bOptimizedID3v1);
         if (!read.Ok()) {
             result.Word = Failed;
@@ -103,10 +103,10 @@ public:
           wishes_(std::move(wishes)),
           writer_(disk_) {}
 
-    void Run(const FileList& list);
+    void Run(std::vector<Text> paths);
 
 private:
-    [[nodiscard]] bool MayBegin(const FileList& list);
+    [[nodiscard]] bool MayBegin(std::size_t files);
     void Put(const Text& path, const TagReport& now);
     [[nodiscard]] TagResult Judge(const Text& path, const TagReport& now) const;
     void Summarize(const TagReport& result);
@@ -125,9 +125,9 @@ private:
 
 // The question is the panel's; without a terminal the command itself is the answer to it, because
 // it says nothing that the command does not.
-bool Tagging::MayBegin(const FileList& list) {
-    const bool asks = list.Count() > 1 && wishes_.SetsOrRemoves() && !report_.DryRun() &&
-                      session_.Streams.Kinds().Ask;
+bool Tagging::MayBegin(std::size_t files) {
+    const bool asks =
+        files > 1 && wishes_.SetsOrRemoves() && !report_.DryRun() && session_.Streams.Kinds().Ask;
     if (!asks) return true;
     TerminalPrompts prompts(session_.Streams, report_, session_.Asked.Common.Yes);
     const Message question{Text(BoxTitle), ConfirmationText(BoxesOfWishes(wishes_)), {}};
@@ -136,10 +136,8 @@ bool Tagging::MayBegin(const FileList& list) {
     return false;
 }
 
-void Tagging::Run(const FileList& list) {
-    if (!MayBegin(list)) return;
-    std::vector<Text> paths;
-    for (FileList::Index row = 0; row < list.Count(); ++row) paths.push_back(list.Path(row));
+void Tagging::Run(std::vector<Text> paths) {
+    if (!MayBegin(paths.size())) return;
     const NamingContext naming = session_.Naming();
     TagRun run(std::move(paths), [&](TextView path, const FileTags& tags) {
         EditedTags edited = EditTags(path, tags, wishes_, naming);
@@ -149,8 +147,9 @@ void Tagging::Run(const FileList& list) {
     if (report_.DryRun()) run.WriteThrough(writer_);
     while (!run.Finished()) {
         const Text path = run.Current();
-        report_.Progress(NumberText(static_cast<long long>(run.Done())) + u" of " +
-                         NumberText(static_cast<long long>(run.Total())) + u"  " + path);
+        if (report_.WantsProgress())
+            report_.Progress(NumberText(static_cast<long long>(run.Done())) + u" of " +
+                             NumberText(static_cast<long long>(run.Total())) + u"  " + path);
         boxes_ = {};
         (void)run.Step();
         Put(path, run.Report());
@@ -172,11 +171,11 @@ void Tagging::Put(const Text& path, const TagReport& now) {
                      report_.Shown(result.Path));
     }
     if (failed) report_.Fail(result.Path, result.Reason);
-    report_.Flush();
+    report_.FlushSoon();
 }
 
 TagResult Tagging::Judge(const Text& path, const TagReport& now) const {
-    TagResult result{spelling_.Shown(path), boxes_, Unchanged, {}};
+    TagResult result{Text(spelling_.Shown(path)), boxes_, Unchanged, {}};
     if (now.Failures.size() > failures_) {
         result.Word = Failed;
         result.Reason = now.Failures.back().Reason;
@@ -202,12 +201,12 @@ void RunTags(Session& session) {
     Text fault;
     if (!ReadWishes(session.Asked.Tags, wishes, fault)) return session.Results.Misuse(fault);
     PathSpelling spelling(session.Folder);
-    FileList list;
-    if (!GatherFiles(session, spelling, list)) return;
+    std::vector<Text> paths;
+    if (!GatherPaths(session, spelling, paths)) return;
     if (wishes.Any()) {
-        Tagging(session, spelling, std::move(wishes)).Run(list);
+        Tagging(session, spelling, std::move(wishes)).Run(std::move(paths));
     } else {
-        ShowTags(session, spelling, list);
+        ShowTags(session, spelling, paths);
     }
 }
 
