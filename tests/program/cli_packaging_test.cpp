@@ -168,5 +168,23 @@ TEST_F(CliCompletion, ZshReadsItsOwn) {
     EXPECT_EQ(OutputOf({"zsh", "-n", SourceFolder() + "/packaging/cli/_pellmore-cli"}), "");
 }
 
+Bytes DynamicSection(const Bytes& program) { return OutputOf({"readelf", "-d", program}); }
+
+TEST(CliProgram, IsBoundToNoToolkit) {
+    Bytes needed;
+    for (const Text& line : SplitLines(PathFromNative(DynamicSection(CommandLineFile()))))
+        if (line.find(u"(NEEDED)") != Text::npos) needed += NativePath(line) + "\n";
+    EXPECT_NE(needed.find("[libc.so"), Bytes::npos) << needed;
+    for (const char* library : {"Qt", "X11", "xcb", "wayland", "GL"})
+        EXPECT_EQ(needed.find(library), Bytes::npos) << needed;
+}
+
+// An empty entry of a search path would be whatever folder the user is in.
+TEST(CliProgram, LooksForLibrariesInThePlacesOfTheSystemOnly) {
+    const Bytes section = DynamicSection(CommandLineFile());
+    EXPECT_NE(section.find("(STRTAB)"), Bytes::npos) << section;
+    EXPECT_EQ(section.find("PATH)"), Bytes::npos) << section;
+}
+
 }  // namespace
 }  // namespace mdlPLM::test
