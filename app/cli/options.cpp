@@ -36,11 +36,8 @@ void AddRow(CLI::App& app, Request& request, const OptionRow& row) {
         ->allow_extra_args(row.Many == Values::UpToNextOption);
 }
 
-/// Only the command that is called gets its options: making those of all takes longer than naming
-/// a file.
-void AddCommand(CLI::App& app, Request& request, const CommandRow& row, const Bytes& called) {
+void AddCommand(CLI::App& app, Request& request, const CommandRow& row) {
     CLI::App* const command = app.add_subcommand(row.Name, row.Help);
-    if (called != row.Name) return;
     command->callback([&request, &row] { request.What = row.What; });
     for (const OptionRow& option : row.Options) AddRow(*command, request, option);
     if (row.TextFile) {
@@ -98,7 +95,10 @@ ParsedArguments ParseOptions(const std::vector<Bytes>& arguments) {
     CLI::App app(Description, Bytes(ProgramName));
     app.set_version_flag("--version", Bytes(ProgramName) + " " + PLM_VERSION, "Print the version");
     app.require_subcommand(1);
-    for (const CommandRow& row : CommandRows()) AddCommand(app, parsed.Asked, row, arguments[0]);
+    // Making all of them takes longer than naming a file.
+    const bool option = arguments[0].substr(0, 1) == "-";
+    for (const CommandRow& row : CommandRows())
+        if (option || arguments[0] == row.Name) AddCommand(app, parsed.Asked, row);
     try {
         // The parser takes them from the back.
         app.parse(std::vector<Bytes>(arguments.rbegin(), arguments.rend()));

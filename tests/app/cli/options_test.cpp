@@ -42,6 +42,10 @@ TEST(Options, EveryCommandByItsName) {
     }
 }
 
+TEST(Options, APathMayBeCalledLikeACommand) {
+    EXPECT_EQ(Parse({"names", "names", "sort"}).Common.Paths, (Arguments{"names", "sort"}));
+}
+
 TEST(Options, EveryOptionIsThereOnce) {
     for (const CommandRow& row : CommandRows()) {
         std::set<Bytes> names;
