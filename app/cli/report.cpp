@@ -99,10 +99,16 @@ void Report::EndProgress() {
 bool Report::ShouldStop() const { return console_.Interrupted() || console_.OutFailed(); }
 
 bool Report::MayBegin(std::size_t done, std::size_t total) {
-    if (done == total || !ShouldStop()) return done < total;
-    const auto number = [](std::size_t count) { return NumberText(static_cast<long long>(count)); };
-    if (console_.Interrupted())
-        Fail(u"stopped: " + number(done) + u" of " + number(total) + u" files done");
+    const auto counted = [&] {
+        return NumberText(static_cast<long long>(done)) + u" of " +
+               NumberText(static_cast<long long>(total)) + u" files";
+    };
+    if (done == total || !ShouldStop()) {
+        // Where the results appear on the terminal they show how far the work is.
+        if (!console_.Kinds().Out && WantsProgress()) Progress(counted());
+        return done < total;
+    }
+    if (console_.Interrupted()) Fail(u"stopped: " + counted() + u" done");
     return false;
 }
 

@@ -92,6 +92,16 @@ TEST(Report, ProgressIsGoneBehindAMessageAndAtTheEnd) {
     EXPECT_EQ(console.TakeTold(), Bytes(Wipe) + "p" + Bytes(Wipe));
 }
 
+TEST(Report, FilesAreCountedOnATerminalWhileTheResultsGoElsewhere) {
+    FakeConsole console;
+    console.Streams.Errors = true;
+    EXPECT_TRUE(Report(console, {}).MayBegin(1, 20));
+    EXPECT_EQ(console.TakeTold(), Bytes(Wipe) + "1 of 20 files" + Bytes(Wipe));
+    console.Streams.Out = true;
+    EXPECT_TRUE(Report(console, {}).MayBegin(1, 20));
+    EXPECT_EQ(console.TakeTold(), "");
+}
+
 TEST(Report, AnInterruptionBeforeTheLastFileIsTold) {
     FakeConsole console;
     Report report(console, {});
