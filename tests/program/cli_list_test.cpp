@@ -74,6 +74,13 @@ TEST_F(CliList, APlanWritesNothing) {
     EXPECT_EQ(ReadFile(path), "old");
 }
 
+TEST_F(CliList, AskingWithoutATerminalIsMisuse) {
+    const Text path = Folder.File(u"old.m3u", "old");
+    ExpectResult(Cli({"list", "m", "-o", "old.m3u", "--if-exists", "ask"}), 2, "",
+                 "pellmore-cli: --if-exists ask: there is no terminal to ask at\n");
+    EXPECT_EQ(ReadFile(path), "old");
+}
+
 TEST_F(CliList, WhatCannotBeWrittenIsNamed) {
     ExpectResult(Cli({"list", "m", "-o", "no/out.srt"}), 1, "",
                  "pellmore-cli: no/out.srt: Path not found\n");

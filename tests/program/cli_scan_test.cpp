@@ -155,6 +155,13 @@ TEST_F(CliScan, ATargetThatExistsIsKept) {
     EXPECT_EQ(ReadFile(Folder / u"m/02 - Abba - S O S.mp3"), "there");
 }
 
+TEST_F(CliScan, AskingWithoutATerminalIsMisuse) {
+    const ProgramResult result = Cli(Scan({"--apply", "--if-exists", "ask", "--to-files", "m"}));
+    EXPECT_EQ(result.Status, 2);
+    EXPECT_EQ(result.Errors, "pellmore-cli: --if-exists ask: there is no terminal to ask at\n");
+    EXPECT_EQ(ListTree(Folder / u"m"), (Lines{"x.mp3", "y.mp3", "z.mp3"}));
+}
+
 TEST_F(CliScan, WrongOptionsAreMisuse) {
     const auto misuse = [&](const Arguments& more, const Bytes& message) {
         Arguments all = {"scan", "album.txt"};

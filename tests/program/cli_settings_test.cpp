@@ -5,6 +5,18 @@
 namespace mdlPLM::test {
 namespace {
 
+/// A value of each kind of setting that is not its default.
+Text OtherValue(const SettingRow& row) {
+    const Settings defaults;
+    const Text present = SettingText(defaults, row);
+    for (const TextView value : {u"True", u"False", u"1", u"0", u"2"}) {
+        Settings changed;
+        if (SetSetting(changed, row, value) && SettingText(changed, row) != present)
+            return SettingText(changed, row);
+    }
+    return {};
+}
+
 class CliSettings : public CliTest {
 protected:
     [[nodiscard]] Text Path() const { return Home / u"config/PLM/PLM.ini"; }
@@ -24,6 +36,18 @@ TEST_F(CliSettings, SingleKeysAreShownWithWhatOverridesThem) {
                  "Change=3\nExtension=mp3\n");
     EXPECT_EQ(Objects(Cli({"settings", "--json", "bID3"})),
               (std::vector<Json>{{{"key", "bID3"}, {"value", "True"}}}));
+}
+
+TEST_F(CliSettings, EveryKeyOfTheTableCanBeOverridden) {
+    Arguments arguments = {"settings", "--no-user-settings"};
+    Bytes expected;
+    for (const SettingRow& row : SettingRows) {
+        const Bytes setting = ToUtf8(row.ReadKey) + "=" + ToUtf8(OtherValue(row));
+        arguments.insert(arguments.end(), {"--setting", setting});
+        expected += setting + "\n";
+        EXPECT_NE(OtherValue(row), SettingText(Settings(), row)) << setting;
+    }
+    ExpectPrints(arguments, expected);
 }
 
 TEST_F(CliSettings, StoresAKeyAsTheOtherProgramWouldRead) {

@@ -283,16 +283,19 @@ TEST_F(CliSort, StoredChoicesHoldUntilTheCommandLineSaysOtherwise) {
               "would be: 1 done, 0 skipped, 0 failed\n");
 }
 
-TEST_F(CliSort, CtrlCInAQuestionEndsTheRunBeforeTheFile) {
+TEST_F(CliSort, CtrlCInAQuestionEndsTheRunBeforeTheFileAndSaysWhatWasDone) {
     (void)Folder.File(u"a - b.mp3", "1" + Noise(200));
     (void)Folder.File(u"c - d.mp3", "2" + Noise(200));
-    (void)Folder.File(u"out/A - B.mp3", "old");
-    const ProgramResult result = RunAtTerminal(
-        Call({"sort", "--to", "out", "a - b.mp3", "c - d.mp3"}), {{"[Yes/No/Cancel] ", "\x03"}});
+    (void)Folder.File(u"e - f.mp3", "3" + Noise(200));
+    (void)Folder.File(u"out/C - D.mp3", "old");
+    const ProgramResult result =
+        RunAtTerminal(Call({"sort", "--to", "out", "a - b.mp3", "c - d.mp3", "e - f.mp3"}),
+                      {{"[Yes/No/Cancel] ", "\x03"}});
     EXPECT_EQ(result.Status, 1);
-    EXPECT_NE(result.Out.find("stopped: 0 done, 0 skipped, 0 failed"), Bytes::npos);
-    EXPECT_EQ(ListTree(Folder / u"out"), Lines{"A - B.mp3"});
-    EXPECT_EQ(ReadFile(Folder / u"out/A - B.mp3"), "old");
+    EXPECT_NE(result.Out.find("copied a - b.mp3 -> out/A - B.mp3\r\n"), Bytes::npos);
+    EXPECT_NE(result.Out.find("stopped: 1 done, 0 skipped, 0 failed"), Bytes::npos);
+    EXPECT_EQ(ListTree(Folder / u"out"), (Lines{"A - B.mp3", "C - D.mp3"}));
+    EXPECT_EQ(ReadFile(Folder / u"out/C - D.mp3"), "old");
 }
 
 TEST_F(CliSort, ATerminalSeesHowFarTheWorkIsAndAPipeDoesNot) {
