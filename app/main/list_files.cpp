@@ -25,6 +25,10 @@ constexpr Ending Endings[] = {
 constexpr Pos EndingLength = 4;
 constexpr BytesView ByteOrderMark = "\xEF\xBB\xBF";
 
+bool StartsWithMark(BytesView contents) {
+    return contents.substr(0, ByteOrderMark.size()) == ByteOrderMark;
+}
+
 bool BeginsWithDriveOrNetwork(TextView path) {
     const Text start = UCase(Left(path, 2));
     return start == u"\\\\" ||
@@ -80,6 +84,8 @@ Bytes RenderListFile(const FileList& list, ListFileKind kind) {
         const Text& line = kind == ListFileKind::M3u ? list.Path(row) : list.Entry(row);
         contents.append(NativePath(line)).append("\r\n");
     }
+    // A name that begins so would lose its beginning as the mark of the whole file.
+    if (StartsWithMark(contents)) contents.insert(0, ByteOrderMark);
     return contents;
 }
 
@@ -95,8 +101,7 @@ Text CompletePlaylistPath(TextView entry, TextView playlistPath) {
 }
 
 std::vector<Text> ParseListFile(BytesView contents, ListFileKind kind, TextView playlistPath) {
-    if (contents.substr(0, ByteOrderMark.size()) == ByteOrderMark)
-        contents.remove_prefix(ByteOrderMark.size());
+    if (StartsWithMark(contents)) contents.remove_prefix(ByteOrderMark.size());
     std::vector<Text> names;
     for (const Text& line : SplitLines(PathFromNative(contents))) {
         Text named = NamedIn(line, kind);

@@ -13,6 +13,7 @@ namespace {
 
 constexpr TextView InPatternFile = u"inpattern.txt";
 constexpr TextView OutPatternFile = u"outpattern.txt";
+constexpr TextView ByteOrderMark = u"\uFEFF";
 
 void CreateNew(TextView path, BytesView contents) {
     File file;
@@ -32,9 +33,11 @@ bool IsHeldByte(TextView text, std::size_t i) {
     return text[i] >= 0xDC80 && text[i] <= 0xDCFF && !secondOfPair;
 }
 
-// A byte of no encoding, copied from a file name, would make the whole file one that is not UTF-8.
+// A byte of no encoding, copied from a file name, would make the whole file one that is not UTF-8;
+// a text that begins with a byte order mark would lose it without another one in front.
 Bytes ToTextFile(TextView text) {
     Bytes bytes = ToUtf8(text);
+    if (StartsWith(text, ByteOrderMark)) bytes.insert(0, ToUtf8(ByteOrderMark));
     if (IsValidUtf8(bytes)) return bytes;
     Text held = FromUtf8(bytes);
     for (std::size_t i = 0; i < held.size(); ++i)

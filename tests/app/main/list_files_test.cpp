@@ -51,6 +51,14 @@ TEST(SortingList, WrittenAndReadBackIsTheSameLineForLine) {
     EXPECT_EQ(Entries(loaded), Entries(list));
 }
 
+// What opens a text file as a mark is, in front of a name, a character of it.
+TEST(SortingList, ANameThatBeginsWithAByteOrderMarkKeepsIt) {
+    FileList list;
+    list.Append({u"/m/\uFEFFa.mp3", u"/m/b.mp3"});
+    const Bytes written = RenderListFile(list, ListFileKind::SortingList);
+    EXPECT_EQ(ParseListFile(written, ListFileKind::SortingList, {}), Entries(list));
+}
+
 TEST(SortingList, BlankLinesAreIgnoredAndLineEndsMayBeAny) {
     EXPECT_EQ(ParseListFile("a     (/)\r\n\r\n   \nb     (/)\rplain", ListFileKind::SortingList,
                             u"/x.srt"),

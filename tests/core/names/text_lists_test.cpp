@@ -92,6 +92,13 @@ TEST(TextFiles, AByteOfNoEncodingDoesNotSpoilTheOtherPairs) {
               (ReplacementList{{u"caf?", u"\u00E5"}, {u"\U0001F480", u""}}));
 }
 
+TEST(TextFiles, AFirstTextThatBeginsWithAByteOrderMarkKeepsIt) {
+    const TempFolder folder;
+    const ReplacementList list = {{u"\uFEFF", u""}, {u"a", u"b"}};
+    ASSERT_TRUE(SaveReplacements(folder.Path(), list).Ok());
+    EXPECT_EQ(LoadReplacements(folder.Path()), list);
+}
+
 TEST(TextFiles, AFileThatCouldNotBeReadIsNotReplaced) {
     const TempFolder folder;
     (void)folder.Folder(u"replaces.txt");
