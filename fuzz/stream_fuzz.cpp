@@ -1,18 +1,13 @@
-// The search for the first audio header in any bytes agrees with a plain search over the whole.
-#include <cstdio>
-#include <cstdlib>
+// The search for the first audio header in any file agrees with a plain search over the whole.
+#include <algorithm>
 
 #include "core/tags/stream_info.h"
+#include "fuzz/property.h"
+#include "fuzz/targets.h"
+
+namespace mdlPLM::fuzz {
 
 namespace {
-
-using namespace mdlPLM;
-
-void Require(bool condition, const char* what) {
-    if (condition) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 MpegHeader HeaderAt(BytesView bytes, std::size_t at) { return MpegHeader(bytes.substr(at, 4)); }
 
@@ -33,18 +28,55 @@ Bytes PlainSearch(BytesView bytes) {
     return first;
 }
 
+Bytes BitsOf(const std::optional<MpegHeader>& found) {
+    return found ? found->Texts().Bits : "none";
+}
+
+// The same search where the bytes lie across the end of a block that is read in one piece.
+void CheckAcrossBlocks(BytesView bytes) {
+    constexpr std::size_t block = 16384;
+    const std::size_t before = block - std::min(block, bytes.size() / 2);
+    const Bytes all = Bytes(before, '\0').append(bytes);
+    const ReadBytes read = [&](std::int64_t offset, std::size_t count) {
+        return all.substr(static_cast<std::size_t>(offset), count);
+    };
+    RequireEqual(BitsOf(FindHeader(read, 0, static_cast<std::int64_t>(all.size()))),
+                 PlainSearch(bytes), "another header across blocks");
+}
+
+// The audio lies from the tag's last ten bytes to the trailer.
+BytesView AudioOf(BytesView file, const FileTags& tags) {
+    const auto size = static_cast<std::int64_t>(file.size());
+    const std::int64_t end = size - (tags.V1.Present() ? 128 : 0);
+    const std::int64_t begin = std::clamp<std::int64_t>(tags.V2Length - 10, 0, size);
+    if (begin >= end) return {};
+    return file.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+}
+
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const BytesView bytes(reinterpret_cast<const char*>(data), size);
+void FuzzStream(BytesView input) {
     const ReadBytes read = [&](std::int64_t offset, std::size_t count) {
-        return Bytes(bytes.substr(static_cast<std::size_t>(offset), count));
+        return Bytes(input.substr(static_cast<std::size_t>(offset), count));
     };
-    const auto found = FindHeader(read, 0, static_cast<std::int64_t>(size));
-    Require((found ? found->Texts().Bits : "none") == PlainSearch(bytes), "another header");
-    FileTags tags;
-    tags.Exists = true;
-    tags.FileSize = static_cast<std::int64_t>(size);
-    (void)DescribeStream(tags, found);
-    return 0;
+    const auto size = static_cast<std::int64_t>(input.size());
+    RequireEqual(BitsOf(FindHeader(read, 0, size)), PlainSearch(input), "another header");
+
+    CheckAcrossBlocks(input);
+
+    const ScratchFile scratch(input);
+    File file;
+    Require(file.Open(scratch.Path(), File::Mode::Read).Ok(), "a file cannot be opened");
+    SilentErrors silent;
+    const FileTags tags = ReadFileTags(file, scratch.Path(), ID3v2Parts::NameFields, silent);
+    RequireEqual(BitsOf(FindStreamHeader(file, tags)), PlainSearch(AudioOf(input, tags)),
+                 "another header in a file");
+    const StreamLines lines = ReadStream(file, tags);
+    const StreamLines again = ReadStream(file, tags);
+    RequireEqual(lines.Header, again.Header, "a second look differs");
+    RequireEqual(lines.Length, again.Length, "a second length differs");
+    RequireEqual(lines.Size, u"Size: " + NumberText(static_cast<long long>(size)) + u"b",
+                 "another size");
 }
+
+}  // namespace mdlPLM::fuzz
