@@ -6,7 +6,7 @@ BUILD_PACKAGES="$BUILD_PACKAGES libcli11-dev nlohmann-json3-dev"
 RUN_PACKAGES="qt6-qpa-plugins libqt6svg6 qt6-wayland fonts-dejavu-core"
 # Playing: without GStreamer's base and good plug-ins Qt's sound system ends the program.
 RUN_PACKAGES="$RUN_PACKAGES libqt6multimedia6 gstreamer1.0-plugins-base gstreamer1.0-plugins-good"
-TEST_PACKAGES="libgtest-dev python3 lame ffmpeg id3v2 eyed3 attr zsh man-db"
+TEST_PACKAGES="libgtest-dev python3 lame ffmpeg id3v2 eyed3 python3-mutagen attr zsh man-db"
 PACKAGE_PACKAGES="dpkg-dev file lintian appstream desktop-file-utils man-db"
 FUZZ_PACKAGES="clang"
 CHECK_PACKAGES="clang clang-tidy cppcheck gcovr"
