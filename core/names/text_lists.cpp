@@ -96,8 +96,13 @@ std::vector<Text> ParsePatterns(TextView contents) {
     return patterns;
 }
 
+bool IsInstalled(TextView programFolder) {
+    return FileExists(JoinPath(programFolder, u"../share/pellmore/plm.txt"));
+}
+
 Text TextListsFolder(TextView programFolder, TextView dataFolder) {
-    if (IsWritableFolder(programFolder)) return Text(programFolder);
+    // To the superuser every folder can be written, also the system's own.
+    if (IsWritableFolder(programFolder) && !IsInstalled(programFolder)) return Text(programFolder);
     // Nowhere to write: what can be read is beside the program.
     if (!CreateFolders(dataFolder).Ok() || !IsWritableFolder(dataFolder))
         return Text(programFolder);

@@ -24,8 +24,13 @@ Text RenderReplacements(const ReplacementList& list);
 /// Every line that is not blank, untrimmed, in file order.
 std::vector<Text> ParsePatterns(TextView contents);
 
-/// Where the three files are: the program's folder when it can be written, else the data folder,
-/// which takes over the ones beside the program the first time. With trailing separator.
+/// Whether the program in this folder came from a package or an installation: those put its help
+/// into "../share/pellmore".
+bool IsInstalled(TextView programFolder);
+
+/// Where the three files are: the folder of a program that is not installed when it can be written,
+/// else the data folder, which takes over the ones beside the program the first time. With trailing
+/// separator.
 Text TextListsFolder(TextView programFolder, TextView dataFolder);
 
 /// Reads a list file; a missing one is created empty and read as empty.

@@ -39,6 +39,8 @@ public:
         return RunToEnd(Call(std::move(arguments), files, typed));
     }
     void StartIn(TextView folder) { folder_ = folder; }
+    /// As a package does, which also tells the program that it is installed.
+    void InstallHelp() const { (void)home_.File(u"share/pellmore/plm.txt", "help"); }
 
     [[nodiscard]] Text SettingsFile() const { return home_ / u"config/PLM/PLM.ini"; }
     /// What stands in the program's home, the program itself included.

@@ -121,6 +121,18 @@ TEST(TextFiles, AreBesideTheProgramWhereThatCanBeWritten) {
     EXPECT_EQ(ListTree(folder.Path()), std::vector<Bytes>{"program/"});
 }
 
+TEST(TextFiles, OfAnInstalledProgramAreTheUsersThoughItsFolderCanBeWritten) {
+    const TempFolder folder;
+    const Text program = folder.Folder(u"usr/bin") + u"/";
+    const Text data = folder / u"data/";
+    EXPECT_FALSE(IsInstalled(program));
+    (void)folder.File(u"usr/bin/replaces.txt", "a\r\nb\r\n");
+    (void)folder.File(u"usr/share/pellmore/plm.txt", "help");
+    EXPECT_TRUE(IsInstalled(program));
+    EXPECT_EQ(TextListsFolder(program, data), data);
+    EXPECT_EQ(ReadFile(data + u"replaces.txt"), "a\r\nb\r\n");
+}
+
 class InstalledProgram : public testing::Test {
 protected:
     void SetUp() override {
