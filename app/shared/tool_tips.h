@@ -1,4 +1,4 @@
-// Tool tips of more than one line.
+// Tool tips of more than one line, taken as the plain texts that they are.
 #pragma once
 
 #include <QObject>
@@ -6,7 +6,7 @@
 namespace mdlPLM {
 
 /// Installed on the application, breaks long tool tips into lines. The toolkit does so for markup
-/// only, and a tool tip's text is to stay what it is.
+/// only, and takes a text for markup that only looks like it, as a file's name may.
 class ToolTipWrapper : public QObject {
 public:
     using QObject::QObject;
