@@ -2,10 +2,13 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
+
+#ifdef __linux__
+#include <sys/xattr.h>
+#endif
 
 #include "core/platform/delete_and_write.h"
 #include "core/platform/posix.h"
@@ -21,6 +24,7 @@ bool IsSameFile(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
+#ifdef __linux__
 // The attributes that belong to the user's view of the file; others are the system's business.
 bool IsKept(BytesView attribute) {
     return attribute.substr(0, 5) == "user." || attribute == "system.posix_acl_access";
@@ -43,6 +47,9 @@ void CopyExtendedAttributes(int from, int to) {
     for (std::size_t at = 0; at < names.size(); at = names.find('\0', at) + 1)
         if (IsKept(names.c_str() + at)) CopyAttribute(from, to, names.c_str() + at);
 }
+#else
+void CopyExtendedAttributes(int /*from*/, int /*to*/) {}
+#endif
 
 // What the system refuses to a plain user (another owner) is left as it is.
 void KeepOwner(const struct stat& old, int to) {

@@ -1,1 +1,0 @@
-#include "app/shared/qt_text.h"
