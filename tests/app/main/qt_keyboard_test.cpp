@@ -1,5 +1,6 @@
 // Every window by keyboard and by screen reader: each control has a name that is read out, Tab
 // reaches each of them, and no two share a key.
+#include <QAction>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -43,6 +44,9 @@ private slots:
     void MainWindowWithOneFile();
     void MainWindowWithManyFiles();
     void MainMenus();
+    void TabFollowsTheOrderOfTheWork();
+    void ShortcutsAreUniqueAndShownInTheMenus();
+    void ListKeysWorkOnlyInTheLists();
     void Progress();
     void EditName();
     void Options();
@@ -65,6 +69,7 @@ private:
 
 void KeyboardTest::init() {
     plm_ = std::make_unique<MainWindow>();
+    plm_->Context.Values.Move = 0;
     plm_->Open();
     for (const TextView name : {u"in/1.mp3", u"in/2.mp3"}) {
         const Text path = plm_->Folder.File(Text(name), EncodedMp3());
@@ -127,6 +132,53 @@ void KeyboardTest::MainWindowWithManyFiles() {
 void KeyboardTest::MainMenus() {
     const QStringList faults = MenuFaults(plm_->Window());
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+}
+
+void KeyboardTest::TabFollowsTheOrderOfTheWork() {
+    plm_->Click("cmdSelectAll");
+    plm_->Get<QWidget>("cmdAddFiles").setFocus();
+    QStringList reached;
+    for (int i = 0; i < 200; ++i) {
+        reached << QApplication::focusWidget()->objectName();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        if (QApplication::focusWidget()->objectName() == reached.first()) break;
+    }
+    const QStringList order{QStringLiteral("cmdAddFiles"),   QStringLiteral("lstFiles"),
+                            QStringLiteral("lstPreview"),    QStringLiteral("cmbInPattern"),
+                            QStringLiteral("cmbOutPattern"), QStringLiteral("txtNewName"),
+                            QStringLiteral("optMethod0"),    QStringLiteral("chkGenre"),
+                            QStringLiteral("txtTargetDir"),  QStringLiteral("optExists0"),
+                            QStringLiteral("cmdSort"),       QStringLiteral("chkID3v1"),
+                            QStringLiteral("txtTitle"),      QStringLiteral("chkID3v2"),
+                            QStringLiteral("txtV2Title"),    QStringLiteral("txtV2Composer"),
+                            QStringLiteral("cmdSaveID3")};
+    for (int i = 1; i < order.size(); ++i)
+        QVERIFY2(reached.indexOf(order[i - 1]) < reached.indexOf(order[i]), qPrintable(order[i]));
+}
+
+void KeyboardTest::ShortcutsAreUniqueAndShownInTheMenus() {
+    QMap<QString, QString> owners;
+    for (const QAction* entry : plm_->Window().findChildren<QAction*>()) {
+        const QString key = entry->shortcut().toString();
+        if (key.isEmpty() || entry->objectName().isEmpty()) continue;
+        QVERIFY2(!owners.contains(key), qPrintable(key));
+        owners[key] = entry->objectName();
+    }
+    QCOMPARE(owners.value(QStringLiteral("Ctrl+O")), QStringLiteral("mnuAddFiles"));
+    QCOMPARE(owners.value(QStringLiteral("Ctrl+S")), QStringLiteral("mnuSave"));
+    QCOMPARE(owners.value(QStringLiteral("Ctrl+A")), QStringLiteral("mnuSelectAll"));
+    QCOMPARE(owners.value(QStringLiteral("Ctrl+Q")), QStringLiteral("mnuExit"));
+    QCOMPARE(owners.value(QStringLiteral("Del")), QStringLiteral("mnuRemFromList"));
+    QCOMPARE(owners.value(QStringLiteral("Shift+Del")), QStringLiteral("mnuRemFromHD"));
+}
+
+void KeyboardTest::ListKeysWorkOnlyInTheLists() {
+    plm_->ClickLine("lstFiles", 0);
+    for (const char* elsewhere : {"txtTargetDir", "cmdSort", "cmbInPattern", "txtV2Title"})
+        plm_->Key(elsewhere, Qt::Key_Delete);
+    QCOMPARE(plm_->Lines("lstFiles").size(), 2);
+    plm_->Key("lstFiles", Qt::Key_Delete);
+    QCOMPARE(plm_->Lines("lstFiles").size(), 1);
 }
 
 void KeyboardTest::Progress() {
