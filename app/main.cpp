@@ -24,7 +24,7 @@ namespace {
 void OnToolkitMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
     if (type != QtFatalMsg) return;
-    std::cerr << '\n' << ToUtf8(NoDisplayText()) << std::flush;
+    std::cerr << '\n' << ToUtf8(NoDisplayText(ConsoleLanguage(QLocale::system()))) << std::flush;
     std::_Exit(2);
 }
 
@@ -78,5 +78,5 @@ int main(int count, char** arguments) {
         return WindowSystem(arguments[0]).OpenWindow(data, listPaths);
     };
     return RunProgram(given, {std::cin, std::cout, std::cerr, SystemFolders(), HasDisplay(Variable),
-                              askInBox, openWindow});
+                              askInBox, openWindow, ConsoleLanguage(QLocale::system())});
 }

@@ -35,8 +35,8 @@ bool CountsArtists(SortStart start, const SortChoices& choices) {
            choices.chkSubFolder && ArtistThreshold(choices) > 0;
 }
 
-Text ReasonWith(Status status, TextView name) {
-    return Text(Describe(status.Number())) + u" (\"" + Text(name) + u"\")";
+Text ReasonWith(Status status, TextView name, const Language& words) {
+    return words(Describe(status.Number())) + u" (\"" + Text(name) + u"\")";
 }
 
 }  // namespace
@@ -140,7 +140,7 @@ void SortRun::Implementation::MakeSomeFolders() {
         Text folder;
         const Status status = EnsureFolders(ToMake[Made], Files, folder);
         if (status.Ok()) continue;
-        Run.report_.Failures.push_back({folder, Text(Describe(status.Number()))});
+        Run.report_.Failures.push_back({folder, Rules.Choices.Words(Describe(status.Number()))});
     }
 }
 
@@ -151,10 +151,11 @@ SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& s
     if (kind == PathKind::Nothing)
         return Stay(Rules.Choices.Words(PLM_TRANSLATE("Texts", "The file is missing")));
     // A list can name folders, but nobody asked for a new name or place of a whole folder.
-    if (kind == PathKind::Folder) return Fail(Text(Describe(ErrorNumber::PathFileAccess)));
+    if (kind == PathKind::Folder)
+        return Fail(Rules.Choices.Words(Describe(ErrorNumber::PathFileAccess)));
     const SortNames names = NamesOf(source, Rules, Files);
     if (!IsUsableFileName(names.NewName)) {
-        return Fail(ReasonWith(ErrorNumber::BadFileName, names.NewName));
+        return Fail(ReasonWith(ErrorNumber::BadFileName, names.NewName, Rules.Choices.Words));
     }
     return Rules.Choices.Method == SortMethod::Rename ? RenameFile(source, names)
                                                       : SortFile(source, names);
@@ -172,7 +173,7 @@ SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& so
     }
     Text folder;
     const Status status = EnsureFolders(levels, Files, folder);
-    if (!status.Ok()) return Fail(ReasonWith(status, folder));
+    if (!status.Ok()) return Fail(ReasonWith(status, folder, choices.Words));
     Run.progress_.Target = levels.back() + Separator + names.NewName;
     return Transfer.CopyOrMoveFile(source, Run.progress_.Target);
 }

@@ -11,7 +11,8 @@ class SortTask : public ListTask {
 public:
     SortTask(FileList& list, SortChoices choices, SortStart start, const NamingContext& naming,
              Disk& disk, Prompts& prompts)
-        : inPattern_(naming.InPattern),
+        : what_(choices.Words(PLM_TRANSLATE("Texts", "Sorting"))),
+          inPattern_(naming.InPattern),
           naming_{naming.Values, naming.Replacements, inPattern_},
           run_(list, std::move(choices), start, naming_, disk, prompts) {}
 
@@ -23,11 +24,12 @@ public:
     void Finish(bool /*stopped*/) override { run_.FlushRemovals(); }
     [[nodiscard]] TaskProgress Progress() const override {
         const SortProgress& progress = run_.Progress();
-        return {u"Sorting", progress.Done, progress.Total};
+        return {what_, progress.Done, progress.Total};
     }
     [[nodiscard]] SortRun& Run() { return run_; }
 
 private:
+    Text what_;
     Text inPattern_;
     NamingContext naming_;
     SortRun run_;

@@ -48,7 +48,7 @@ bool CreateTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts
         {Text(TitleOfMessages),
          choices.Words(
              PLM_TRANSLATE("Texts", "The target directory \"%1\" could not be created: %2."),
-             {choices.txtTargetDir, Describe(status.Number())}),
+             {choices.txtTargetDir, choices.Words(Describe(status.Number()))}),
          {}});
     return false;
 }

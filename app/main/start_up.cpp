@@ -55,34 +55,48 @@ int Refuse(std::ostream& errors, TextView text) {
     return ExitNothingDone;
 }
 
+/// What the program refuses to do is said under its name, as programs of the command line do.
+Text Refusal(TextView reason) { return Text(u"pellmore: ").append(reason).append(u"\n"); }
+
 int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
+    const Language& words = surroundings.Words;
     if (job.Paths.empty())
-        return Refuse(surroundings.Errors, u"pellmore: there is no file to rename.\n");
+        return Refuse(surroundings.Errors,
+                      Refusal(words(PLM_TRANSLATE("Texts", "there is no file to rename."))));
     const StartData data = LoadStartData(surroundings.Folders);
     StartPrompts prompts(surroundings);
     if (!SettleExtension(job, prompts))
-        return Refuse(surroundings.Errors, u"pellmore: there is no extension to give.\n");
+        return Refuse(surroundings.Errors,
+                      Refusal(words(PLM_TRANSLATE("Texts", "there is no extension to give."))));
     SystemDisk disk;
     const NamingContext context{data.Values, data.Replacements, data.Values.InPattern};
     return RunBatch(job, context, disk).ExitStatus();
 }
 
 int RunWindow(const std::vector<Text>& listPaths, const Surroundings& surroundings) {
-    if (!surroundings.HasDisplay) return Refuse(surroundings.Errors, NoDisplayText());
+    if (!surroundings.HasDisplay)
+        return Refuse(surroundings.Errors, NoDisplayText(surroundings.Words));
     StartData data = LoadStartData(surroundings.Folders);
     return surroundings.OpenWindow(data, listPaths);
 }
 
-Text UsageText() {
-    return u"  pellmore                              opens the window\n"
-           u"  pellmore +list PATH...                opens the window with these files, folders,\n"
-           u"                                        sorting lists and playlists in its list\n"
-           u"  pellmore +rename=\"PATTERN\" FILE...    gives the files new names, without a "
-           u"window\n"
-           u"  pellmore +ext=\"EXTENSION\" FILE...     gives the files another extension, without\n"
-           u"                                        a window; +ext=\"\" asks for it\n"
-           u"  pellmore --help                       prints this\n"
-           u"  pellmore --version                    prints the version\n";
+Text UsageText(const Language& words) {
+    return words(PLM_TRANSLATE(
+        "Texts",
+        "  pellmore                              opens the window\n"
+        "  pellmore +list PATH...                opens the window with these files, folders,\n"
+        "                                        sorting lists and playlists in its list\n"
+        "  pellmore +rename=\"PATTERN\" FILE...    gives the files new names, without a window\n"
+        "  pellmore +ext=\"EXTENSION\" FILE...     gives the files another extension, without\n"
+        "                                        a window; +ext=\"\" asks for it\n"
+        "  pellmore --help                       prints this\n"
+        "  pellmore --version                    prints the version\n"));
+}
+
+Text MisuseText(const Language& words) {
+    const Text reason =
+        words(PLM_TRANSLATE("Texts", "a command line begins with one of its switches."));
+    return Refusal(reason) + u"\n" + UsageText(words);
 }
 
 bool IsSet(const char* value) { return value != nullptr && *value != '\0'; }
@@ -123,13 +137,11 @@ int RunProgram(const std::vector<Text>& arguments, const Surroundings& surroundi
     StartRequest request = ParseArguments(arguments);
     switch (request.Kind) {
         case StartKind::Help:
-            return Print(surroundings.Out, HelpText());
+            return Print(surroundings.Out, HelpText(surroundings.Words));
         case StartKind::Version:
             return Print(surroundings.Out, VersionText());
         case StartKind::Misuse:
-            return Refuse(
-                surroundings.Errors,
-                u"pellmore: a command line begins with one of its switches.\n\n" + UsageText());
+            return Refuse(surroundings.Errors, MisuseText(surroundings.Words));
         case StartKind::Batch:
             return RunBatchMode(std::move(request.Job), surroundings);
         case StartKind::Window:
@@ -139,17 +151,20 @@ int RunProgram(const std::vector<Text>& arguments, const Surroundings& surroundi
     return ExitNothingDone;
 }
 
-Text HelpText() {
-    return u"Pellmore puts a personal MP3 collection in order.\n\n" + UsageText() +
-           u"\n"
-           u"A pattern is a name with placeholders: %artist, %title, %album, %track, %year,\n"
-           u"%genre and %comment. They are filled from a file's ID3 tags or from its old name,\n"
-           u"and the name is cleaned, both as the settings say that the window keeps.\n"
-           u"\n"
-           u"  pellmore +rename=\"%track - %artist - %title.mp3\" *.mp3\n"
-           u"\n"
-           u"Exit status without a window: 0 every file has its new name, 1 some could not be\n"
-           u"renamed (they stay as they are), 2 there was nothing that could be done.\n";
+Text HelpText(const Language& words) {
+    const Text purpose =
+        words(PLM_TRANSLATE("Texts", "Pellmore puts a personal MP3 collection in order."));
+    const Text details = words(PLM_TRANSLATE(
+        "Texts",
+        "A pattern is a name with placeholders: %artist, %title, %album, %track, %year,\n"
+        "%genre and %comment. They are filled from a file's ID3 tags or from its old name,\n"
+        "and the name is cleaned, both as the settings say that the window keeps.\n"
+        "\n"
+        "  pellmore +rename=\"%track - %artist - %title.mp3\" *.mp3\n"
+        "\n"
+        "Exit status without a window: 0 every file has its new name, 1 some could not be\n"
+        "renamed (they stay as they are), 2 there was nothing that could be done.\n"));
+    return purpose + u"\n\n" + UsageText(words) + u"\n" + details;
 }
 
 Text VersionText() {
@@ -157,11 +172,13 @@ Text VersionText() {
            NumberText(static_cast<long long>(PLM_VERSION_MINOR)) + u"\n";
 }
 
-Text NoDisplayText() {
-    return u"pellmore: the window needs a graphical display (X11 or Wayland), and there is none\n"
-           u"that can be reached: DISPLAY or WAYLAND_DISPLAY names it.\n"
-           u"Without a display files can be renamed in batch mode:\n\n" +
-           UsageText();
+Text NoDisplayText(const Language& words) {
+    return Refusal(words(PLM_TRANSLATE(
+               "Texts",
+               "the window needs a graphical display (X11 or Wayland), and there is none\n"
+               "that can be reached: DISPLAY or WAYLAND_DISPLAY names it.\n"
+               "Without a display files can be renamed in batch mode:"))) +
+           u"\n" + UsageText(words);
 }
 
 }  // namespace mdlPLM

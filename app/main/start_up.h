@@ -7,6 +7,7 @@
 
 #include "app/main/command_line.h"
 #include "core/names/settings_store.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -39,6 +40,7 @@ struct Surroundings {
     /// system.
     std::function<std::optional<Text>(const Message&)> AskInBox;
     std::function<int(StartData&, const std::vector<Text>& listPaths)> OpenWindow;
+    Language Words = {};  ///< of what is printed
 };
 
 /// Looks up a variable of the environment; null when there is none.
@@ -50,9 +52,9 @@ bool HasDisplay(const Environment& environment);
 /// Does what the arguments ask for and returns the exit status.
 int RunProgram(const std::vector<Text>& arguments, const Surroundings& surroundings);
 
-Text HelpText();
+Text HelpText(const Language& words = {});
 Text VersionText();
 /// What a window needs, and how to go on without one.
-Text NoDisplayText();
+Text NoDisplayText(const Language& words = {});
 
 }  // namespace mdlPLM

@@ -29,8 +29,8 @@ Text FailureLine(const TagFailure& failure) {
 
 }  // namespace
 
-TagRun::TagRun(std::vector<Text> paths, Edit edit)
-    : paths_(std::move(paths)), edit_(std::move(edit)) {}
+TagRun::TagRun(std::vector<Text> paths, Edit edit, Language words)
+    : paths_(std::move(paths)), edit_(std::move(edit)), words_(std::move(words)) {}
 
 SaveResult TagRun::ChangeFile(TextView path) {
     File file;
@@ -58,7 +58,7 @@ bool TagRun::Step() {
     const Text& path = paths_[done_];
     const SaveResult result = ChangeFile(path);
     if (result.Outcome == SaveOutcome::Failed)
-        report_.Failures.push_back({path, Text(Describe(result.Error))});
+        report_.Failures.push_back({path, words_(Describe(result.Error))});
     else if (result)
         report_.Written.push_back(done_);
     else

@@ -28,7 +28,7 @@ public:
     /// Works out the change of a file from what it holds.
     using Edit = std::function<TagChange(TextView path, const FileTags& tags)>;
 
-    TagRun(std::vector<Text> paths, Edit edit);
+    TagRun(std::vector<Text> paths, Edit edit, Language words = {});
     /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
     void WriteThrough(TagWriter& writer) { writer_ = &writer; }
 
@@ -49,6 +49,7 @@ private:
 
     std::vector<Text> paths_;
     Edit edit_;
+    Language words_;
     TagWriter* writer_ = nullptr;  // none: into the files
     std::size_t done_ = 0;
     bool stopped_ = false;

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <array>
 
 #include "app/namefromtext/qt_pair_model.h"
 #include "app/namefromtext/qt_sliced_work.h"
@@ -14,6 +15,7 @@
 #include "app/shared/file_drops.h"
 #include "app/shared/icons.h"
 #include "app/shared/name_from_text_host.h"
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "app/shared/window_state.h"
 #include "core/tags/genres.h"
@@ -24,12 +26,20 @@ namespace mdlPLM {
 
 namespace {
 
-// The blanks at the ends of its lines are part of the text.
-constexpr TextView PatternHelp =
-    u"Here you define the inpattern that matches the text and the outpattern that will be used for "
-    u"the new filenames. \r\n"
-    u"%track = TrackNr    %artist = Artist    %title = Title    %album = Album \r\n"
-    u"The characters between are the separators. ";
+// The blanks at the ends of the lines are part of the text.
+constexpr std::array<const char*, 3> PatternHelp = {
+    PLM_TRANSLATE("Texts",
+                  "Here you define the inpattern that matches the text and the outpattern "
+                  "that will be used for the new filenames. "),
+    PLM_TRANSLATE("Texts",
+                  "%track = TrackNr    %artist = Artist    %title = Title    %album = Album "),
+    PLM_TRANSLATE("Texts", "The characters between are the separators. ")};
+
+QString PatternHelpText() {
+    QStringList lines;
+    for (const char* line : PatternHelp) lines << ToQt(UserLanguage()(line));
+    return lines.join(QStringLiteral("\r\n"));
+}
 
 void FillPatternBox(QComboBox& box, const std::vector<Text>& patterns, const Text& current) {
     box.setCompleter(nullptr);
@@ -178,7 +188,7 @@ void frmNameFromFile::ConnectLists() {
 }
 
 void frmNameFromFile::LoadPatterns() {
-    ui_->lblPattern->setText(ToQt(PatternHelp));
+    ui_->lblPattern->setText(PatternHelpText());
     FillPatternBox(*ui_->cmbInPattern, LoadInPatterns(context_.ListsFolder), host_.InPattern());
     FillPatternBox(*ui_->cmbOutPattern, LoadOutPatterns(context_.ListsFolder), host_.OutPattern());
 }

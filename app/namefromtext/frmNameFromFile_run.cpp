@@ -16,7 +16,7 @@ namespace mdlPLM {
 
 void frmNameFromFile::cmdAddFiles_Click() {
     FileDialogRequest request;
-    request.Title = u"Add MP3 files";
+    request.Title = FromQt(tr("Add MP3 files"));
     request.Filter = u"MP3 Files (*.mp3;*.mp2)|*.mp3;*.mp2|All Files (*.*)|*.*";
     request.InitialFolder = lists_.OldFiles().empty() ? context_.Values.LastDir
                                                       : FolderOfPath(lists_.OldFiles()[0].Path);

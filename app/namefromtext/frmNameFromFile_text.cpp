@@ -50,7 +50,7 @@ QString NamesMade(std::size_t count) {
 
 void frmNameFromFile::cmdOpenSource_Click() {
     FileDialogRequest request;
-    request.Title = u"Open Sourcefile";
+    request.Title = FromQt(tr("Open Sourcefile"));
     request.Filter = u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
     request.InitialFolder = lists_.OldFiles().empty() ? host_.LastSourceFolder()
                                                       : FolderOfPath(lists_.OldFiles()[0].Path);
@@ -126,7 +126,7 @@ void frmNameFromFile::cmdScan_Click() {
     Text whole = ui_->txtSourceText->Source().Whole();
     if (Trim(whole).empty()) return;
     const ScanChoices choices = ReadScanChoices();
-    if (const std::optional<Text> fault = FaultOfIgnoreBoxes(choices))
+    if (const std::optional<Text> fault = FaultOfIgnoreBoxes(choices, UserLanguage()))
         return context_.Ask.Inform({{}, *fault, {}});
     const Text selected = ui_->txtSourceText->SelectedText();
     ScanChosenText(selected.empty() ? std::move(whole) : selected, choices);

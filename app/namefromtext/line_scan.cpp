@@ -53,11 +53,11 @@ Text FillLine(Text pattern, const LineValues& values) {
 
 }  // namespace
 
-std::optional<Text> FaultOfIgnoreBoxes(const ScanChoices& choices) {
+std::optional<Text> FaultOfIgnoreBoxes(const ScanChoices& choices, const Language& words) {
     if (choices.chkIgnoreFirst && !IsUsableCount(choices.txtIgnoreFirst, 1))
-        return u"\"Ignore first\" needs a number of 1 or more.";
+        return words(PLM_TRANSLATE("Texts", "\"Ignore first\" needs a number of 1 or more."));
     if (choices.chkIgnoreLast && !IsUsableCount(choices.txtIgnoreLast, 0))
-        return u"\"Ignore last\" needs a number of 0 or more.";
+        return words(PLM_TRANSLATE("Texts", "\"Ignore last\" needs a number of 0 or more."));
     return std::nullopt;
 }
 

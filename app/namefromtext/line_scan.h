@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/names/settings.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -28,7 +29,7 @@ struct ScanChoices {
 };
 
 /// What is wrong with a ticked ignore box, as a message; nothing when both can be used.
-std::optional<Text> FaultOfIgnoreBoxes(const ScanChoices& choices);
+std::optional<Text> FaultOfIgnoreBoxes(const ScanChoices& choices, const Language& words = {});
 
 /// The in-pattern of a line scan: at most four placeholders, in any letter case.
 class LinePattern {

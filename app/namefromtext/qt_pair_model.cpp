@@ -47,7 +47,7 @@ QString PairColumn::TextOf(int row) const {
 // The whole text too, which the list may cut short.
 QString PairColumn::ToolTipOf(int row) const {
     if (side_ == Side::OldFiles) return TextOf(row);
-    return QStringLiteral("Doubleclick to edit the filename!\n") + TextOf(row);
+    return tr("Doubleclick to edit the filename!") + u'\n' + TextOf(row);
 }
 
 bool PairColumn::HasPartner(int row) const {

@@ -1,9 +1,9 @@
 #include "app/shared/qt_language.h"
 
-#include <QCoreApplication>
 #include <QTranslator>
+#include <memory>
 
-#include "app/shared/qt_text.h"
+#include "core/text/code_page.h"
 
 static void LinkTranslations() { Q_INIT_RESOURCE(translations); }
 
@@ -14,27 +14,30 @@ namespace {
 /// Our texts, and those of the toolkit's that the user sees.
 constexpr const char* Catalogues[] = {"pellmore", "toolkit"};
 
-void Install(QCoreApplication& application, const QString& language) {
-    for (const char* catalogue : Catalogues) {
-        auto* translator = new QTranslator(&application);
-        const QString file = QLatin1String(catalogue) + u'_' + language;
-        if (translator->load(file, QStringLiteral(":/translations")))
-            QCoreApplication::installTranslator(translator);
-        else
-            delete translator;
-    }
+bool Load(QTranslator& translator, const char* catalogue, const QLocale& locale) {
+    LinkTranslations();
+    const QString language = locale.uiLanguages().value(0).section(u'-', 0, 0);
+    return translator.load(QLatin1String(catalogue) + u'_' + language,
+                           QStringLiteral(":/translations"));
 }
 
 }  // namespace
 
 void InstallTranslation(QCoreApplication& application, const QLocale& locale) {
-    LinkTranslations();
-    Install(application, locale.uiLanguages().value(0).section(u'-', 0, 0));
+    for (const char* catalogue : Catalogues) {
+        auto translator = std::make_unique<QTranslator>(&application);
+        if (Load(*translator, catalogue, locale))
+            QCoreApplication::installTranslator(translator.release());
+    }
 }
 
-Language UserLanguage() {
-    return Language(
-        [](const char* own) { return FromQt(QCoreApplication::translate("Texts", own)); });
+Language ConsoleLanguage(const QLocale& locale) {
+    const auto translator = std::make_shared<QTranslator>();
+    if (!Load(*translator, Catalogues[0], locale)) return {};
+    return Language([translator](const char* own) {
+        const QString found = translator->translate("Texts", own);
+        return found.isEmpty() ? FromUtf8(own) : FromQt(found);
+    });
 }
 
 }  // namespace mdlPLM

@@ -1,11 +1,11 @@
 // The user's language: our own translations, as resources of the program.
 #pragma once
 
+#include <QCoreApplication>
 #include <QLocale>
 
+#include "app/shared/qt_text.h"
 #include "core/text/language.h"
-
-class QCoreApplication;
 
 namespace mdlPLM {
 
@@ -13,7 +13,13 @@ namespace mdlPLM {
 /// texts are as they are written.
 void InstallTranslation(QCoreApplication& application, const QLocale& locale);
 
+/// The same for a program that opens no window, and so installs none.
+Language ConsoleLanguage(const QLocale& locale);
+
 /// The installed translation, for the texts of the widget-free half.
-Language UserLanguage();
+inline Language UserLanguage() {
+    return Language(
+        [](const char* own) { return FromQt(QCoreApplication::translate("Texts", own)); });
+}
 
 }  // namespace mdlPLM

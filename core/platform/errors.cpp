@@ -4,6 +4,8 @@
 #include <array>
 #include <cerrno>
 
+#include "core/text/language.h"
+
 namespace mdlPLM {
 
 namespace {
@@ -14,25 +16,26 @@ struct Description {
 };
 
 constexpr std::array<Description, 20> Descriptions = {{
-    {ErrorNumber::InvalidProcedureCall, u"Invalid procedure call or argument"},
-    {ErrorNumber::Overflow, u"Overflow"},
-    {ErrorNumber::OutOfMemory, u"Out of memory"},
-    {ErrorNumber::TypeMismatch, u"Type mismatch"},
-    {ErrorNumber::BadFileName, u"Bad file name or number"},
-    {ErrorNumber::FileNotFound, u"File not found"},
-    {ErrorNumber::FileAlreadyOpen, u"File already open"},
-    {ErrorNumber::DeviceIo, u"Device I/O error"},
-    {ErrorNumber::FileAlreadyExists, u"File already exists"},
-    {ErrorNumber::DiskFull, u"Disk full"},
-    {ErrorNumber::InputPastEnd, u"Input past end of file"},
-    {ErrorNumber::BadRecordNumber, u"Bad record number"},
-    {ErrorNumber::TooManyFiles, u"Too many files"},
-    {ErrorNumber::DeviceUnavailable, u"Device unavailable"},
-    {ErrorNumber::PermissionDenied, u"Permission denied"},
-    {ErrorNumber::DiskNotReady, u"Disk not ready"},
-    {ErrorNumber::DifferentDrive, u"Can't rename with different drive"},
-    {ErrorNumber::PathFileAccess, u"Path/File access error"},
-    {ErrorNumber::PathNotFound, u"Path not found"},
+    {ErrorNumber::InvalidProcedureCall,
+     PLM_TRANSLATE_TEXT("Texts", "Invalid procedure call or argument")},
+    {ErrorNumber::Overflow, PLM_TRANSLATE_TEXT("Texts", "Overflow")},
+    {ErrorNumber::OutOfMemory, PLM_TRANSLATE_TEXT("Texts", "Out of memory")},
+    {ErrorNumber::TypeMismatch, PLM_TRANSLATE_TEXT("Texts", "Type mismatch")},
+    {ErrorNumber::BadFileName, PLM_TRANSLATE_TEXT("Texts", "Bad file name or number")},
+    {ErrorNumber::FileNotFound, PLM_TRANSLATE_TEXT("Texts", "File not found")},
+    {ErrorNumber::FileAlreadyOpen, PLM_TRANSLATE_TEXT("Texts", "File already open")},
+    {ErrorNumber::DeviceIo, PLM_TRANSLATE_TEXT("Texts", "Device I/O error")},
+    {ErrorNumber::FileAlreadyExists, PLM_TRANSLATE_TEXT("Texts", "File already exists")},
+    {ErrorNumber::DiskFull, PLM_TRANSLATE_TEXT("Texts", "Disk full")},
+    {ErrorNumber::InputPastEnd, PLM_TRANSLATE_TEXT("Texts", "Input past end of file")},
+    {ErrorNumber::BadRecordNumber, PLM_TRANSLATE_TEXT("Texts", "Bad record number")},
+    {ErrorNumber::TooManyFiles, PLM_TRANSLATE_TEXT("Texts", "Too many files")},
+    {ErrorNumber::DeviceUnavailable, PLM_TRANSLATE_TEXT("Texts", "Device unavailable")},
+    {ErrorNumber::PermissionDenied, PLM_TRANSLATE_TEXT("Texts", "Permission denied")},
+    {ErrorNumber::DiskNotReady, PLM_TRANSLATE_TEXT("Texts", "Disk not ready")},
+    {ErrorNumber::DifferentDrive, PLM_TRANSLATE_TEXT("Texts", "Can't rename with different drive")},
+    {ErrorNumber::PathFileAccess, PLM_TRANSLATE_TEXT("Texts", "Path/File access error")},
+    {ErrorNumber::PathNotFound, PLM_TRANSLATE_TEXT("Texts", "Path not found")},
     {ErrorNumber::None, u""},
 }};
 

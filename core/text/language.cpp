@@ -1,17 +1,11 @@
 #include "core/text/language.h"
 
-#include <string_view>
+#include "core/text/code_page.h"
 
 namespace mdlPLM {
 
-namespace {
-
-Text AsWritten(std::string_view own) { return Text(own.begin(), own.end()); }
-
-}  // namespace
-
 Text Language::operator()(const char* own, std::initializer_list<TextView> values) const {
-    const Text words = find_ ? find_(own) : AsWritten(own);
+    const Text words = find_ ? find_(own) : FromUtf8(own);
     Text filled;
     for (std::size_t i = 0; i < words.size(); ++i) {
         const std::size_t value = i + 1 < words.size() ? words[i + 1] - std::size_t{u'1'} : 0;
@@ -23,6 +17,10 @@ Text Language::operator()(const char* own, std::initializer_list<TextView> value
         }
     }
     return filled;
+}
+
+Text Language::operator()(TextView own, std::initializer_list<TextView> values) const {
+    return operator()(ToUtf8(own).c_str(), values);
 }
 
 }  // namespace mdlPLM

@@ -9,12 +9,14 @@
 
 /// Marks a text for the tools that collect what is to be translated, under a heading.
 #define PLM_TRANSLATE(heading, text) text
+/// The same, and makes it a Text.
+#define PLM_TRANSLATE_TEXT(heading, text) u##text
 
 namespace mdlPLM {
 
 class Language {
 public:
-    /// Gives an own text in the user's language; as it is where it has no translation.
+    /// Gives an own text (in UTF-8) in the user's language; as it is where it has no translation.
     using Find = std::function<Text(const char* own)>;
 
     /// Every text as it is written.
@@ -23,6 +25,7 @@ public:
 
     /// The text in the user's language, with "%1" to "%9" replaced by the values.
     Text operator()(const char* own, std::initializer_list<TextView> values = {}) const;
+    Text operator()(TextView own, std::initializer_list<TextView> values = {}) const;
 
 private:
     Find find_;

@@ -36,6 +36,21 @@ TEST(ProgramStart, PrintsItsHelp) {
     EXPECT_EQ(program.Files(), (std::vector<Bytes>{"bin/", "bin/pellmore"}));
 }
 
+TEST(ProgramStart, SpeaksTheUsersLanguageWithoutAWindow) {
+    InstalledProgram program;
+    program.Environment["LC_ALL"] = "sv_SE.UTF-8";
+    const ProgramResult help = program.Run({"--help"}, {});
+    EXPECT_EQ(help.Status, 0);
+    EXPECT_TRUE(Contains(help.Out, "Pellmore ordnar en personlig MP3-samling."));
+    EXPECT_TRUE(Contains(help.Out, "pellmore +rename=\"MÖNSTER\" FIL..."));
+    EXPECT_EQ(help.Errors, "");
+    const ProgramResult refused = program.Run({"--nonsense"}, {});
+    EXPECT_EQ(refused.Status, 2);
+    EXPECT_TRUE(Contains(refused.Errors, "pellmore: en kommandorad börjar med en av"));
+    EXPECT_TRUE(Contains(program.Run({"+rename=x"}, {}).Errors, "det finns ingen fil att döpa om"));
+    EXPECT_TRUE(Contains(program.Run({}, {}).Errors, "fönstret behöver en grafisk skärm"));
+}
+
 TEST(ProgramStart, PrintsItsVersion) {
     const ProgramResult result = InstalledProgram().Run({"--version"}, {});
     EXPECT_EQ(result.Status, 0);
@@ -69,6 +84,19 @@ TEST(ProgramStart, ADisplayThatCannotBeReachedIsNoCrash) {
     const ProgramResult result = program.Run({}, {});
     EXPECT_EQ(result.Status, 2);
     EXPECT_TRUE(Contains(result.Errors, "the window needs a graphical display"));
+}
+
+TEST(ProgramStart, AnInstalledProgramKeepsItsListsWithTheUser) {
+    InstalledProgram program;
+    program.InstallHelp();
+    program.Environment["QT_QPA_PLATFORM"] = "offscreen";
+    RunningProgram running(program.Call({}, {}));
+    EXPECT_TRUE(WaitFor(running, [&program] {
+        const std::vector<Bytes> files = program.Files();
+        return std::count(files.begin(), files.end(), "data/PLM/outpattern.txt") == 1;
+    }));
+    const std::vector<Bytes> files = program.Files();
+    EXPECT_EQ(std::count(files.begin(), files.end(), "bin/outpattern.txt"), 0);
 }
 
 TEST(ProgramStart, OpensItsWindowAndReadsThePatternsForIt) {

@@ -4,6 +4,7 @@
 #include <QUrl>
 #include <utility>
 
+#include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 
 namespace mdlPLM {
@@ -42,8 +43,8 @@ void QtMediaPlayer::Play(TextView path) {
     session->Path = Text(path);
     const Status opened = session->Music->Open(path);
     if (!opened.Ok()) {
-        events_.Failed(
-            {PlayerFault::Kind::CannotPlay, session->Path, Text(Describe(opened.Number()))});
+        events_.Failed({PlayerFault::Kind::CannotPlay, session->Path,
+                        UserLanguage()(Describe(opened.Number()))});
         return;
     }
     session_ = std::move(session);

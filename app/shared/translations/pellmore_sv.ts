@@ -571,6 +571,170 @@ Read it as an album text all the same?</source>
         <translation>Filen &quot;%1&quot; har %2 megabyte.
 Läsa den som albumtext ändå?</translation>
     </message>
+    <message>
+        <source>Sorting</source>
+        <translation>Sorterar</translation>
+    </message>
+    <message>
+        <source>there is no file to rename.</source>
+        <translation>det finns ingen fil att döpa om.</translation>
+    </message>
+    <message>
+        <source>there is no extension to give.</source>
+        <translation>det finns inget filtillägg att ge.</translation>
+    </message>
+    <message>
+        <source>  pellmore                              opens the window
+  pellmore +list PATH...                opens the window with these files, folders,
+                                        sorting lists and playlists in its list
+  pellmore +rename=&quot;PATTERN&quot; FILE...    gives the files new names, without a window
+  pellmore +ext=&quot;EXTENSION&quot; FILE...     gives the files another extension, without
+                                        a window; +ext=&quot;&quot; asks for it
+  pellmore --help                       prints this
+  pellmore --version                    prints the version
+</source>
+        <translation>  pellmore                              öppnar fönstret
+  pellmore +list SÖKVÄG...              öppnar fönstret med dessa filer, mappar,
+                                        sorteringslistor och spellistor i listan
+  pellmore +rename=&quot;MÖNSTER&quot; FIL...     ger filerna nya namn, utan fönster
+  pellmore +ext=&quot;FILTILLÄGG&quot; FIL...     ger filerna ett annat filtillägg, utan
+                                        fönster; +ext=&quot;&quot; frågar efter det
+  pellmore --help                       skriver ut detta
+  pellmore --version                    skriver ut versionen
+</translation>
+    </message>
+    <message>
+        <source>a command line begins with one of its switches.</source>
+        <translation>en kommandorad börjar med en av programmets växlar.</translation>
+    </message>
+    <message>
+        <source>Pellmore puts a personal MP3 collection in order.</source>
+        <translation>Pellmore ordnar en personlig MP3-samling.</translation>
+    </message>
+    <message>
+        <source>A pattern is a name with placeholders: %artist, %title, %album, %track, %year,
+%genre and %comment. They are filled from a file&apos;s ID3 tags or from its old name,
+and the name is cleaned, both as the settings say that the window keeps.
+
+  pellmore +rename=&quot;%track - %artist - %title.mp3&quot; *.mp3
+
+Exit status without a window: 0 every file has its new name, 1 some could not be
+renamed (they stay as they are), 2 there was nothing that could be done.
+</source>
+        <translation>Ett mönster är ett namn med platshållare: %artist, %title, %album, %track, %year,
+%genre och %comment. De fylls i från filens ID3-taggar eller från dess gamla namn,
+och namnet städas, båda enligt de inställningar som fönstret sparar.
+
+  pellmore +rename=&quot;%track - %artist - %title.mp3&quot; *.mp3
+
+Slutstatus utan fönster: 0 varje fil har sitt nya namn, 1 några kunde inte döpas
+om (de är som de var), 2 det fanns inget som kunde göras.
+</translation>
+    </message>
+    <message>
+        <source>the window needs a graphical display (X11 or Wayland), and there is none
+that can be reached: DISPLAY or WAYLAND_DISPLAY names it.
+Without a display files can be renamed in batch mode:</source>
+        <translation>fönstret behöver en grafisk skärm (X11 eller Wayland), och det finns ingen
+som kan nås: DISPLAY eller WAYLAND_DISPLAY anger den.
+Utan skärm kan filer döpas om i satsläge:</translation>
+    </message>
+    <message>
+        <source>Here you define the inpattern that matches the text and the outpattern that will be used for the new filenames. </source>
+        <translation>Här anger du inmönstret som passar texten och utmönstret som används för de nya filnamnen. </translation>
+    </message>
+    <message>
+        <source>%track = TrackNr    %artist = Artist    %title = Title    %album = Album </source>
+        <translation>%track = spårnr    %artist = artist    %title = titel    %album = album </translation>
+    </message>
+    <message>
+        <source>The characters between are the separators. </source>
+        <translation>Tecknen emellan är avgränsarna. </translation>
+    </message>
+    <message>
+        <source>&quot;Ignore first&quot; needs a number of 1 or more.</source>
+        <translation>&quot;Hoppa över första&quot; behöver ett tal som är 1 eller mer.</translation>
+    </message>
+    <message>
+        <source>&quot;Ignore last&quot; needs a number of 0 or more.</source>
+        <translation>&quot;Hoppa över sista&quot; behöver ett tal som är 0 eller mer.</translation>
+    </message>
+    <message>
+        <source>Invalid procedure call or argument</source>
+        <translation>Ogiltigt anrop eller argument</translation>
+    </message>
+    <message>
+        <source>Overflow</source>
+        <translation>Talet är för stort</translation>
+    </message>
+    <message>
+        <source>Out of memory</source>
+        <translation>Slut på minne</translation>
+    </message>
+    <message>
+        <source>Type mismatch</source>
+        <translation>Fel datatyp</translation>
+    </message>
+    <message>
+        <source>Bad file name or number</source>
+        <translation>Felaktigt filnamn eller filnummer</translation>
+    </message>
+    <message>
+        <source>File not found</source>
+        <translation>Filen hittades inte</translation>
+    </message>
+    <message>
+        <source>File already open</source>
+        <translation>Filen är redan öppen</translation>
+    </message>
+    <message>
+        <source>Device I/O error</source>
+        <translation>In- eller utmatningsfel på enheten</translation>
+    </message>
+    <message>
+        <source>File already exists</source>
+        <translation>Filen finns redan</translation>
+    </message>
+    <message>
+        <source>Disk full</source>
+        <translation>Disken är full</translation>
+    </message>
+    <message>
+        <source>Input past end of file</source>
+        <translation>Läsning förbi filens slut</translation>
+    </message>
+    <message>
+        <source>Bad record number</source>
+        <translation>Felaktigt postnummer</translation>
+    </message>
+    <message>
+        <source>Too many files</source>
+        <translation>För många filer</translation>
+    </message>
+    <message>
+        <source>Device unavailable</source>
+        <translation>Enheten är inte tillgänglig</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>Åtkomst nekad</translation>
+    </message>
+    <message>
+        <source>Disk not ready</source>
+        <translation>Disken är inte klar</translation>
+    </message>
+    <message>
+        <source>Can&apos;t rename with different drive</source>
+        <translation>Kan inte döpa om till en annan enhet</translation>
+    </message>
+    <message>
+        <source>Path/File access error</source>
+        <translation>Fel vid åtkomst till sökväg eller fil</translation>
+    </message>
+    <message>
+        <source>Path not found</source>
+        <translation>Sökvägen hittades inte</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::PairColumn</name>
@@ -581,6 +745,10 @@ Läsa den som albumtext ändå?</translation>
     <message>
         <source>no file beside it</source>
         <translation>ingen fil bredvid</translation>
+    </message>
+    <message>
+        <source>Doubleclick to edit the filename!</source>
+        <translation>Dubbelklicka för att redigera filnamnet!</translation>
     </message>
 </context>
 <context>
@@ -1034,6 +1202,14 @@ Filer och mappar kan släppas här.</translation>
     <message>
         <source>Scanning...</source>
         <translation>Söker av...</translation>
+    </message>
+    <message>
+        <source>Add MP3 files</source>
+        <translation>Lägg till MP3-filer</translation>
+    </message>
+    <message>
+        <source>Open Sourcefile</source>
+        <translation>Öppna källfil</translation>
     </message>
 </context>
 <context>

@@ -23,5 +23,14 @@ TEST(LanguageTest, PercentSignsOfTheTextStay) {
     EXPECT_EQ(Language()("100%, %1, %0, %x, %9 and %", {u"a"}), u"100%, a, %0, %x, %9 and %");
 }
 
+TEST(LanguageTest, ATextIsLookedUpLikeALiteral) {
+    const Language upper([](const char* own) {
+        return std::string_view(own) == "Disk full" ? Text(u"DISK FULL") : Text(u"other");
+    });
+    EXPECT_EQ(upper(TextView(u"Disk full")), u"DISK FULL");
+    EXPECT_EQ(upper(u"Rock"), u"other");
+    EXPECT_EQ(Language()(u"%1 \u00E5", {u"\u20AC"}), u"\u20AC \u00E5");
+}
+
 }  // namespace
 }  // namespace mdlPLM
