@@ -106,6 +106,8 @@ void Sorting::SortAll() {
         if (report_.WantsProgress()) ShowProgress(run.Progress());
         (void)run.Step();
         watch.Look(run, choices_.Method);
+        // Behind every piece of a long copy too.
+        report_.FlushSoon();
     }
     Summarize(run.Report());
 }

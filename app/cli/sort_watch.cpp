@@ -43,7 +43,6 @@ void SortWatch::Look(const SortRun& run, SortMethod method) {
     done_ = run.Progress().Done;
     failures_ = now.Failures.size();
     actions_.clear();
-    report_.FlushSoon();
 }
 
 void SortWatch::PutFolders() {
