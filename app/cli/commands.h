@@ -14,6 +14,9 @@ void RunList(Session& session);
 void RunSettings(Session& session);
 void RunDemo(Session& session);
 
+/// The command of the session's request, with the settings that it asks for.
+void RunCommand(Session& session);
+
 /// The whole program but for its streams: reads the arguments (the program's own name left out),
 /// runs the command and gives the exit status.
 int RunProgram(const std::vector<Bytes>& arguments, Console& console);

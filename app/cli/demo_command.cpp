@@ -44,26 +44,19 @@ void PutTitle(Report& report, BytesView title) {
     report.Line("");
 }
 
-/// A command as it would be typed in the folder of the demonstration.
-void RunThere(Session& session, const Text& folder, Request request,
-              void (*command)(Session& session)) {
-    request.Common.NoUserSettings = true;
-    request.Common.Yes = true;
-    request.Common.Paths = {Collection};
-    request.Common.OutPattern = OutPattern;
-    Session inner(request, session.Streams, folder);
-    if (TakeSettings(inner)) command(inner);
-    if (inner.Results.Status() != AllDone) session.Results.Fail(u"the demonstration failed");
+Bytes QuotedForShell(const Bytes& word) {
+    return word.find(' ') == Bytes::npos ? word : "'" + word + "'";
 }
 
-Request SortRequest() {
-    Request request;
-    request.What = Command::Sort;
-    request.Sort.To = Sorted;
-    request.Sort.Method = SortMethod::Copy;
-    request.Sort.Genre = request.Sort.Letter = request.Sort.Artist = true;
-    request.Sort.ArtistThreshold = "2";
-    return request;
+/// A command as it can be typed in the folder of the demonstration.
+void RunThere(Session& session, const Text& folder, const std::vector<Bytes>& arguments) {
+    Bytes line = "$ " + Bytes(ProgramName);
+    for (const Bytes& argument : arguments) line += " " + QuotedForShell(argument);
+    session.Results.Line(line);
+    const ParsedArguments parsed = ParseOptions(arguments);
+    Session inner(parsed.Asked, session.Streams, folder);
+    RunCommand(inner);
+    if (inner.Results.Status() != AllDone) session.Results.Fail(u"the demonstration failed");
 }
 
 }  // namespace
@@ -78,13 +71,13 @@ void RunDemo(Session& session) {
 
     report.Line("A small collection with all kinds of bad names and tags, in");
     report.Line(report.Shown(collection));
-    report.Line("New names are made by the output pattern \"" + Bytes(OutPattern) + "\".");
-    PutTitle(report, "Old names and new names (pellmore-cli names collection):");
-    RunThere(session, folder, {}, RunNames);
-    PutTitle(report,
-             "Sorted by genre, letter and artist (pellmore-cli sort --to sorted --genre --letter "
-             "--artist 2 collection):");
-    RunThere(session, folder, SortRequest(), RunSort);
+    PutTitle(report, "Old names and new names:");
+    RunThere(session, folder,
+             {"names", "--no-user-settings", "--out-pattern", OutPattern, Collection});
+    PutTitle(report, "Sorted by genre, letter and artist:");
+    RunThere(session, folder,
+             {"sort", "--no-user-settings", "--out-pattern", OutPattern, "--yes", "--method",
+              "copy", "--to", Sorted, "--genre", "--letter", "--artist", "2", Collection});
     PutTitle(report, "The sorted collection:");
     PutTree(report, folder + PathFromNative(Sorted), "");
     report.Line("");

@@ -208,6 +208,8 @@ const std::vector<OptionRow>& CommonRows() {
     return rows;
 }
 
+bool TakesCommonRows(const CommandRow& command) { return command.What != Command::Demo; }
+
 const std::vector<CommandRow>& CommandRows() {
     static const std::vector<CommandRow> rows = {
         {Command::Names, "names", "Print old and new names", PathsHelp, false, {}},

@@ -29,7 +29,8 @@ struct CommandRow {
 };
 
 const std::vector<CommandRow>& CommandRows();
-/// The options that every command takes.
+/// The options that every command takes but one that has nothing to choose.
 const std::vector<OptionRow>& CommonRows();
+bool TakesCommonRows(const CommandRow& command);
 
 }  // namespace mdlPLM::cli

@@ -45,6 +45,7 @@ void AddCommand(CLI::App& app, Request& request, const CommandRow& row) {
     } else if (row.Paths != nullptr) {
         command->add_option("PATH", request.Common.Paths, row.Paths)->type_name("");
     }
+    if (!TakesCommonRows(row)) return;
     for (const OptionRow& option : CommonRows()) AddRow(*command, request, option);
     command->footer(Footer);
 }

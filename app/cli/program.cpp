@@ -12,6 +12,10 @@ constexpr std::array<void (*)(Session&), 8> Commands = {RunNames, RunSort, RunTa
 
 }  // namespace
 
+void RunCommand(Session& session) {
+    if (TakeSettings(session)) Commands.at(static_cast<std::size_t>(session.Asked.What))(session);
+}
+
 int RunProgram(const std::vector<Bytes>& arguments, Console& console) {
     const ParsedArguments parsed = ParseOptions(arguments);
     if (parsed.Exit) {
@@ -21,7 +25,7 @@ int RunProgram(const std::vector<Bytes>& arguments, Console& console) {
         return console.OutFailed() ? SomeFailed : *parsed.Exit;
     }
     Session session(parsed.Asked, console, CurrentFolder());
-    if (TakeSettings(session)) Commands.at(static_cast<std::size_t>(parsed.Asked.What))(session);
+    RunCommand(session);
     session.Results.EndProgress();
     console.Flush();
     return session.Results.Status();

@@ -75,7 +75,7 @@ std::vector<SampleFile> MakeSampleFiles() {
              {aurora, u"first snow", u"Winter", u"1998", 3, Pop}),
         Make("TRACK01.MP3", Tags::Both, {aurora, u"night train", u"Winter", u"1998", 1, Pop}),
         Make("winter.2.thaw.mp3", Tags::V2, {aurora, u"THAW", u"Winter", u"1998", 2, Pop}),
-        Make("ivar strand - \xE4lven.mp3"),
+        Make("ivar strand - älven.mp3"),
         Make("polska_(live).mp3", Tags::V1, {ivar, u"Polska från Öland", u"", u"", 0, Folk}),
         MakeDiffering("old tag.mp3", {u"Unknown", u"Track 7", u"", u"", 7, Rock},
                       {boats, u"Lighthouse", u"Harbour", u"2001", 7, Rock}),

@@ -24,6 +24,7 @@ _pellmore_cli_options() {
             --genre --release-date --for-all --keep-texts --fix-texts --apply --to-files --v1 --v2
             --no-tags --if-exists" ;;
         list) echo "--as --output --if-exists --existing" ;;
+        demo) common=--help ;;
     esac
     echo "$common"
 }

@@ -27,6 +27,20 @@ TEST_F(CliDemo, ShowsNamesSortsACopyAndPrintsTheTree) {
               sorted.end());
 }
 
+TEST_F(CliDemo, TheCommandsItShowsDoWhatItShows) {
+    const Bytes shown = Cli({"demo"}).Out;
+    const Bytes there = "cd '" + NativePath(Home / u"pellmore-demo-1") + "' && ";
+    ASSERT_EQ(Shell(there + "rm -r sorted").Status, 0);
+    int commands = 0;
+    for (std::size_t at = shown.find("\n$ "); at != Bytes::npos; at = shown.find("\n$ ", at + 1)) {
+        const std::size_t end = shown.find('\n', at + 1);
+        const ProgramResult result = Shell(there + shown.substr(at + 3, end - at - 3));
+        ExpectResult(result, 0, shown.substr(end + 1, result.Out.size()), "");
+        ++commands;
+    }
+    EXPECT_EQ(commands, 2);
+}
+
 TEST_F(CliDemo, EveryOneHasAFolderOfItsOwnAndTheUsersSettingsDoNotMatter) {
     (void)Home.File(u"config/PLM/PLM.ini", "[Settings]\nChange=3\nbID3=False\n");
     const ProgramResult first = Cli({"demo"});

@@ -162,6 +162,7 @@ TEST_F(CliCompletion, OffersCommandsOptionsValuesAndFiles) {
     EXPECT_EQ(Offered({"settings", "bR"}),
               (Lines{"bReadOnly=", "bRemHiddenID3=", "bRemoveChars=", "bReplace="}));
     EXPECT_EQ(Offered({"demo", "so"}), Lines{});
+    EXPECT_EQ(Offered({"demo", "--"}), Lines{"--help"});
 }
 
 TEST_F(CliCompletion, ZshReadsItsOwn) {

@@ -62,9 +62,11 @@ TEST(Options, HelpAndVersionEndWellAndGoToStandardOutput) {
         EXPECT_NE(help.Out.find(Bytes("\n  ") + row.Name), Bytes::npos) << row.Name;
         const ParsedArguments own = ParseOptions({row.Name, "--help"});
         EXPECT_EQ(own.Exit, AllDone);
-        for (const auto* options : {&row.Options, &CommonRows()})
-            for (const OptionRow& option : *options)
-                EXPECT_NE(own.Out.find(option.Name), Bytes::npos) << option.Name;
+        for (const OptionRow& option : row.Options)
+            EXPECT_NE(own.Out.find(option.Name), Bytes::npos) << option.Name;
+        for (const OptionRow& option : CommonRows())
+            EXPECT_EQ(own.Out.find(option.Name) != Bytes::npos, TakesCommonRows(row))
+                << row.Name << ' ' << option.Name;
     }
     const ParsedArguments version = ParseOptions({"--version"});
     EXPECT_EQ(version.Exit, AllDone);
@@ -86,6 +88,7 @@ TEST(Options, WhatIsNotUnderstoodIsMisuse) {
     ExpectMisuse({"scan"}, "TEXTFILE");
     ExpectMisuse({"list", "--as", "pls", "a"}, "\"pls\" is not srt|m3u");
     ExpectMisuse({"names", "--setting"}, "--setting");
+    ExpectMisuse({"demo", "--dry-run"}, "--dry-run");
 }
 
 TEST(Options, CommonOnes) {
