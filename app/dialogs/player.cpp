@@ -30,6 +30,7 @@ PlayerEvents MediaPlayer::Watched() {
         file_.clear();
         events_.Failed(fault);
     };
+    watched.Unheard = [this] { events_.Unheard(); };
     return watched;
 }
 

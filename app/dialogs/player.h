@@ -27,6 +27,7 @@ struct PlayerEvents {
     std::function<void(const Text& file)> Started = [](const Text&) {};
     std::function<void()> Ended = [] {};  ///< at the end of the file, or stopped
     std::function<void(const PlayerFault& fault)> Failed = [](const PlayerFault&) {};
+    std::function<void()> Unheard = [] {};  ///< it has started, but there is no sound device
 };
 
 /// A component that plays one file at a time.

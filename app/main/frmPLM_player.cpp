@@ -11,7 +11,8 @@ namespace mdlPLM {
 
 void frmPLM::ConnectPlayer() {
     player_.Watch({[this](const Text& file) { Player_Started(file); }, [this] { Player_Ended(); },
-                   [this](const PlayerFault& fault) { Player_Failed(fault); }});
+                   [this](const PlayerFault& fault) { Player_Failed(fault); },
+                   [this] { SetStatus(tr("Nothing is heard: there is no sound device.")); }});
     connect(ui_->cmdOpenMP3, &QPushButton::clicked, this, &frmPLM::PlayCurrentFile);
     connect(ui_->mnuPlayFile, &QAction::triggered, this, &frmPLM::PlayCurrentFile);
     connect(ui_->mnuStopPlay, &QAction::triggered, this, [this] { player_.Stop(); });
@@ -25,7 +26,9 @@ void frmPLM::ConnectHelp() {
 
 void frmPLM::PlayCurrentFile() {
     const Text file = FileToPlay(CurrentPath(), MultipleSelection(), context_.Files);
-    if (!file.empty()) player_.Play(file);
+    if (file.empty()) return;
+    SetStatus({});  // what was said of another file holds no more
+    player_.Play(file);
 }
 
 void frmPLM::cmdOpenMP3_MouseMove() {

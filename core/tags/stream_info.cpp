@@ -38,21 +38,27 @@ private:
     Bytes block_;
 };
 
+struct FoundHeader {
+    MpegHeader Header;
+    std::int64_t At = 0;
+    bool Followed = false;  // by another one at its distance, or by the end
+};
+
 class HeaderSearch {
 public:
     HeaderSearch(const ReadBytes& read, std::int64_t begin, std::int64_t end)
         : candidates_(read, end), followers_(read, end), begin_(begin), end_(end) {}
 
-    std::optional<MpegHeader> Run() {
-        std::optional<MpegHeader> first;
+    std::optional<FoundHeader> Run() {
+        std::optional<FoundHeader> first;
         for (std::int64_t at = NextSyncByte(begin_); at + HeaderSize <= end_;
              at = NextSyncByte(at + 1)) {
             const BytesView bytes = candidates_.At(at, MpegHeaderSize);
             if (bytes.size() < MpegHeaderSize) break;
             const MpegHeader header(bytes);
             if (!header.HasSync()) continue;
-            if (IsFollowed(header, at)) return header;
-            if (!first) first = header;
+            if (IsFollowed(header, at)) return FoundHeader{header, at, true};
+            if (!first) first = FoundHeader{header, at, false};
         }
         return first;
     }
@@ -99,6 +105,14 @@ std::int64_t AudioBegin(const FileTags& tags) {
     return std::max<std::int64_t>(0, tags.V2Length - static_cast<std::int64_t>(ID3v2HeaderSize));
 }
 
+ReadBytes BytesOf(const File& file) {
+    return [&file](std::int64_t offset, std::size_t count) {
+        Bytes bytes;
+        if (!file.ReadAt(offset, count, bytes).Ok()) bytes.clear();
+        return bytes;
+    };
+}
+
 void DescribeHeader(const MpegHeader& header, StreamLines& lines) {
     const MpegTexts texts = header.Texts();
     lines.Version = FromAscii(texts.Version);
@@ -115,7 +129,8 @@ void DescribeHeader(const MpegHeader& header, StreamLines& lines) {
 }  // namespace
 
 std::optional<MpegHeader> FindHeader(const ReadBytes& read, std::int64_t begin, std::int64_t end) {
-    return HeaderSearch(read, begin, end).Run();
+    const auto found = HeaderSearch(read, begin, end).Run();
+    return found ? std::optional(found->Header) : std::nullopt;
 }
 
 double PlayingTime(const FileTags& tags, int frameLength) {
@@ -141,12 +156,13 @@ StreamLines DescribeStream(const FileTags& tags, const std::optional<MpegHeader>
 }
 
 std::optional<MpegHeader> FindStreamHeader(const File& file, const FileTags& tags) {
-    const ReadBytes read = [&](std::int64_t offset, std::size_t count) {
-        Bytes bytes;
-        if (!file.ReadAt(offset, count, bytes).Ok()) bytes.clear();
-        return bytes;
-    };
-    return FindHeader(read, AudioBegin(tags), AudioEnd(tags));
+    return FindHeader(BytesOf(file), AudioBegin(tags), AudioEnd(tags));
+}
+
+std::int64_t FindFirstFrame(const File& file, const FileTags& tags) {
+    if (!tags.V2.Present()) return 0;
+    const auto found = HeaderSearch(BytesOf(file), AudioBegin(tags), AudioEnd(tags)).Run();
+    return found && found->Followed ? found->At : 0;
 }
 
 StreamLines ReadStream(const File& file, const FileTags& tags) {

@@ -44,6 +44,10 @@ StreamLines DescribeStream(const FileTags& tags, const std::optional<MpegHeader>
 /// The first header of the audio of an open file whose tags have been read.
 std::optional<MpegHeader> FindStreamHeader(const File& file, const FileTags& tags);
 
+/// Where the first frame of the audio of such a file begins, behind the tag and whatever padding
+/// follows it; 0 for a file without a tag, and where no frame is found.
+std::int64_t FindFirstFrame(const File& file, const FileTags& tags);
+
 /// The lines of such a file.
 StreamLines ReadStream(const File& file, const FileTags& tags);
 

@@ -6,6 +6,7 @@
 
 #include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
+#include "core/tags/stream_info.h"
 
 namespace mdlPLM {
 
@@ -14,6 +15,9 @@ Status MusicStream::Open(TextView path) {
     if (!opened.Ok()) return opened;
     // Nothing would ever be asked of an empty one, nor its end be noticed.
     if (file_.Size() == 0) return ErrorNumber::InputPastEnd;
+    // The sound system takes the padding that may follow a tag for something else than music.
+    SilentErrors unread;
+    next_ = FindFirstFrame(file_, ReadFileTags(file_, path, ID3v2Parts::NameFields, unread));
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     return {};
 }
@@ -78,6 +82,7 @@ void QtMediaPlayer::NoteStatus(QMediaPlayer::MediaStatus status) {
     if (running && !session_->Started) {
         session_->Started = true;
         events_.Started(session_->Path);
+        if (!HasSoundDevice()) events_.Unheard();
     } else if (status == QMediaPlayer::EndOfMedia) {
         TakeLater(Take());
         events_.Ended();

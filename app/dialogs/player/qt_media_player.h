@@ -65,4 +65,7 @@ private:
 /// without what it needs would end the program.
 bool CanPlay(PlayerFault& fault);
 
+/// False when sound goes nowhere on this machine: GStreamer plays on without a device.
+bool HasSoundDevice();
+
 }  // namespace mdlPLM

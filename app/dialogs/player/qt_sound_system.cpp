@@ -31,34 +31,78 @@ const char* DefaultBackend() {
 #endif
 }
 
-using InitCheck = int (*)(int*, char***, void**);
-using FactoryFind = void* (*)(const char*);
-using ObjectUnref = void (*)(void*);
+/// What is needed of GStreamer itself, without being linked to it.
+class GStreamer {
+public:
+    GStreamer() {
+        Take(init_, "gst_init_check");
+        Take(find_, "gst_element_factory_find");
+        Take(make_, "gst_element_factory_make");
+        Take(setState_, "gst_element_set_state");
+        Take(inBin_, "gst_bin_get_by_name");
+        Take(unref_, "gst_object_unref");
+        usable_ = complete_ && init_(nullptr, nullptr, nullptr) != 0;
+    }
 
-bool HasElement(FactoryFind find, ObjectUnref unref, const char* name) {
-    void* factory = find(name);
-    if (factory == nullptr) return false;
-    unref(factory);
-    return true;
-}
+    [[nodiscard]] bool IsUsable() const { return usable_; }
 
-/// The missing elements, by a comma; all of them where GStreamer itself cannot be used.
+    [[nodiscard]] bool HasElement(const char* name) const { return Is(find_(name)); }
+
+    /// Whether the automatic sink finds no device. It then holds a sink of this name that throws
+    /// the sound away.
+    [[nodiscard]] bool HasOnlyFakeSink() const {
+        constexpr int Null = 1;
+        constexpr int Ready = 2;
+        void* const sink = make_("autoaudiosink", nullptr);
+        if (sink == nullptr) return false;
+        setState_(sink, Ready);
+        const bool fake = Is(inBin_(sink, "fake-audio-sink"));
+        setState_(sink, Null);
+        unref_(sink);
+        return fake;
+    }
+
+private:
+    template <class Function>
+    void Take(Function& function, const char* name) {
+        function = reinterpret_cast<Function>(library_.resolve(name));
+        complete_ = complete_ && function != nullptr;
+    }
+
+    bool Is(void* object) const {
+        if (object != nullptr) unref_(object);
+        return object != nullptr;
+    }
+
+    QLibrary library_{QStringLiteral("gstreamer-1.0"), 0};
+    bool complete_ = true;
+    bool usable_ = false;
+    int (*init_)(int*, char***, void**) = nullptr;
+    void* (*find_)(const char*) = nullptr;
+    void* (*make_)(const char*, const char*) = nullptr;
+    int (*setState_)(void*, int) = nullptr;
+    void* (*inBin_)(void*, const char*) = nullptr;
+    void (*unref_)(void*) = nullptr;
+};
+
+/// The missing elements; all of them where GStreamer itself cannot be used.
 QStringList MissingElements() {
-    QLibrary library(QStringLiteral("gstreamer-1.0"), 0);
-    const auto init = reinterpret_cast<InitCheck>(library.resolve("gst_init_check"));
-    const auto find = reinterpret_cast<FactoryFind>(library.resolve("gst_element_factory_find"));
-    const auto unref = reinterpret_cast<ObjectUnref>(library.resolve("gst_object_unref"));
-    if (init == nullptr || find == nullptr || unref == nullptr)
-        return {QStringLiteral("gstreamer")};
-    if (init(nullptr, nullptr, nullptr) == 0) return {QStringLiteral("gstreamer")};
+    const GStreamer gstreamer;
+    if (!gstreamer.IsUsable()) return {QStringLiteral("gstreamer")};
     QStringList missing;
     for (const char* name : Elements) {
-        if (!HasElement(find, unref, name)) missing << QLatin1String(name);
+        if (!gstreamer.HasElement(name)) missing << QLatin1String(name);
     }
     return missing;
 }
 
 }  // namespace
+
+bool HasSoundDevice() {
+    if (!RunsOn("gstreamer", DefaultBackend())) return true;
+    const GStreamer gstreamer;
+    return !gstreamer.IsUsable() || !gstreamer.HasOnlyFakeSink();
+}
 
 bool CanPlay(PlayerFault& fault) {
     if (RunsOn("gstreamer", DefaultBackend())) {

@@ -1870,6 +1870,10 @@ Filer och mappar kan släppas här.</translation>
         <translation>%1 togs ur listan.</translation>
     </message>
     <message>
+        <source>Nothing is heard: there is no sound device.</source>
+        <translation>Inget hörs: det finns ingen ljudenhet.</translation>
+    </message>
+    <message>
         <source>No file is selected.</source>
         <translation>Ingen fil är markerad.</translation>
     </message>

@@ -29,6 +29,7 @@ public:
     }
     void ReachEnd() { events_.Ended(); }
     void Break(const PlayerFault& fault) { events_.Failed(fault); }
+    void MissDevice() { events_.Unheard(); }
 
 private:
     PlayerEvents events_;
@@ -54,7 +55,8 @@ protected:
              [this](const PlayerFault& fault) {
                  toolTip.clear();
                  faults.push_back(fault);
-             }});
+             },
+             [this] { log.emplace_back("unheard"); }});
     }
     Log log;
     bool available = true;
@@ -120,6 +122,15 @@ TEST_F(PlayerTest, AFileThatBreaksIsNoLongerHeld) {
     EXPECT_EQ(toolTip, u"");
     ASSERT_EQ(faults.size(), 1U);
     EXPECT_EQ(faults[0].File, u"/m/a.mp3");
+}
+
+TEST_F(PlayerTest, AFileThatNobodyHearsIsPlayedAllTheSame) {
+    MediaPlayer player = Make();
+    player.Play(u"/m/a.mp3");
+    scripted->MissDevice();
+    EXPECT_EQ(log.back(), "unheard");
+    EXPECT_EQ(player.FileName(), u"/m/a.mp3");
+    EXPECT_EQ(toolTip, u"Now Playing: /m/a.mp3");
 }
 
 TEST_F(PlayerTest, OnlyThePlayedFileIsReleased) {

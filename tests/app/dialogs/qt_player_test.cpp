@@ -1,5 +1,5 @@
-// The real player. There is no sound card where tests run, so GStreamer's automatic sink falls back
-// to its null sink: everything but the last step to the loudspeaker is what users have.
+// The real player. GStreamer is kept from every sound device, so its automatic sink falls back to
+// its null sink: everything but the last step to the loudspeaker is what users have.
 #include "app/dialogs/qt_player.h"
 
 #include <QDir>
@@ -10,7 +10,9 @@
 
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
+#include "core/tags/save_tags.h"
 #include "tests/support/places.h"
+#include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
 using namespace mdlPLM;
@@ -47,6 +49,8 @@ private slots:
     void init();
     void cleanup() { player_.reset(); }
     void aFileIsPlayedToItsEnd();
+    void withoutASoundDeviceThatIsSaid();
+    void aFileThatWasSavedOverALongTagIsPlayed();
     void stoppingClosesTheFileAtOnce();
     void stoppingIsHarmlessAtAnyMoment();
     void releasingTheFileClosesItAtOnce();
@@ -60,22 +64,28 @@ private:
     std::unique_ptr<MediaPlayer> player_;
     QList<Text> started_;
     int ended_ = 0;
+    int unheard_ = 0;
     QStringList faults_;
 };
 
 void qt_player_test::initTestCase() {
     qputenv("GST_REGISTRY", QByteArray::fromStdString(NativePath(folder_ / u"registry")));
+    qputenv("GST_PLUGIN_FEATURE_RANK",
+            "pulsesink:NONE,pipewiresink:NONE,alsasink:NONE,jackaudiosink:NONE,openalsink:NONE,"
+            "oss4sink:NONE,osssink:NONE");
 }
 
 void qt_player_test::init() {
     started_.clear();
     faults_.clear();
     ended_ = 0;
+    unheard_ = 0;
     const QString programFolder = QFileInfo(QString::fromStdString(test::ProgramFile())).path();
     player_ = std::make_unique<MediaPlayer>(
         LoadedPlayers(PlayerFolders(programFolder)),
         PlayerEvents{[this](const Text& file) { started_ << file; }, [this] { ++ended_; },
-                     [this](const PlayerFault& fault) { faults_ << PlayerFaultText(fault); }});
+                     [this](const PlayerFault& fault) { faults_ << PlayerFaultText(fault); },
+                     [this] { ++unheard_; }});
 }
 
 void qt_player_test::aFileIsPlayedToItsEnd() {
@@ -86,6 +96,32 @@ void qt_player_test::aFileIsPlayedToItsEnd() {
     QTRY_COMPARE(ended_, 1);
     QVERIFY(player_->FileName().empty());
     QTRY_VERIFY(!IsHeldOpen(path));
+    QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join(u'\n')));
+}
+
+void qt_player_test::withoutASoundDeviceThatIsSaid() {
+    player_->Play(folder_.File(u"quiet.mp3", Silence(20)));
+    QTRY_COMPARE(unheard_, 1);
+    QCOMPARE(started_.size(), 1);
+    QTRY_COMPARE(ended_, 1);
+    QVERIFY(faults_.isEmpty());
+}
+
+void qt_player_test::aFileThatWasSavedOverALongTagIsPlayed() {
+    const Text path = folder_.File(
+        u"saved.mp3", test::WholeTag(test::TextFrame("TIT2", "A title"), 20000) + Silence(20));
+    ID3v2Tag tag;
+    tag.Title = "Another title";
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(SaveTags(path, {}, tag, {TagMode::Leave, TagMode::Write}).Outcome ==
+                SaveOutcome::Written);
+    player_->Play(path);
+    QTRY_COMPARE(ended_, 1);
+    QCOMPARE(started_.size(), 1);
+    QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join(u'\n')));
+    player_->Play(
+        folder_.File(u"padded.mp3", test::TagHeader(0) + Bytes(12128, '\0') + Silence(20)));
+    QTRY_COMPARE(ended_, 2);
     QVERIFY2(faults_.isEmpty(), qPrintable(faults_.join(u'\n')));
 }
 

@@ -42,6 +42,8 @@ private slots:
     void EmptyListPlaysNothing();
     void OpenButtonNamesTheFileUnderTheMouse();
     void FaultIsToldInTheStatusLine();
+    void FaultIsForgottenWhenAnotherFileIsPlayed();
+    void MissingSoundDeviceIsToldInTheStatusLine();
     void SavingTheFileThatIsPlayedLetsGoOfIt_data();
     void SavingTheFileThatIsPlayedLetsGoOfIt();
     void SavingAnotherFilePlaysOn();
@@ -170,6 +172,25 @@ void FrmPLMPlayerTest::FaultIsToldInTheStatusLine() {
     QCOMPARE(plm_->TextOf("lblStatus"),
              QStringLiteral("Nothing is played: there is no sound device."));
     QCOMPARE(PictureTip(), QString());
+}
+
+void FrmPLMPlayerTest::FaultIsForgottenWhenAnotherFileIsPlayed() {
+    const std::vector<Text> paths = DropFiles(2);
+    plm_->ClickLine("lstFiles", 0);
+    plm_->Click("cmdOpenMP3");
+    plm_->Players.Events.Failed({PlayerFault::Kind::CannotPlay, paths[0], u"broken"});
+    QVERIFY(plm_->TextOf("lblStatus").contains(QStringLiteral("broken")));
+    plm_->ClickLine("lstFiles", 1);
+    plm_->Click("cmdOpenMP3");
+    QCOMPARE(plm_->TextOf("lblStatus"), QString());
+}
+
+void FrmPLMPlayerTest::MissingSoundDeviceIsToldInTheStatusLine() {
+    const Text path = PlayOne();
+    plm_->Players.Events.Unheard();
+    QCOMPARE(plm_->TextOf("lblStatus"),
+             QStringLiteral("Nothing is heard: there is no sound device."));
+    QCOMPARE(PictureTip(), QStringLiteral("Now Playing: ") + ToQt(path));
 }
 
 void FrmPLMPlayerTest::SavingTheFileThatIsPlayedLetsGoOfIt_data() {

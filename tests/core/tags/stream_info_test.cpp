@@ -172,6 +172,24 @@ TEST_F(Stream, AFileOfARealEncoder) {
     EXPECT_EQ(lines.Length, u"Length: 0.5 s");
 }
 
+TEST_F(Stream, TheFirstFrameStandsBehindTagAndPadding) {
+    const auto firstFrame = [this](const Bytes& contents) {
+        const Text path = folder_.File(u"first.mp3", contents);
+        File file;
+        EXPECT_TRUE(file.Open(path, File::Mode::Read).Ok());
+        SilentErrors errors;
+        return FindFirstFrame(file, ReadFileTags(file, path, ID3v2Parts::NameFields, errors));
+    };
+    const Bytes tag = WholeTag(test::TextFrame("TIT2", "a"), 30);
+    const auto length = static_cast<std::int64_t>(tag.size());
+    EXPECT_EQ(firstFrame(tag + Frames(3)), length);
+    EXPECT_EQ(firstFrame(tag + Nuls(12000) + Frames(3)), length + 12000);
+    EXPECT_EQ(firstFrame(test::TagHeader(0) + Nuls(500) + Frames(3)), 510);
+    EXPECT_EQ(firstFrame(Frames(3)), 0);
+    EXPECT_EQ(firstFrame("OggS" + Noise(300) + Frames(3)), 0);
+    EXPECT_EQ(firstFrame(tag + Noise(300) + OtherHeader + Noise(300)), 0);
+}
+
 TEST_F(Stream, AFileOfBrokenTagsIsDescribedAllTheSame) {
     const StreamLines lines = Lines("ID3\3" + Nuls(2) + "\x7F\x7F\x7F\x7F" + Frames(4));
     EXPECT_EQ(lines.ID3v2, u"ID3v2: ");
