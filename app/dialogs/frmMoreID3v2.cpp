@@ -82,6 +82,7 @@ void frmMoreID3v2::lstID3v2Tags_Click() {
     if (identifier.empty()) return;
     ShowContent(GetFrameText(context_.Frames.OtherFrames(), identifier));
     ShowPicture(identifier);
+    NoteEmptyContent();
 }
 
 void frmMoreID3v2::ShowContent(Bytes content) {
@@ -91,6 +92,12 @@ void frmMoreID3v2::ShowContent(Bytes content) {
     Note(content_.IsCut() ? tr("The beginning of %L1 characters is shown.")
                                 .arg(static_cast<qulonglong>(content_.Length()))
                           : QString());
+}
+
+// A frame whose text ends in a NUL, as many programs write it, is empty for the reader.
+void frmMoreID3v2::NoteEmptyContent() {
+    if (content_.Length() == 0 && ui_->fraPicture->isHidden() && ui_->lblNote->text().isEmpty())
+        Note(tr("The frame has no text that can be shown."));
 }
 
 void frmMoreID3v2::ShowPicture(BytesView identifier) {
@@ -195,8 +202,8 @@ void frmMoreID3v2::SaveBytes(const Text& filter, BytesView bytes) {
     const FileDialogResult chosen = context_.Dialogs.SaveFile(this, request);
     if (chosen.Paths.empty()) return;
     const Status written = WriteWholeFile(chosen.Paths.front(), bytes);
-    if (!written.Ok())
-        context_.Ask.Critical({{}, ErrorMessage(written.Number()), chosen.Paths.front()});
+    if (written.Ok()) return Note(tr("Saved."));
+    context_.Ask.Critical({{}, ErrorMessage(written.Number()), chosen.Paths.front()});
 }
 
 }  // namespace mdlPLM

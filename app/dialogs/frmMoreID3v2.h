@@ -46,6 +46,7 @@ private:
     [[nodiscard]] Bytes SelectedIdentifier() const;
     [[nodiscard]] Text BoxText() const;
     void ShowContent(Bytes content);
+    void NoteEmptyContent();
     void ShowPicture(BytesView identifier);
     void HidePicture();
     void Note(const QString& text);

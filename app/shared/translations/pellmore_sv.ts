@@ -853,6 +853,14 @@ Utan skärm kan filer döpas om i satsläge:</translation>
         <translation>Början av %L1 tecken visas.</translation>
     </message>
     <message>
+        <source>The frame has no text that can be shown.</source>
+        <translation>Ramen har ingen text som kan visas.</translation>
+    </message>
+    <message>
+        <source>Saved.</source>
+        <translation>Sparat.</translation>
+    </message>
+    <message>
         <source>The picture cannot be shown.</source>
         <translation>Bilden kan inte visas.</translation>
     </message>

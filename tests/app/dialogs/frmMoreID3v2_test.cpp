@@ -65,6 +65,7 @@ private slots:
     void aFileWithoutOtherFramesStillOffersEveryIdentifier();
     void theFramesOfTheFileAreListed();
     void clickingAFrameShowsItsContent();
+    void aFrameWithoutATextToShowSaysSo();
     void addingPutsAFrameIntoTheTextAtOnce();
     void addingWithThreeLettersDoesNothing();
     void addingWithoutContentDoesNothing();
@@ -168,6 +169,17 @@ void frmMoreID3v2_test::clickingAFrameShowsItsContent() {
     QCOMPARE(The<QPlainTextEdit>("txtTagContent").toPlainText(), QStringLiteral("hår\nag"));
 }
 
+void frmMoreID3v2_test::aFrameWithoutATextToShowSaysSo() {
+    frames_.Held = BuildFrame("TLEN", "1234") + BuildFrame("TSRC", "SEABC9912345\0"s);
+    Open();
+    Select(1);
+    QCOMPARE(The<QPlainTextEdit>("txtTagContent").toPlainText(), QString());
+    QCOMPARE(The<QLabel>("lblNote").text(),
+             QStringLiteral("The frame has no text that can be shown."));
+    Select(0);
+    QCOMPARE(The<QLabel>("lblNote").text(), QString());
+}
+
 void frmMoreID3v2_test::addingPutsAFrameIntoTheTextAtOnce() {
     frames_.Held = BuildFrame("TLEN", "1234");
     Open();
@@ -248,6 +260,7 @@ void frmMoreID3v2_test::savingWritesTheFramesText() {
     The<QPlainTextEdit>("txtTagContent").setPlainText(QStringLiteral("not what is saved"));
     Press("cmdSaveToFile");
     QVERIFY(ReadFile(dialogs_.Answer) == "BM\x01\xFF");
+    QCOMPARE(The<QLabel>("lblNote").text(), QStringLiteral("Saved."));
     QCOMPARE(dialogs_.Requests.size(), 1U);
     QCOMPARE(ToQt(dialogs_.Requests[0].Filter),
              QStringLiteral("Text File (*.txt)|*.txt|Bitmap Picture (*.bmp)|*.bmp|Jpeg Picture "
