@@ -1,16 +1,25 @@
 // The name-from-text window, opened from the main window and working with its choices.
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
+#include <QTextBlock>
 
+#include "app/dialogs/frmEdit.h"
+#include "app/main/frmSorting.h"
 #include "app/namefromtext/frmNameFromFile.h"
 #include "core/platform/disk.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
 #include "tests/support/qt_main_window.h"
+#include "tests/support/qt_modal.h"
 #include "tests/support/real_mp3.h"
+#include "tests/support/tools.h"
 
 using namespace mdlPLM;
 
@@ -29,6 +38,7 @@ private slots:
     void ItIsOpenedOnceAtATime();
     void ClosingTheMainWindowClosesIt();
     void ScannedNamesRenameTheFilesOfADroppedFolder();
+    void AnAlbumFromItsTextToTaggedFiles();
 
 private:
     [[nodiscard]] frmNameFromFile* Tool() const {
@@ -46,6 +56,31 @@ private:
         QApplication::sendEvent(&target, &enter);
         QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(&target, &drop);
+    }
+
+    template <class Control>
+    Control* Of(const char* name) const {
+        auto* control = Tool()->findChild<Control*>(QLatin1String(name));
+        if (control == nullptr) throw std::runtime_error(std::string("no control ") + name);
+        return control;
+    }
+    void Press(const char* button) const {
+        QTest::mouseClick(Of<QPushButton>(button), Qt::LeftButton);
+    }
+    [[nodiscard]] QStringList Names() const {
+        QStringList names;
+        const auto* model = Of<QListView>("lstNewFileNames")->model();
+        for (int i = 0; i < model->rowCount(); ++i) names << model->index(i, 0).data().toString();
+        return names;
+    }
+    void OpenAlbum();
+    void SelectTrackLines(int first, int last) const;
+    void EditSecondName() const;
+    void TickEverything() const;
+    /// What another program finds in the tags of a file of the album.
+    [[nodiscard]] QString TagsOf(TextView name) const {
+        const Text path = plm_->Folder / (u"album/" + Text(name));
+        return QString::fromStdString(test::OutputOf({"id3v2", "-l", ToUtf8(path)}));
     }
 
     std::unique_ptr<MainWindow> plm_;
@@ -113,6 +148,106 @@ void FrmPLMNameFromTextTest::ScannedNamesRenameTheFilesOfADroppedFolder() {
     QVERIFY(FileExists(JoinPath(folder, u"01 Low Tide.mp3")));
     QVERIFY(FileExists(JoinPath(folder, u"02 Harbour Lights.mp3")));
     QVERIFY(!FileExists(JoinPath(folder, u"a.mp3")));
+}
+
+void FrmPLMNameFromTextTest::OpenAlbum() {
+    const Text text = plm_->Folder.File(
+        u"album.nfo.txt",
+        "Artist: The Paper Kites\r\nAlbum: Weather Permitting\r\nYear: 1997\r\n"
+        "Release date: 1997-08-04\r\n\r\n1. first_gust\r\n2. KITE STRING\r\n3. harbour\r\n");
+    FileDialogResult files;
+    for (const TextView name : {u"b.mp3", u"a.mp3", u"c.mp3", u"d.mp3"})
+        files.Paths.push_back(plm_->Folder.File(u"album/" + Text(name), EncodedMp3()));
+    plm_->Dialogs.Results = {{{text}, 1}, files};
+    Press("cmdOpenSource");
+    Press("cmdAddFiles");
+}
+
+void FrmPLMNameFromTextTest::SelectTrackLines(int first, int last) const {
+    auto* box = Of<QPlainTextEdit>("txtSourceText");
+    QTextCursor cursor(box->document()->findBlockByNumber(first));
+    const QTextBlock end = box->document()->findBlockByNumber(last);
+    cursor.setPosition(end.position() + end.length() - 1, QTextCursor::KeepAnchor);
+    box->setTextCursor(cursor);
+}
+
+void FrmPLMNameFromTextTest::EditSecondName() const {
+    OnNextModal<frmEdit>([](frmEdit& dialog) {
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtReplace"))->setText("Kite S");
+        dialog.findChild<QLineEdit*>(QStringLiteral("txtWith"))->setText("Kites' S");
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdReplace"))->click();
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    });
+    auto* list = Of<QListView>("lstNewFileNames");
+    const QPoint second = list->visualRect(list->model()->index(1, 0)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, second);
+}
+
+void FrmPLMNameFromTextTest::TickEverything() const {
+    for (const char* box : {"chkArtist4All", "chkAlbum4All", "chkYear4All", "chkGenre4All",
+                            "chkRelease4All", "chkSaveID3v1", "chkSaveID3v2"})
+        Of<QCheckBox>(box)->click();
+    Of<QComboBox>("cmbGenre")->setCurrentText(QStringLiteral("Folk"));
+}
+
+void FrmPLMNameFromTextTest::AnAlbumFromItsTextToTaggedFiles() {
+    plm_->Get<QComboBox>("cmbInPattern").setEditText(QStringLiteral("%track. %title.mp3"));
+    plm_->Get<QComboBox>("cmbOutPattern")
+        .setEditText(QStringLiteral("%track - %artist - %title.mp3"));
+    plm_->Click("cmdNameFromFile");
+    OpenAlbum();
+    QCOMPARE(Of<QLineEdit>("txtReleaseDate")->text(), QStringLiteral("1997-08-04"));
+    QCOMPARE(Of<QLabel>("lblNrOldFiles")->text(), QStringLiteral("4 files"));
+    Of<QListView>("lstOldFileNames")
+        ->setCurrentIndex(Of<QListView>("lstOldFileNames")->model()->index(0, 0));
+    Press("cmdMoveDn");
+    SelectTrackLines(5, 7);
+    Press("cmdScan");
+    QTRY_COMPARE(Names().size(), 3);
+    EditSecondName();
+    QTRY_COMPARE(Names(), QStringList({"01 - The Paper Kites - First Gust.mp3",
+                                       "02 - The Paper Kites - Kites' String.mp3",
+                                       "03 - The Paper Kites - Harbour.mp3"}));
+    TickEverything();
+
+    const Text taken = plm_->Folder.File(u"album/03 - The Paper Kites - Harbour.mp3", "taken");
+    plm_->Ask.Answers = {Answer::Yes, Answer::Yes};
+    frmSorting* progress = nullptr;
+    QString shown;
+    plm_->Ask.OnAsked = [&](const Asked& asked) {
+        if (asked.Kind != PromptKind::YesNoCancel) return;
+        progress = Tool()->findChild<frmSorting*>();
+        shown = progress->findChild<QLabel*>(QStringLiteral("lblMethod"))->text() + u'|' +
+                progress->findChild<QLabel*>(QStringLiteral("lblSource"))->text() + u'|' +
+                progress->findChild<QProgressBar*>(QStringLiteral("prgFiles"))->text();
+    };
+    Press("cmdRenameFiles");
+    QVERIFY(Tool()->findChild<frmSorting*>()->isVisible());
+    QTRY_VERIFY(Of<QPushButton>("cmdRenameFiles")->isEnabled());
+    QCOMPARE(plm_->Ask.Bodies(),
+             (std::vector<Text>{
+                 u"There are fewer new filnames then old.\r\nDo you want to continue any way?",
+                 u"The file \"" + taken + u"\" already exists!\r\nDo you want to replace it?"}));
+    QCOMPARE(shown, QStringLiteral("Renaming file:|c.mp3|3 of 3 files"));
+    QVERIFY(Tool()->findChild<frmSorting*>() == nullptr);
+
+    QCOMPARE(Of<QLabel>("lblWork")->text(), QStringLiteral("3 renamed"));
+    QCOMPARE(Of<QLabel>("lblNrOldFiles")->text(), QStringLiteral("0 files"));
+    QCOMPARE(Of<QPlainTextEdit>("txtSourceText")->toPlainText(), QString());
+    QVERIFY(Of<QCheckBox>("chkGenre4All")->isChecked());
+    QVERIFY(!Of<QCheckBox>("chkSaveID3v1")->isChecked());
+    QVERIFY(FileExists(plm_->Folder / u"album/d.mp3"));
+    QVERIFY(!FileExists(plm_->Folder / u"album/c.mp3"));
+    const QString tags = TagsOf(u"02 - The Paper Kites - Kites' String.mp3");
+    for (const char* line :
+         {"Title  : Kites' String", "Year: 1997, Genre: Folk (80)", "Track: 2",
+          "TIT2 (Title/songname/content description): Kites' String",
+          "TPE1 (Lead performer(s)/Soloist(s)): The Paper Kites",
+          "TALB (Album/Movie/Show title): Weather Permitting", "TCON (Content type): Folk (80)",
+          "TRCK (Track number/Position in set): 2", "1997-08-04"})
+        QVERIFY2(tags.contains(QLatin1String(line)), qPrintable(tags));
+    QVERIFY(TagsOf(u"03 - The Paper Kites - Harbour.mp3").contains("Harbour"));
 }
 
 QTEST_MAIN(FrmPLMNameFromTextTest)
