@@ -8,6 +8,7 @@
 #include "app/dialogs/releasing_disk.h"
 #include "app/main/frmPLM.h"
 #include "app/main/start_up.h"
+#include "app/shared/hint_colour.h"
 #include "app/shared/icons.h"
 #include "app/shared/message_boxes.h"
 #include "app/shared/qt_file_dialogs.h"
@@ -38,6 +39,7 @@ public:
         application_ = std::make_unique<QApplication>(count_, arguments_);
         qInstallMessageHandler(before);
         InstallTranslation(*application_, QLocale::system());
+        MakeHintsLegible(*application_);
         QApplication::setWindowIcon(Icon(IconName::Program));
         application_->installEventFilter(&toolTips_);
     }

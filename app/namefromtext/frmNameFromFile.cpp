@@ -91,7 +91,7 @@ void frmNameFromFile::SetUpBoxes() {
     ui_->cmdScan->setIcon(Icon(IconName::NameFromText));
     ui_->scrColumn->setMinimumWidth(ui_->fraColumn->minimumSizeHint().width() +
                                     ui_->scrColumn->verticalScrollBar()->sizeHint().width());
-    ui_->splTop->setSizes({560, 430});
+    ui_->splTop->setSizes({550, 460});
     SetStretch(*ui_->splTop, 3, 2);
     SetStretch(*ui_->splLists, 3, 2);
 }
