@@ -38,16 +38,16 @@ struct Orders {
     HiddenFrames Hidden = HiddenFrames::Keep;
 };
 
+ID3v2Tag V2Of(const FileTags& tags, const Orders& orders) {
+    return EditedV2(tags.V2, HoldFrames(tags.V2Text, HandOn::NotWhole), orders.Changes,
+                    orders.Hidden);
+}
+
 TagChange ChangeOf(const FileTags& tags, const Orders& orders) {
-    TagChange change;
-    change.Modes = orders.Modes;
-    if (orders.Modes.V1 == TagMode::Write)
-        change.V1 =
-            EditedV1(tags.V1, orders.Changes, {orders.Optimized, UnchangedFields::KeepBytes});
-    if (orders.Modes.V2 == TagMode::Write)
-        change.V2 = EditedV2(tags.V2, HoldFrames(tags.V2Text, HandOn::NotWhole), orders.Changes,
-                             orders.Hidden);
-    return change;
+    const V1Style style{orders.Optimized, UnchangedFields::KeepBytes};
+    return {
+        orders.Modes.V1 == TagMode::Write ? EditedV1(tags.V1, orders.Changes, style) : ID3v1Tag(),
+        orders.Modes.V2 == TagMode::Write ? V2Of(tags, orders) : ID3v2Tag(), orders.Modes};
 }
 
 struct Fixer {

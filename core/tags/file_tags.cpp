@@ -68,11 +68,14 @@ Status ReadTag(const File& file, BytesView head, ID3v2Parts parts, FileTags& tag
     }
     tags.V2 = ParseID3v2(head, text, parts);
     tags.V2Length = span.Length;
-    if (parts == ID3v2Parts::FieldsAndText) tags.V2Text.assign(text);
+    if (parts == ID3v2Parts::FieldsAndText) {
+        tags.V2Header.assign(head.substr(0, ID3v2HeaderSize));
+        tags.V2Text.assign(text);
+    }
     return {};
 }
 
-Status ReadRecord(const File& file, BytesView head, FileTags& tags) {
+Status ReadRecord(const File& file, BytesView head, ID3v2Parts parts, FileTags& tags) {
     const std::int64_t start = file.Size() - TrailerSize;
     Bytes read;
     BytesView trailer;
@@ -85,6 +88,7 @@ Status ReadRecord(const File& file, BytesView head, FileTags& tags) {
     }
     ParseID3v1(trailer, tags.V1);
     tags.V1HasTrackByte = tags.V1.Present() && HasTrackByte(trailer);
+    if (tags.V1.Present() && parts == ID3v2Parts::FieldsAndText) tags.V1Bytes.assign(trailer);
     return {};
 }
 
@@ -106,7 +110,7 @@ void Read(const Reading& reading, FileTags& tags) {
     tags.FileSize = file.Size();
     Head head;
     const Status first = head.Read(file);
-    const Status v1 = ReadRecord(file, head.View(), tags);
+    const Status v1 = ReadRecord(file, head.View(), reading.Parts, tags);
     if (!v1.Ok()) {
         NoteV1Failure(tags);
         reading.Errors.Report(v1.Number(), reading.Path);

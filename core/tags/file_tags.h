@@ -17,7 +17,10 @@ struct FileTags {
     bool V1HasTrackByte = false;  ///< the trailer is of the ID3v1.1 form
     std::int64_t FileSize = 0;    ///< bytes
     std::int64_t V2Length = 0;    ///< header included; 0 without a tag
-    Bytes V2Text;                 ///< the tag text, with ID3v2Parts::FieldsAndText
+    /// With ID3v2Parts::FieldsAndText, as the file holds them:
+    Bytes V1Bytes;   ///< the trailer; empty without one
+    Bytes V2Header;  ///< the ten bytes before the tag text; empty without a tag
+    Bytes V2Text;    ///< the tag text
 };
 
 /// ReadID3v1 and ReadID3v2 together.

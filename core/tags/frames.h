@@ -30,4 +30,9 @@ inline constexpr std::array<KnownFrame, 12> KnownFrames = {{
 
 inline constexpr std::size_t FrameHeaderSize = 10;
 
+/// Where each known identifier stands first in a tag text, even inside another frame's content;
+/// npos: nowhere. In the order of KnownFrames.
+using FramePlaces = std::array<std::size_t, KnownFrames.size()>;
+FramePlaces PlacesOfFrames(BytesView tagText);
+
 }  // namespace mdlPLM

@@ -54,7 +54,7 @@ BytesView IdentifierOf(BytesView tagText, const WalkedFrame& frame) {
 struct ReadFrame {
     BytesView Identifier;
     BytesView Frame;
-    Bytes Text;
+    BytesView Text;
 };
 
 // True when the reader's text is all that the frame says beside language, description and the flags
@@ -76,29 +76,32 @@ FrameKind KindOfGenre(const ReadFrame& read) {
     return name == GenreNameOfNumber(-1) ? FrameKind::Unshown : FrameKind::Reference;
 }
 
-FrameKind KindOf(const ReadFrame& read) {
+// `built` is room for a frame; a walk goes over many of them.
+FrameKind KindOf(const ReadFrame& read, Bytes& built) {
     if (read.Identifier == "TCON") return KindOfGenre(read);
-    if (BuildFrame(read.Identifier, read.Text) == read.Frame) return FrameKind::Whole;
+    built.clear();
+    AppendFrame(built, read.Identifier, read.Text);
+    if (built == read.Frame) return FrameKind::Whole;
     return IsTextRight(read) ? FrameKind::InPart : FrameKind::Unshown;
 }
 
 // A tag text with its frames and the places where the reader finds the known ones.
 class Walk {
 public:
-    explicit Walk(BytesView tagText) : text_(tagText), frames_(WalkFrames(tagText)) {
-        std::transform(KnownFrames.begin(), KnownFrames.end(), starts_.begin(),
-                       [&](const KnownFrame& known) { return text_.find(known.Identifier); });
-    }
+    explicit Walk(BytesView tagText)
+        : text_(tagText), frames_(WalkFrames(tagText)), starts_(PlacesOfFrames(tagText)) {}
 
     [[nodiscard]] FrameKinds Kinds() const {
         FrameKinds kinds{};
-        for (std::size_t i = 0; i < kinds.size(); ++i) kinds[i] = KindOfKnown(i);
+        Bytes built;
+        for (std::size_t i = 0; i < kinds.size(); ++i) kinds[i] = KindOfKnown(i, built);
         return kinds;
     }
 
     [[nodiscard]] Bytes Others(const FrameKinds& kinds, HandOn which) const {
         Bytes known;
         Bytes all;
+        all.reserve(text_.size());
         for (const WalkedFrame& frame : frames_) {
             const std::size_t place = KnownPlaceOf(frame);
             const BytesView bytes = text_.substr(frame.Start, frame.Length);
@@ -113,7 +116,7 @@ public:
     }
 
 private:
-    [[nodiscard]] FrameKind KindOfKnown(std::size_t place) const {
+    [[nodiscard]] FrameKind KindOfKnown(std::size_t place, Bytes& built) const {
         const std::size_t start = starts_[place];
         if (start == BytesView::npos) return FrameKind::Absent;
         const auto frame = std::find_if(frames_.begin(), frames_.end(),
@@ -121,7 +124,7 @@ private:
         if (frame == frames_.end() || !frame->SevenBitSize) return FrameKind::Unshown;
         const BytesView bytes = text_.substr(start, frame->Length);
         const BytesView identifier = KnownFrames[place].Identifier;
-        return KindOf({identifier, bytes, GetFrameText(bytes, identifier)});
+        return KindOf({identifier, bytes, FrameTextAt(bytes, 0, identifier)}, built);
     }
 
     [[nodiscard]] std::size_t KnownPlaceOf(const WalkedFrame& frame) const {
@@ -135,7 +138,7 @@ private:
 
     BytesView text_;
     std::vector<WalkedFrame> frames_;
-    std::array<std::size_t, KnownFrames.size()> starts_{};
+    FramePlaces starts_;
 };
 
 }  // namespace

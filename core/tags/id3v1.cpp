@@ -30,10 +30,10 @@ constexpr int YearWidth = 4;
 constexpr std::size_t OptimizedRoom = 59;  // two fields less the NUL between text and continuation
 constexpr BytesView Nul{"\0", 1};
 
-Bytes TrimBlanks(BytesView bytes) {
+BytesView TrimBlanks(BytesView bytes) {
     const std::size_t first = bytes.find_first_not_of(' ');
     if (first == BytesView::npos) return {};
-    return Bytes(bytes.substr(first, bytes.find_last_not_of(' ') - first + 1));
+    return bytes.substr(first, bytes.find_last_not_of(' ') - first + 1);
 }
 
 BytesView UpToNul(BytesView field) { return field.substr(0, field.find('\0')); }
@@ -49,9 +49,19 @@ BytesView Continuation(BytesView field) {
     return UpToNul(field.substr(end + 1));
 }
 
+Text Shown(BytesView field, BytesView continuation = {}) {
+    if (continuation.empty()) return FromCodePage(TrimBlanks(UpToNul(field)));
+    return FromCodePage(TrimBlanks(Bytes(UpToNul(field)).append(continuation)));
+}
+
 Bytes Joined(BytesView text, BytesView continuation) {
     Bytes field(text);
     return field.append(Nul).append(continuation);
+}
+
+void PutField(Bytes& field, BytesView text, std::size_t width) {
+    field.assign(text.substr(0, width));
+    field.resize(width, '\0');
 }
 
 int CharactersLeft(std::size_t used) {
@@ -67,7 +77,7 @@ Bytes PadString(BytesView text, int length, BytesView pad) {
     return result;
 }
 
-Bytes FieldText(BytesView field) { return TrimBlanks(UpToNul(field)); }
+Bytes FieldText(BytesView field) { return Bytes(TrimBlanks(UpToNul(field))); }
 
 bool HasTrackByte(BytesView trailer) {
     return trailer.size() == ID3v1Size && trailer[ZeroByteOffset] == '\0';
@@ -94,8 +104,8 @@ void ParseID3v1(BytesView trailer, ID3v1Tag& tag) {
 Bytes RenderID3v1(const ID3v1Tag& tag) {
     Bytes trailer(ID3v1Size, '\0');
     for (const FieldPlace& place : Layout) {
-        const Bytes field = PadString(tag.*place.Field, static_cast<int>(place.Width), Nul);
-        trailer.replace(place.Offset, place.Width, field);
+        const BytesView field = BytesView(tag.*place.Field).substr(0, place.Width);
+        trailer.replace(place.Offset, field.size(), field);
     }
     trailer.replace(0, 3, "TAG");
     if (tag.Track != '\0') {
@@ -107,30 +117,25 @@ Bytes RenderID3v1(const ID3v1Tag& tag) {
 }
 
 void LayOutID3v1(ID3v1Tag& tag, const ID3v1Texts& texts, bool optimized) {
-    const Bytes title = ToCodePage(Trim(texts.Title));
-    const Bytes artist = ToCodePage(Trim(texts.Artist));
+    const Bytes title = ToCodePage(Trimmed(texts.Title));
+    const Bytes artist = ToCodePage(Trimmed(texts.Artist));
     // Only the optimized layout trims album and comment; kept on purpose.
-    const Bytes album = optimized ? Joined(ToCodePage(Trim(texts.Album)), Beyond(artist, 30))
+    const Bytes album = optimized ? Joined(ToCodePage(Trimmed(texts.Album)), Beyond(artist, 30))
                                   : ToCodePage(texts.Album);
-    const Bytes comment = optimized ? Joined(ToCodePage(Trim(texts.Comment)), Beyond(title, 30))
+    const Bytes comment = optimized ? Joined(ToCodePage(Trimmed(texts.Comment)), Beyond(title, 30))
                                     : ToCodePage(texts.Comment);
-    tag.Title = PadString(title, FieldWidth, Nul);
-    tag.Artist = PadString(artist, FieldWidth, Nul);
-    tag.Album = PadString(album, FieldWidth, Nul);
-    tag.Comment = PadString(comment, FieldWidth, Nul);
-    tag.Year = PadString(ToCodePage(texts.Year), YearWidth, Nul);
+    PutField(tag.Title, title, FieldWidth);
+    PutField(tag.Artist, artist, FieldWidth);
+    PutField(tag.Album, album, FieldWidth);
+    PutField(tag.Comment, comment, FieldWidth);
+    PutField(tag.Year, ToCodePage(texts.Year), YearWidth);
 }
 
 ID3v1Texts ShowID3v1(const ID3v1Tag& tag, bool optimized) {
-    Bytes title(UpToNul(tag.Title));
-    Bytes artist(UpToNul(tag.Artist));
-    if (optimized) {
-        title.append(Continuation(tag.Comment));
-        artist.append(Continuation(tag.Album));
-    }
-    return {Trim(FromCodePage(title)), Trim(FromCodePage(artist)),
-            FromCodePage(FieldText(tag.Album)), FromCodePage(FieldText(tag.Year)),
-            FromCodePage(FieldText(tag.Comment))};
+    const BytesView restOfTitle = optimized ? Continuation(tag.Comment) : BytesView();
+    const BytesView restOfArtist = optimized ? Continuation(tag.Album) : BytesView();
+    return {Shown(tag.Title, restOfTitle), Shown(tag.Artist, restOfArtist), Shown(tag.Album),
+            Shown(tag.Year), Shown(tag.Comment)};
 }
 
 int OptimizedArtistLimit(std::size_t albumLength) { return CharactersLeft(albumLength); }

@@ -25,12 +25,15 @@ BytesView From(BytesView bytes, std::size_t start) {
     return bytes.substr(std::min(start, bytes.size()));
 }
 
+FramePlace FrameAt(BytesView tagText, std::size_t start) {
+    if (start == BytesView::npos) return {};
+    return {start, DecodeSize(From(tagText, start + SizeOffset))};
+}
+
 // Anywhere in the tag text, even inside another frame's content: the first match counts, on
 // purpose.
 FramePlace FindFrame(BytesView tagText, BytesView identifier) {
-    const std::size_t start = tagText.find(identifier);
-    if (start == BytesView::npos) return {};
-    return {start, DecodeSize(From(tagText, start + SizeOffset))};
+    return FrameAt(tagText, tagText.find(identifier));
 }
 
 BytesView BehindLastNul(BytesView text) {
@@ -76,13 +79,16 @@ std::int64_t DecodeSize(BytesView fourBytes) {
 }
 
 Bytes GetFrameText(BytesView tagText, BytesView identifier) {
-    const FramePlace frame = FindFrame(tagText, identifier);
-    if (frame.Start == BytesView::npos) return {};
+    return Bytes(FrameTextAt(tagText, tagText.find(identifier), identifier));
+}
+
+BytesView FrameTextAt(BytesView tagText, std::size_t start, BytesView identifier) {
+    const FramePlace frame = FrameAt(tagText, start);
     const std::size_t skipped = identifier == CommentIdentifier ? CommentStart : 0;
     const std::int64_t length = frame.Size - 1 - static_cast<std::int64_t>(skipped);
     if (length < 1) return {};
-    const BytesView content = From(tagText, frame.Start + TextOffset + skipped);
-    return Bytes(BehindLastNul(content.substr(0, static_cast<std::size_t>(length))));
+    const BytesView content = From(tagText, start + TextOffset + skipped);
+    return BehindLastNul(content.substr(0, static_cast<std::size_t>(length)));
 }
 
 Bytes RemoveFrame(BytesView tagText, BytesView identifier) {
@@ -109,9 +115,12 @@ ID3v2Tag ParseID3v2(BytesView header, BytesView tagText, ID3v2Parts parts) {
     if (header.substr(0, 3) != "ID3") return tag;
     tag.ID = "ID3";
     tag.Version = VersionText(header);
-    for (const KnownFrame& frame : KnownFrames)
+    const FramePlaces places = PlacesOfFrames(tagText);
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const KnownFrame& frame = KnownFrames[i];
         if (frame.InNames || parts != ID3v2Parts::NameFields)
-            tag.*frame.Field = GetFrameText(tagText, frame.Identifier);
+            tag.*frame.Field = FrameTextAt(tagText, places[i], frame.Identifier);
+    }
     tag.Genre = ResolveGenre(tag.Genre);
     if (parts == ID3v2Parts::Everything) tag.OtherFrames = OtherFramesOf(tagText);
     return tag;

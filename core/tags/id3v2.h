@@ -40,6 +40,10 @@ std::int64_t DecodeSize(BytesView fourBytes);
 /// identifier stands ("COMM": behind language and empty description); what follows the last NUL.
 Bytes GetFrameText(BytesView tagText, BytesView identifier);
 
+/// The same without a copy, for a tag text in which the identifier stands first at `start`; npos:
+/// nowhere.
+BytesView FrameTextAt(BytesView tagText, std::size_t start, BytesView identifier);
+
 /// The tag text without the first place where the identifier stands, header and content; unchanged
 /// when there is none or its size is 0.
 Bytes RemoveFrame(BytesView tagText, BytesView identifier);

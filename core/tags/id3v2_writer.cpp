@@ -9,6 +9,8 @@ namespace {
 constexpr char DiscardWhenAltered = '\x40';  // ID3v2.3.0, section 3.3.1, "file alter preservation"
 constexpr BytesView Latin1{"\0", 1};
 
+constexpr std::size_t UsualFrames = 512;  // bytes that the frames of most tags are below
+
 // What a frame holds beside its text.
 struct FrameForm {
     BytesView Identifier;
@@ -36,6 +38,8 @@ void AppendSize(Bytes& bytes, std::int64_t size) {
     bytes.push_back(static_cast<char>(size & 127));
 }
 
+}  // namespace
+
 void AppendFrame(Bytes& bytes, BytesView identifier, BytesView text) {
     if (text.empty()) return;
     const FrameForm form = FormOf(identifier);
@@ -45,8 +49,6 @@ void AppendFrame(Bytes& bytes, BytesView identifier, BytesView text) {
     bytes.push_back('\0');
     bytes.append(Latin1).append(form.Prefix).append(text);
 }
-
-}  // namespace
 
 Bytes BuildFrame(BytesView identifier, BytesView text) {
     Bytes frame;
@@ -65,6 +67,7 @@ Bytes BuildFrames(const ID3v2Tag& tag) {
     std::array<const KnownFrame*, KnownFrames.size()> inOrder{};
     for (const KnownFrame& frame : KnownFrames) inOrder[frame.WriteRank] = &frame;
     Bytes frames;
+    frames.reserve(UsualFrames + tag.OtherFrames.size());
     for (const KnownFrame* frame : inOrder)
         AppendFrame(frames, frame->Identifier, tag.*frame->Field);
     return frames.append(tag.OtherFrames);

@@ -11,6 +11,9 @@ namespace mdlPLM {
 /// marked to be dropped when the audio is altered.
 Bytes BuildFrame(BytesView identifier, BytesView text);
 
+/// The same behind other bytes.
+void AppendFrame(Bytes& bytes, BytesView identifier, BytesView text);
+
 /// The ten bytes of a tag header that declares `size`, which is below 2^29.
 Bytes BuildTagHeader(std::int64_t size);
 

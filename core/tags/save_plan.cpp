@@ -92,7 +92,8 @@ private:
 
     void PutHead(std::int64_t padding) {
         const std::int64_t declared = DeclaredSize(old_, LengthOf(frames_));
-        plan_.Head = BuildTagHeader(declared).append(frames_);
+        plan_.Head.reserve(ID3v2HeaderSize + frames_.size() + static_cast<std::size_t>(padding));
+        plan_.Head.append(BuildTagHeader(declared)).append(frames_);
         plan_.Head.append(static_cast<std::size_t>(padding), '\0');
     }
 

@@ -25,12 +25,21 @@ Status LookAt(const File& file, OldFile& old) {
     return {};
 }
 
-Status ChangeInPlace(File& file, const SavePlan& plan) {
-    // The trailer first: only what lies behind the old end can find the disk full.
+// The trailer first: only what lies behind the old end can find the disk full.
+std::vector<Patch> PatchesOf(const SavePlan& plan) {
     std::vector<Patch> patches;
     if (!plan.Trailer.empty()) patches.push_back({plan.TrailerPlace, plan.Trailer});
     if (!plan.Head.empty()) patches.push_back({0, plan.Head});
-    return ApplyPatches(file, patches);
+    return patches;
+}
+
+// What stands where these patches go.
+std::vector<Bytes> BytesBefore(const SavePlan& plan, const FileTags& tags) {
+    std::vector<Bytes> old;
+    if (!plan.Trailer.empty()) old.push_back(tags.V1Bytes);
+    if (!plan.Head.empty())
+        old.push_back(tags.V2Header + tags.V2Text.substr(0, plan.Head.size() - ID3v2HeaderSize));
+    return old;
 }
 
 // The whole new file. A file that has become shorter than the plan knows it is an error.
@@ -68,10 +77,12 @@ Status WriteAnew(TextView path, File& file, const SavePlan& plan) {
                                      : DeleteAndWrite(path, file, contents);
 }
 
-Status Perform(TextView path, File& file, const SavePlan& plan) {
+// `known` is what was read from this file; null: it has to be looked at.
+Status Perform(TextView path, File& file, const SavePlan& plan, const FileTags* known) {
     switch (plan.Way) {
         case SaveWay::InPlace:
-            return ChangeInPlace(file, plan);
+            if (known == nullptr) return ApplyPatches(file, PatchesOf(plan));
+            return ApplyPatches(file, PatchesOf(plan), [&] { return BytesBefore(plan, *known); });
         case SaveWay::Shorten:
             return file.SetSize(plan.NewSize);
         case SaveWay::Rewrite:
@@ -114,7 +125,7 @@ SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveM
     SavePlan plan;
     Status status = Prepare({path, v1, v2, modes}, file, plan);
     if (status.Ok() && plan.Way == SaveWay::NoWork) return {};
-    if (status.Ok()) status = Perform(path, file, plan);
+    if (status.Ok()) status = Perform(path, file, plan, nullptr);
     if (status.Ok()) status = file.Close();
     return ResultOf(status);
 }
@@ -124,7 +135,7 @@ SaveResult SaveTags(const OpenTags& opened, const TagChange& change) {
     const OldFile old{tags.FileSize, tags.V1.Present(), tags.V2.Present(), tags.V2Length};
     const SavePlan plan = PlanSave(old, change.V1, change.V2, change.Modes);
     if (plan.Way == SaveWay::NoWork) return {};
-    Status status = Perform(opened.Path, opened.Source, plan);
+    Status status = Perform(opened.Path, opened.Source, plan, &tags);
     if (status.Ok()) status = opened.Source.Close();
     return ResultOf(status);
 }

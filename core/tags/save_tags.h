@@ -31,7 +31,8 @@ struct TagChange {
     SaveModes Modes;
 };
 
-/// A file that is open for reading and writing, and the tags that have just been read from it.
+/// A file that is open for reading and writing, and the tags that have just been read from it, with
+/// ID3v2Parts::FieldsAndText.
 struct OpenTags {
     TextView Path;
     File& Source;

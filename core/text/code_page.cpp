@@ -115,12 +115,13 @@ Text FromCodePage(BytesView bytes) {
 }
 
 Bytes ToCodePage(TextView text) {
-    Bytes bytes;
-    bytes.reserve(text.size());
+    Bytes bytes(text.size(), ' ');
+    std::size_t length = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) ++i;
-        bytes.push_back(ToCodePageByte(text[i]));
+        bytes[length++] = ToCodePageByte(text[i]);
     }
+    bytes.resize(length);
     return bytes;
 }
 

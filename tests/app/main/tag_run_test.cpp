@@ -6,6 +6,7 @@
 #include "core/platform/path.h"
 #include "core/tags/id3v2_writer.h"
 #include "tests/support/child_process.h"
+#include "tests/support/file_limit.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
@@ -127,6 +128,40 @@ TEST_F(Run, AGrowingTagIsWrittenToTheOpenFile) {
     EXPECT_EQ(ReadFile(path),
               BuildTagHeader(40) + BuildFrame("TIT2", "New title") + test::Nuls(20) + audio);
     EXPECT_EQ(ListTree(folder_.Path()), std::vector<Bytes>{"a.mp3"});
+}
+
+TEST_F(Run, AFailureInPlacePutsBackWhatTheFileHeld) {
+    const Bytes tag = test::WholeTag(test::TextFrame("TIT2", "Old title"), 300);
+    const Bytes whole = tag + Noise(2000) + test::Trailer("Old title", 3);
+    // Declares ten bytes more than the file holds.
+    const Bytes alone = BuildTagHeader(tag.size()) + tag.substr(10);
+    struct Case {
+        Bytes Before;
+        SaveModes Modes;
+        std::size_t Limit;  // bytes that the disk takes
+    };
+    const Case cases[] = {
+        {whole, {TagMode::Write, TagMode::Leave}, whole.size() - 68},
+        {whole, {TagMode::Write, TagMode::Write}, whole.size() - 68},
+        {whole, {TagMode::Leave, TagMode::Write}, 15},
+        {whole, {TagMode::Leave, TagMode::Write}, 100},
+        {tag + Noise(2000), {TagMode::Write, TagMode::Write}, tag.size() + 2060},
+        {alone, {TagMode::Leave, TagMode::Write}, alone.size() + 4},
+    };
+    for (const Case& c : cases) {
+        const Text path = Make(u"a.mp3", c.Before);
+        TagRun run({path}, [&](TextView, const FileTags& tags) {
+            TagChange change{tags.V1, tags.V2, c.Modes};
+            change.V1.Title = change.V2.Title = "New title, a longer one";
+            return change;
+        });
+        {
+            const test::FileLimit full(c.Limit);
+            run.Step();
+        }
+        EXPECT_EQ(run.Report().Failures.size(), 1U) << c.Limit;
+        EXPECT_TRUE(ReadFile(path) == c.Before) << c.Limit;
+    }
 }
 
 TEST_F(Run, TheEditSeesWhatTheFileHolds) {
