@@ -6,6 +6,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <memory>
 #include <stdexcept>
 
 #include "bench/measure.h"
@@ -19,7 +20,12 @@ constexpr std::size_t TrailerSize = 128;
 constexpr unsigned NoReplace = 1;  // RENAME_NOREPLACE of linux/fs.h
 
 void Check(bool ok, const Bytes& path) {
-    if (!ok) throw std::runtime_error("cannot read or copy " + path);
+    if (!ok) throw std::runtime_error("cannot read or write " + path);
+}
+
+void WriteBare(int file, BytesView bytes, std::int64_t offset, const Bytes& path) {
+    Check(::pwrite(file, bytes.data(), bytes.size(), offset) == static_cast<ssize_t>(bytes.size()),
+          path);
 }
 
 }  // namespace
@@ -66,6 +72,32 @@ void CopyBareInTwoSteps(const Bytes& from, const Bytes& to) {
     CopyBare(from, between);
     Check(::syscall(SYS_renameat2, AT_FDCWD, between.c_str(), AT_FDCWD, to.c_str(), NoReplace) == 0,
           to);
+}
+
+void SaveBareInPlace(const Bytes& path, const SavePlan& plan) {
+    const int file = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    Check(file >= 0, path);
+    WriteBare(file, plan.Trailer, plan.TrailerPlace, path);
+    WriteBare(file, plan.Head, 0, path);
+    Check(::close(file) == 0, path);
+}
+
+void SaveBareAnew(const Bytes& path, const SavePlan& plan) {
+    const auto size = static_cast<std::size_t>(plan.NewSize);
+    const std::unique_ptr<char[]> contents(new char[size]);
+    plan.Head.copy(contents.get(), plan.Head.size());
+    plan.Trailer.copy(contents.get() + plan.TrailerPlace, plan.Trailer.size());
+    const int old = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const auto carried = static_cast<std::size_t>(plan.CarriedLength);
+    Check(old >= 0 && ::pread(old, contents.get() + plan.Head.size(), carried, plan.CarriedFrom) ==
+                          plan.CarriedLength,
+          path);
+    ::close(old);
+    Check(::unlink(path.c_str()) == 0, path);
+    const int made = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+    Check(made >= 0, path);
+    WriteBare(made, {contents.get(), size}, 0, path);
+    Check(::close(made) == 0, path);
 }
 
 }  // namespace mdlPLM::bench

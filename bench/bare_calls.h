@@ -2,7 +2,7 @@
 // against. All throw when a call fails.
 #pragma once
 
-#include "core/text/text.h"
+#include "core/tags/save_plan.h"
 
 namespace mdlPLM::bench {
 
@@ -18,5 +18,13 @@ void CopyBare(const Bytes& from, const Bytes& to);
 /// The same by way of a temporary name beside the target and a rename that never replaces, so that
 /// no half file is ever seen.
 void CopyBareInTwoSteps(const Bytes& from, const Bytes& to);
+
+/// Writes a plan's trailer and head over the bytes of the file: open, two writes, close. What has
+/// to be read to make the plan is not read here.
+void SaveBareInPlace(const Bytes& path, const SavePlan& plan);
+
+/// Deletes the file and makes it anew by a plan: open, the read of what is carried over, close,
+/// unlink, create, one write, close.
+void SaveBareAnew(const Bytes& path, const SavePlan& plan);
 
 }  // namespace mdlPLM::bench

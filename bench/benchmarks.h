@@ -12,6 +12,7 @@ void MeasureNames(const Collection& collection, Column& column);
 void MeasureListing(const Collection& collection, Column& column);
 void MeasureList(const Collection& collection, Column& column);
 void MeasureCopying(const Collection& collection, Column& column);
+void MeasureTagging(const Collection& collection, Column& column);
 void MeasureProgram(const Collection& collection, Column& column);
 
 struct Benchmark {
@@ -19,10 +20,11 @@ struct Benchmark {
     void (*Measure)(const Collection& collection, Column& column);
 };
 
-inline constexpr std::array<Benchmark, 5> Benchmarks = {{{"names", MeasureNames},
+inline constexpr std::array<Benchmark, 6> Benchmarks = {{{"names", MeasureNames},
                                                          {"listing", MeasureListing},
                                                          {"list", MeasureList},
                                                          {"copying", MeasureCopying},
+                                                         {"tagging", MeasureTagging},
                                                          {"program", MeasureProgram}}};
 
 }  // namespace mdlPLM::bench
