@@ -114,6 +114,8 @@ void RenameRun::HandlePair(const RenamePair& pair) {
         own = ReadOwnTags(pair.OldPath);
         outcome = RenameTo(pair, newPath);
     } else {
+        // Where neither is there, nothing is written or shown.
+        if (!disk_.Exists(newPath)) return CountOutcome(outcome);
         own = ReadOwnTags(newPath);
     }
     CountOutcome(outcome);
@@ -165,7 +167,6 @@ void RenameRun::SetAttributes(TextView path) {
 
 RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
     OwnTags own;
-    if (!disk_.Exists(path)) return own;
     const Text contents = disk_.ContentsAt(path);
     CollectingErrors errors;
     if (choices_.chkSaveID3v2) {
@@ -182,7 +183,6 @@ RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
 }
 
 void RenameRun::WriteTags(const OwnTags& own, const RenamePair& pair, const Text& newPath) {
-    if (!disk_.Exists(newPath)) return;
     const RunTagChoices& choices = choices_.Tags;
     if (own.V1)
         Note(newPath, SaveV1(newPath, FillID3v1(*own.V1, pair.NewName, choices, settings_)));

@@ -30,15 +30,9 @@ bool IsFolderItem(int folder, const dirent& item) {
 
 bool IsDots(BytesView name) { return name == "." || name == ".."; }
 
-// A file system that knows no waiting says EINVAL: no failure.
-Status FlushHandle(const Bytes& path) {
+Status FlushAt(const Bytes& path) {
     const posix::Handle handle = posix::OpenHandle(path, O_RDONLY);
-    if (!handle.IsOpen()) return posix::LastError();
-    int result = 0;
-    do {
-        result = ::fsync(handle.Get());
-    } while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL ? Status() : posix::LastError();
+    return handle.IsOpen() ? posix::Flush(handle.Get()) : posix::LastError();
 }
 
 }  // namespace
@@ -144,12 +138,12 @@ Status SystemDisk::DeleteFile(TextView path) {
 
 Status SystemDisk::Flush(TextView path) {
     const Bytes native = posix::SystemPath(path);
-    const Status flushed = FlushHandle(native);
+    const Status flushed = FlushAt(native);
     if (!flushed.Ok()) return flushed;
     // The name is kept in the folder. A folder that may be written but not read cannot be waited
     // for: no failure.
     const Bytes folder = posix::FolderOfNative(native);
-    static_cast<void>(FlushHandle(folder.empty() ? "." : folder));
+    static_cast<void>(FlushAt(folder.empty() ? "." : folder));
     return {};
 }
 

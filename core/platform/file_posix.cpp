@@ -86,7 +86,7 @@ Status File::SetSize(std::int64_t size) {
     return result == 0 ? Status() : posix::LastError();
 }
 
-Status File::Flush() { return ::fsync(handle_) == 0 ? Status() : posix::LastError(); }
+Status File::Flush() { return posix::Flush(handle_); }
 
 Status File::Close() {
     if (!IsOpen()) return {};

@@ -93,6 +93,15 @@ Status WriteFully(int descriptor, std::int64_t offset, BytesView bytes) {
     return {};
 }
 
+// EINVAL is said by what knows no waiting: no failure.
+Status Flush(int descriptor) {
+    int result = 0;
+    do {
+        result = ::fsync(descriptor);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL ? Status() : LastError();
+}
+
 Bytes FolderOfNative(const Bytes& path) {
     const std::size_t last = path.rfind('/');
     return last == Bytes::npos ? Bytes() : path.substr(0, last + 1);

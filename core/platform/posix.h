@@ -48,6 +48,9 @@ Status ReadFully(int descriptor, std::int64_t offset, char* buffer, std::size_t 
 /// Writes all bytes at `offset`, or at the descriptor's own position when `offset` is negative.
 Status WriteFully(int descriptor, std::int64_t offset, BytesView bytes);
 
+/// Waits until what was written is on the disk.
+Status Flush(int descriptor);
+
 /// A piece of one file that becomes a piece of another.
 struct Range {
     std::int64_t From = 0;

@@ -54,8 +54,8 @@ Status Complete(posix::Handle& handle, BytesView contents) {
     const Status written = posix::WriteFully(handle.Get(), 0, contents);
     if (!written.Ok()) return written;
     // What is renamed over the old file must be on the disk before its name is.
-    if (::fsync(handle.Get()) != 0) return posix::LastError();
-    return handle.Close();
+    const Status flushed = posix::Flush(handle.Get());
+    return flushed.Ok() ? handle.Close() : flushed;
 }
 
 Status ReplaceContents(const Bytes& path, const struct stat* old, BytesView contents) {

@@ -8,6 +8,8 @@ Bytes ProgramFile() { return PLM_PROGRAM; }
 
 Bytes CommandLineFile() { return PLM_CLI; }
 
+Bytes FailingCallsFile() { return PLM_FAILING_CALLS; }
+
 Bytes SourceFolder() { return PLM_SOURCE; }
 
 Bytes TestDataFolder() { return SourceFolder() + "/tests/data"; }

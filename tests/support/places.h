@@ -9,6 +9,9 @@ namespace mdlPLM::test {
 Bytes ProgramFile();
 Bytes CommandLineFile();
 
+/// The library of system calls that fail on demand, to be loaded in front of a program.
+Bytes FailingCallsFile();
+
 /// The folder of the sources, and that of the files tests read.
 Bytes SourceFolder();
 Bytes TestDataFolder();

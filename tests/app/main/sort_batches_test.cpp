@@ -253,7 +253,7 @@ TEST_F(Batches, RandomBatchesLoseNoFileOfTheirs) {
     std::mt19937 random(20010911);
     const auto pick = [&](std::size_t below) { return random() % below; };
     const std::array<Text, 3> words = {u"A", u"B", u"b"};
-    for (int batch = 0; batch < 300; ++batch) {
+    for (int batch = 0; batch < 120; ++batch) {
         const TempFolder fresh;
         list_.Clear();
         const std::array<Text, 2> folders = {fresh.Folder(u"one"), fresh.Folder(u"two")};
