@@ -89,7 +89,7 @@ Bytes ListOf(const std::vector<Bytes>& paths, const Text& folder) {
     return list;
 }
 
-void MeasureCopies(std::vector<Bytes> paths, const char* what, Column& column) {
+void MeasureCopies(const std::vector<Bytes>& paths, const char* what, Column& column) {
     Targets targets;
     const Bytes list = ListOf(paths, targets.Next());
     double bare = 1e9;

@@ -83,7 +83,7 @@ public:
         pos_[5] = Length(pattern);
         for (int i = 1; i <= 4; ++i)
             for (int j = 1; j <= 4; ++j)
-                if (pos_[j] < pos_[i] && i < j) std::swap(pos_[j], pos_[i]);
+                if (i < j && pos_[j] < pos_[i]) std::swap(pos_[j], pos_[i]);
         for (int i = 1; i <= 4; ++i) {
             if (pos_[i] < 1 || pos_[i + 1] < 1 || pos_[i] >= pos_[i + 1]) continue;
             const Pos start = pos_[i] + Length(Words[WordAt(pos_[i])]);

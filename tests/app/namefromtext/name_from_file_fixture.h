@@ -69,7 +69,7 @@ struct LoggedProgress : RunProgressWindow {
 
 /// Hands over what was dropped, one path per step.
 struct PathByPath : FileGathering {
-    explicit PathByPath(std::vector<Text> dropped) : Left(dropped.begin(), dropped.end()) {}
+    explicit PathByPath(const std::vector<Text>& dropped) : Left(dropped.begin(), dropped.end()) {}
     bool Step(std::vector<Text>& paths) override {
         if (Left.empty()) return false;
         paths.push_back(Left.front());
