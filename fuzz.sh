@@ -39,8 +39,7 @@ for target in "$@"; do
     finds=fuzz/found/$target
     mkdir -p "$corpus" "$finds"
     options=(-max_total_time="$seconds" -timeout=10 -rss_limit_mb=1500 -print_final_stats=1
-             -verbosity=0 -artifact_prefix="$finds/")
-    [ -f "fuzz/$target.dict" ] && options+=(-dict="fuzz/$target.dict")
+             -verbosity=0 -dict=fuzz/words.dict -artifact_prefix="$finds/")
     if build/fuzz/fuzz/"${target}"_fuzz "${options[@]}" "$corpus" "fuzz/seeds/$target" "$finds" \
         >"$log" 2>&1; then
         runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
