@@ -1,5 +1,6 @@
 #include "app/main/sort_transfer.h"
 
+#include "core/platform/path.h"
 #include "core/text/letter_case.h"
 
 namespace mdlPLM {
@@ -11,12 +12,20 @@ FileTransfer::FileTransfer(const SortRules& rules, Disk& disk, Prompts& prompts,
       prompts_(prompts),
       runFiles_(runFiles) {}
 
+// The other spelling of its own name, where the file system does not tell them apart. The folder
+// may be spelt in another way, too.
+bool FileTransfer::IsOtherSpelling(TextView source, TextView destination) {
+    const Text name = FileNameOfPath(source);
+    const Text newName = FileNameOfPath(destination);
+    return name != newName && EqualIgnoringCase(name, newName) &&
+           disk_.IsSameFile(FolderOfPath(source), FolderOfPath(destination));
+}
+
 FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView destination) {
     const bool exists = disk_.Exists(destination);
     if (exists && disk_.IsSameFile(source, destination)) {
-        // The other spelling of its own name, where the file system does not tell them apart.
-        const bool respell = choices_.Method == SortMethod::Move && source != destination &&
-                             EqualIgnoringCase(source, destination);
+        const bool respell =
+            choices_.Method == SortMethod::Move && IsOtherSpelling(source, destination);
         return respell ? Rename(source, destination, IfTargetExists::Fail) : Result::Handled;
     }
     SetAttributes(source);

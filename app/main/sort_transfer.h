@@ -44,6 +44,7 @@ public:
     [[nodiscard]] std::int64_t Total() const { return copy_ ? copy_->Total() : 0; }
 
 private:
+    bool IsOtherSpelling(TextView source, TextView destination);
     Result FileExistActions(TextView strOldFile, TextView strNewFile);
     Result Transfer(TextView source, TextView destination, IfTargetExists ifExists);
     Result BeginCopy(TextView source, TextView destination, IfTargetExists ifExists);

@@ -93,7 +93,7 @@ std::vector<Bytes> ListTree(TextView folder) {
     const fs::path root = Native(folder);
     std::vector<Bytes> names;
     for (const auto& item : fs::recursive_directory_iterator(root)) {
-        const bool isFolder = item.is_directory() && !item.is_symlink();
+        const bool isFolder = !item.is_symlink() && item.is_directory();
         names.push_back(item.path().lexically_relative(root).string() + (isFolder ? "/" : ""));
     }
     std::sort(names.begin(), names.end());
