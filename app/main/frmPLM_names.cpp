@@ -8,6 +8,7 @@
 #include "app/dialogs/frmOptions.h"
 #include "app/main/frmPLM.h"
 #include "app/main/frmPLM_tagpanel.h"
+#include "app/shared/box_text.h"
 #include "app/shared/entry_filter.h"
 #include "app/shared/message_boxes.h"
 #include "app/shared/qt_language.h"
@@ -147,7 +148,7 @@ void frmPLM::ShowFile(FileList::Index row) {
     shownCurrent_ = true;
     BoxErrors errors(context_.Ask);
     tags_->ShowFile(shownPath_, errors);
-    ui_->txtOldName->setText(ToQt(FileNameOfPath(shownPath_)));
+    SetBoxText(*ui_->txtOldName, ToQt(FileNameOfPath(shownPath_)));
     ShowNameOf(row);
     ShowTargetDir();
 }
@@ -165,7 +166,7 @@ int frmPLM::ShownRow() const {
 void frmPLM::ShowNameOf(FileList::Index row) {
     const Text& computed = list_.NewName(row);
     if (PreviewShown() && !computed.empty())
-        ui_->txtNewName->setText(ToQt(computed));
+        SetBoxText(*ui_->txtNewName, ToQt(computed));
     else
         ShowNewName();
 }
@@ -173,8 +174,8 @@ void frmPLM::ShowNameOf(FileList::Index row) {
 void frmPLM::ShowNewName() {
     const Text inPattern = InPattern();
     const NamingContext naming{context_.Values, context_.Replacements, inPattern};
-    ui_->txtNewName->setText(
-        ToQt(FixFileName2(shownPath_, OutPattern(), tags_->Panel().Boxes(), naming)));
+    SetBoxText(*ui_->txtNewName,
+               ToQt(FixFileName2(shownPath_, OutPattern(), tags_->Panel().Boxes(), naming)));
 }
 
 void frmPLM::ShowComputedName() {
@@ -187,7 +188,7 @@ void frmPLM::EditNewName(int row) {
     const std::optional<Text> name = frmEdit::EditName(this, list_.NewName(line));
     if (!name) return;
     list_.EditNewName(line, *name);
-    if (ShownRow() == row) ui_->txtNewName->setText(ToQt(*name));
+    if (ShownRow() == row) SetBoxText(*ui_->txtNewName, ToQt(*name));
 }
 
 void frmPLM::cmdOptions_Click() {

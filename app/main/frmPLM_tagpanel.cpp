@@ -4,9 +4,9 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QStyle>
-#include <algorithm>
 
 #include "app/main/frmPLM_tips.h"
+#include "app/shared/box_text.h"
 #include "app/shared/icons.h"
 #include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
@@ -39,15 +39,6 @@ constexpr StreamLabel StreamLabels[] = {
     {&Ui::frmPLM_tagpanel::txtfLength, &StreamLines::Length},
 };
 
-/// Puts a text into a box. While the user types there, the cursor stays where it was, counted from
-/// the text's end; any other box shows the beginning of its text.
-void SetBoxText(QLineEdit& box, const QString& text) {
-    if (box.text() == text) return;
-    const auto behind = box.hasFocus() ? box.text().size() - box.cursorPosition() : text.size();
-    box.setText(text);
-    box.setCursorPosition(static_cast<int>(std::max<qsizetype>(0, text.size() - behind)));
-}
-
 }  // namespace
 
 frmPLM_tagpanel::frmPLM_tagpanel(const Settings& settings, const ReplacementList& replacements,
@@ -78,6 +69,7 @@ void frmPLM_tagpanel::SetUpBoxes() {
         auto* combo = qobject_cast<QComboBox*>(control);
         QLineEdit* box = combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(control);
         boxes_[IndexOf(row.Box)] = box;
+        box->installEventFilter(this);
         connect(box, &QLineEdit::textChanged, this,
                 [this, which = row.Box](const QString& text) { Box_Change(which, text); });
     }
@@ -107,6 +99,8 @@ void frmPLM_tagpanel::ConnectButtons() {
 }
 
 bool frmPLM_tagpanel::eventFilter(QObject* watched, QEvent* event) {
+    auto* text = qobject_cast<QLineEdit*>(watched);
+    if (event->type() == QEvent::Enter && text != nullptr) ShowWholeTextAsTip(*text);
     // A wheel that scrolls the panel must not change a genre on its way.
     const auto* box = qobject_cast<QWidget*>(watched);
     if (event->type() == QEvent::Wheel && box != nullptr && !box->hasFocus()) {

@@ -69,6 +69,7 @@ private slots:
     void SecondSelectedFileEmptiesThePanel();
     void PanelOfManyFilesFitsIntoASmallWindow();
     void EditedFileIsSavedAndSeenAgain();
+    void LongTextIsSeenFromItsBeginningAndWholeAsTip();
     void UntickedVersionIsLeftAlone();
     void SavingNothingSelectedSaysSo();
     void TypedTextFeedsTheNewName();
@@ -268,6 +269,25 @@ void FrmPLMTagpanelTest::EditedFileIsSavedAndSeenAgain() {
     QCOMPARE(plm_->Ask.Log.size(), std::size_t{0});
 }
 
+void FrmPLMTagpanelTest::LongTextIsSeenFromItsBeginningAndWholeAsTip() {
+    const std::string title(120, 'm');
+    const Text path = plm_->Folder.File(u"a.mp3", EncodedMp3());
+    TagByPeer(path, {"short", title, "", "", "", -1}, PeerVersion::V2);
+    plm_->Drop("lstFiles", {path});
+    plm_->ClickLine("lstFiles", 0);
+    const auto tipOf = [this](const char* name) {
+        auto& box = plm_->Get<QLineEdit>(name);
+        QEvent enter(QEvent::Enter);
+        QApplication::sendEvent(&box, &enter);
+        return box.toolTip();
+    };
+    QCOMPARE(plm_->Get<QLineEdit>("txtV2Title").cursorPosition(), 0);
+    QCOMPARE(tipOf("txtV2Title"), plm_->TextOf("txtV2Title"));
+    QCOMPARE(plm_->TextOf("txtV2Title").size(), 120);
+    QCOMPARE(tipOf("txtV2Artist"), QString());
+    QCOMPARE(plm_->Get<QLineEdit>("txtNewName").cursorPosition(), 0);
+}
+
 void FrmPLMTagpanelTest::UntickedVersionIsLeftAlone() {
     const Text path = DropTagged(1)[0];
     plm_->ClickLine("lstFiles", 0);
@@ -436,6 +456,13 @@ void FrmPLMTagpanelTest::BatchPutsTwoFieldsIntoEveryFile() {
     plm_->Ask.Answers = {Answer::Yes};
     plm_->Click("cmdSaveID3");
     plm_->Settle();
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QCOMPARE(ToQt(plm_->Ask.Log[0].What.Body),
+             QStringLiteral("The following attributes will be changed for ALL selected files:"
+                            "\r\n\r\nID3v1 (ID3v1 will be added if nonexistent):"
+                            "\r\nAlbum: New Album"
+                            "\r\n\r\nID3v2 (ID3v2 will be added if nonexistent):"
+                            "\r\nAlbum: New Album\r\nYear: 2003"));
     for (std::size_t i = 0; i < paths.size(); ++i) {
         const FileTags tags = TagsOf(paths[i]);
         QCOMPARE(V1Text(tags.V1.Album), Bytes("New Album"));
