@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QTextDocument>
 #include <QToolTip>
+#include <algorithm>
 
 namespace mdlPLM {
 
@@ -17,6 +18,23 @@ QString ToolTipAt(const QWidget& widget, const QPoint& place) {
     return ofLine.isEmpty() ? widget.toolTip() : ofLine;
 }
 
+/// Lines that no reasonable screen is too narrow for.
+constexpr qsizetype ShortLine = 80;
+
+bool HasShortLinesOnly(const QString& text) {
+    const QStringList lines = text.split(u'\n');
+    return std::all_of(lines.begin(), lines.end(),
+                       [](const QString& line) { return line.size() <= ShortLine; });
+}
+
+/// The toolkit makes markup about as wide as high, and breaks a path for it wherever it can.
+QString MarkupOf(const QString& text) {
+    QString markup = Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+    if (HasShortLinesOnly(text))
+        markup.replace(QLatin1String("<p>"), QLatin1String("<p style=\"white-space:nowrap\">"));
+    return markup;
+}
+
 }  // namespace
 
 bool ToolTipWrapper::eventFilter(QObject* watched, QEvent* event) {
@@ -25,8 +43,7 @@ bool ToolTipWrapper::eventFilter(QObject* watched, QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const QString text = ToolTipAt(*widget, help->pos());
     if (text.isEmpty()) return QObject::eventFilter(watched, event);
-    QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal),
-                       widget);
+    QToolTip::showText(help->globalPos(), MarkupOf(text), widget);
     return true;
 }
 

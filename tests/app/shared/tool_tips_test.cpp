@@ -47,6 +47,7 @@ private slots:
     }
 
     void BreaksLongToolTipIntoLines();
+    void AShortPathStaysInOneLine();
     void MarkupInAFileNameIsShownAsItStands_data();
     void MarkupInAFileNameIsShownAsItStands();
     void MarkupInALineOfAListIsShownAsItStands();
@@ -70,6 +71,21 @@ void ToolTipsTest::BreaksLongToolTipIntoLines() {
     QVERIFY(tip->wordWrap());
     QVERIFY(tip->width() < tip->fontMetrics().horizontalAdvance(text));
     QCOMPARE(ReadTip(), text);
+}
+
+void ToolTipsTest::AShortPathStaysInOneLine() {
+    QPushButton button;
+    button.show();
+    for (const QString& text : {QStringLiteral("Open: /home/me/music/The Paper Kites/one.mp3"),
+                                QStringLiteral("Doubleclick!\n01 - The Paper Kites - One.mp3")}) {
+        button.setToolTip(text);
+        RestMouseOn(button, QPoint(1, 1));
+        QCOMPARE(ReadTip(), text);
+        const QLabel* tip = ShownTip();
+        const int longest = tip->fontMetrics().horizontalAdvance(text.section(u'\n', -1));
+        QVERIFY2(tip->width() >= longest, qPrintable(QString::number(tip->width())));
+        QToolTip::hideText();
+    }
 }
 
 void ToolTipsTest::MarkupInAFileNameIsShownAsItStands_data() {
