@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -222,8 +221,7 @@ void frmPLM::RestoreLayout() {
     ui_->splMain->setSizes({760, 400});
     ui_->splMain->setStretchFactor(0, 3);
     ui_->splMain->setStretchFactor(1, 1);
-    if (!RestoreGeometry(*this, context_.Store))
-        resize(QSize(1180, 780).boundedTo(screen()->availableSize()));
+    if (!RestoreGeometry(*this, context_.Store)) FitOnScreen(*this, QSize(1180, 780));
     RestoreSplitter(*ui_->splMain, context_.Store);
     RestoreSplitter(*ui_->splLists, context_.Store);
 }

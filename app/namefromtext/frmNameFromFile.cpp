@@ -197,7 +197,7 @@ void frmNameFromFile::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (centred_ || isMaximized()) return;
     centred_ = true;
-    resize(size().boundedTo(screen()->availableSize()));
+    FitOnScreen(*this, size());
     move(screen()->geometry().center() - rect().center());
 }
 

@@ -1,6 +1,8 @@
 #include "app/shared/window_state.h"
 
+#include <QScreen>
 #include <QSplitter>
+#include <QStyle>
 #include <QWidget>
 
 #include "app/shared/qt_text.h"
@@ -36,6 +38,14 @@ void KeepGeometry(const QWidget& window, SettingsStore& store) {
 
 bool RestoreGeometry(QWidget& window, const SettingsStore& store) {
     return window.restoreGeometry(Kept(store, GeometryKey(window)));
+}
+
+// The frame is the window system's, and not known before the window is up; the toolkit's own frame
+// is about as high.
+void FitOnScreen(QWidget& window, const QSize& wanted) {
+    const int frame = window.style()->pixelMetric(QStyle::PM_TitleBarHeight) +
+                      2 * window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    window.resize(wanted.boundedTo(window.screen()->availableSize() - QSize(0, frame)));
 }
 
 void KeepSplitter(const QSplitter& splitter, SettingsStore& store) {

@@ -3,6 +3,7 @@
 
 #include "core/names/settings_store.h"
 
+class QSize;
 class QSplitter;
 class QWidget;
 
@@ -13,6 +14,9 @@ namespace mdlPLM {
 void KeepGeometry(const QWidget& window, SettingsStore& store);
 /// Takes size and place back; false when none was kept (the window stays as it is).
 bool RestoreGeometry(QWidget& window, const SettingsStore& store);
+
+/// Gives a window the size it wants, or as much of it as its screen has room for with the frame.
+void FitOnScreen(QWidget& window, const QSize& wanted);
 
 /// The same for the sizes of a splitter, under the names of its window and its own.
 void KeepSplitter(const QSplitter& splitter, SettingsStore& store);

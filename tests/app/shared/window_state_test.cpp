@@ -1,5 +1,6 @@
 #include "app/shared/window_state.h"
 
+#include <QScreen>
 #include <QSplitter>
 #include <QTest>
 #include <QTextEdit>
@@ -35,6 +36,7 @@ private slots:
     void StaysAwayFromTheSettings();
     void NothingKeptLeavesTheWindowAlone();
     void RubbishLeavesTheWindowAlone();
+    void AWindowFitsOnItsScreenWithItsFrame();
 };
 
 void WindowStateTest::SizesComeBackAfterARestart() {
@@ -88,6 +90,17 @@ void WindowStateTest::RubbishLeavesTheWindowAlone() {
     QVERIFY(!RestoreGeometry(window.Form, store));
     QVERIFY(!RestoreSplitter(window.Splitter, store));
     QCOMPARE(window.Form.size(), QSize(500, 400));
+}
+
+void WindowStateTest::AWindowFitsOnItsScreenWithItsFrame() {
+    QWidget window;
+    FitOnScreen(window, QSize(300, 200));
+    QCOMPARE(window.size(), QSize(300, 200));
+    FitOnScreen(window, QSize(5000, 5000));
+    const QSize room = window.screen()->availableSize();
+    QCOMPARE(window.width(), room.width());
+    QVERIFY(window.height() <= room.height() - 20);
+    QVERIFY(window.height() > room.height() - 100);
 }
 
 QTEST_MAIN(WindowStateTest)
