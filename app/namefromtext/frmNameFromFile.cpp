@@ -69,7 +69,7 @@ frmNameFromFile::frmNameFromFile(AppContext& context, NameFromTextHost& host, QW
     SetUpLists();
     ConnectText();
     ConnectLists();
-    LoadPatterns();
+    Form_Load();
     RestoreGeometry(*this, context_.Store);
     RestoreSplitter(*ui_->splTop, context_.Store);
     RestoreSplitter(*ui_->splLists, context_.Store);
@@ -142,29 +142,22 @@ void frmNameFromFile::ConnectText() {
     connect(ui_->cmdScan, &QPushButton::clicked, this, &Form::cmdScan_Click);
     connect(ui_->chkIgnoreFirst, &QCheckBox::toggled, ui_->txtIgnoreFirst, &QWidget::setEnabled);
     connect(ui_->chkIgnoreLast, &QCheckBox::toggled, ui_->txtIgnoreLast, &QWidget::setEnabled);
-    // The two warnings differ on purpose.
-    connect(ui_->txtArtist, &QLineEdit::textChanged, this, [this] {
-        WarnAboutLength(*ui_->txtArtist, tr("Artist"),
-                        tr("Artist (Optimized=More than 30 characters)"));
-    });
-    connect(ui_->txtAlbum, &QLineEdit::textChanged, this, [this] {
-        WarnAboutLength(*ui_->txtAlbum, tr("Album"), tr("Album (More than 30 characters)"));
-    });
+    connect(ui_->txtArtist, &QLineEdit::textChanged, this, &Form::txtArtist_Change);
+    connect(ui_->txtAlbum, &QLineEdit::textChanged, this, &Form::txtAlbum_Change);
 }
 
 void frmNameFromFile::ConnectLists() {
     using Form = frmNameFromFile;
-    using Direction = PairLists::Direction;
     const auto onClick = [this](QPushButton* button, auto handler) {
         connect(button, &QPushButton::clicked, this, handler);
     };
     onClick(ui_->cmdAddFiles, &Form::cmdAddFiles_Click);
     onClick(ui_->cmdRemoveFile, &Form::cmdRemoveFile_Click);
     onClick(ui_->cmdRemoveNew, &Form::cmdRemoveNew_Click);
-    onClick(ui_->cmdClearOld, [this] { oldFiles_->Clear(), ShowOldCount(); });
-    onClick(ui_->cmdClearNew, [this] { newNames_->Clear(), ShowNewCount(); });
-    onClick(ui_->cmdMoveUp, [this] { MoveSelected(Direction::Up); });
-    onClick(ui_->cmdMoveDn, [this] { MoveSelected(Direction::Down); });
+    onClick(ui_->cmdClearOld, &Form::cmdClearOld_Click);
+    onClick(ui_->cmdClearNew, &Form::cmdClearNew_Click);
+    onClick(ui_->cmdMoveUp, &Form::cmdMoveUp_Click);
+    onClick(ui_->cmdMoveDn, &Form::cmdMoveDn_Click);
     onClick(ui_->cmdRenameFiles, &Form::cmdRenameFiles_Click);
     onClick(ui_->cmdClose, &QWidget::close);
     onClick(cmdStop_, &Form::cmdStop_Click);
@@ -178,16 +171,13 @@ void frmNameFromFile::ConnectLists() {
             &Form::lstOldFileNames_Click);
     // A click on the file that is selected already shows its name again.
     connect(oldList, &QListView::clicked, this, &Form::lstOldFileNames_Click);
-    // The counters are left alone by this key, on purpose.
-    connect(oldList, &PairedListView::DeletePressed, this,
-            [this, oldList] { oldFiles_->Remove(oldList->SelectedRow()); });
-    connect(newList, &PairedListView::DeletePressed, this,
-            [this, newList] { newNames_->Remove(newList->SelectedRow()); });
+    connect(oldList, &PairedListView::DeletePressed, this, &Form::lstOldFileNames_KeyDown);
+    connect(newList, &PairedListView::DeletePressed, this, &Form::lstNewFileNames_KeyDown);
     connect(newList, &QListView::doubleClicked, this, &Form::lstNewFileNames_DblClick);
     connect(newList, &PairedListView::EditPressed, this, &Form::lstNewFileNames_DblClick);
 }
 
-void frmNameFromFile::LoadPatterns() {
+void frmNameFromFile::Form_Load() {
     ui_->lblPattern->setText(PatternHelpText());
     FillPatternBox(*ui_->cmbInPattern, LoadInPatterns(context_.ListsFolder), host_.InPattern());
     FillPatternBox(*ui_->cmbOutPattern, LoadOutPatterns(context_.ListsFolder), host_.OutPattern());

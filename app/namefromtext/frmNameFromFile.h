@@ -45,7 +45,7 @@ private:
     void SetUpStatusLine();
     void ConnectText();
     void ConnectLists();
-    void LoadPatterns();
+    void Form_Load();
 
     // The text and its scans.
     void cmdOpenSource_Click();
@@ -57,6 +57,8 @@ private:
     void cmdScan_Click();
     [[nodiscard]] ScanChoices ReadScanChoices() const;
     void ScanChosenText(Text text, ScanChoices choices);
+    void txtArtist_Change();
+    void txtAlbum_Change();
     void WarnAboutLength(QLineEdit& box, const QString& plainTip, const QString& warning);
 
     // The lists.
@@ -64,8 +66,14 @@ private:
     void GatherDropped(std::vector<Text> dropped);
     void cmdRemoveFile_Click();
     void cmdRemoveNew_Click();
+    void cmdClearOld_Click();
+    void cmdClearNew_Click();
+    void cmdMoveUp_Click();
+    void cmdMoveDn_Click();
     void MoveSelected(PairLists::Direction direction);
     void lstOldFileNames_Click();
+    void lstOldFileNames_KeyDown();
+    void lstNewFileNames_KeyDown();
     void lstNewFileNames_DblClick();
     void ShowOldCount();
     void ShowNewCount();

@@ -44,6 +44,20 @@ void frmNameFromFile::cmdRemoveNew_Click() {
     ShowNewCount();
 }
 
+void frmNameFromFile::cmdClearOld_Click() {
+    oldFiles_->Clear();
+    ShowOldCount();
+}
+
+void frmNameFromFile::cmdClearNew_Click() {
+    newNames_->Clear();
+    ShowNewCount();
+}
+
+void frmNameFromFile::cmdMoveUp_Click() { MoveSelected(PairLists::Direction::Up); }
+
+void frmNameFromFile::cmdMoveDn_Click() { MoveSelected(PairLists::Direction::Down); }
+
 void frmNameFromFile::MoveSelected(PairLists::Direction direction) {
     const int row = ui_->lstOldFileNames->SelectedRow();
     if (row >= 0) ui_->lstOldFileNames->SelectRow(oldFiles_->MoveOldFile(row, direction));
@@ -52,6 +66,15 @@ void frmNameFromFile::MoveSelected(PairLists::Direction direction) {
 void frmNameFromFile::lstOldFileNames_Click() {
     const int row = ui_->lstOldFileNames->SelectedRow();
     if (row >= 0 && row < newNames_->rowCount()) ui_->lstNewFileNames->SelectRow(row);
+}
+
+// The counters are left alone by this key, on purpose.
+void frmNameFromFile::lstOldFileNames_KeyDown() {
+    oldFiles_->Remove(ui_->lstOldFileNames->SelectedRow());
+}
+
+void frmNameFromFile::lstNewFileNames_KeyDown() {
+    newNames_->Remove(ui_->lstNewFileNames->SelectedRow());
 }
 
 void frmNameFromFile::lstNewFileNames_DblClick() {
@@ -146,10 +169,8 @@ void frmNameFromFile::CloseRun() {
 
 // The genre and its check box stay as they are.
 void frmNameFromFile::ClearAfterRun() {
-    oldFiles_->Clear();
-    newNames_->Clear();
-    ShowOldCount();
-    ShowNewCount();
+    cmdClearOld_Click();
+    cmdClearNew_Click();
     ui_->txtSourceText->ClearText();
     for (QLineEdit* box : {ui_->txtAlbum, ui_->txtArtist, ui_->txtReleaseDate, ui_->txtYear})
         box->clear();

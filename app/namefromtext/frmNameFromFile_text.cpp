@@ -140,6 +140,16 @@ void frmNameFromFile::ScanChosenText(Text text, ScanChoices choices) {
                  [this] { EndWork(NamesMade(coming_.size())); });
 }
 
+// The two warnings differ on purpose.
+void frmNameFromFile::txtArtist_Change() {
+    WarnAboutLength(*ui_->txtArtist, tr("Artist"),
+                    tr("Artist (Optimized=More than 30 characters)"));
+}
+
+void frmNameFromFile::txtAlbum_Change() {
+    WarnAboutLength(*ui_->txtAlbum, tr("Album"), tr("Album (More than 30 characters)"));
+}
+
 void frmNameFromFile::WarnAboutLength(QLineEdit& box, const QString& plainTip,
                                       const QString& warning) {
     const bool tooLong = box.text().size() > FieldLimit;
