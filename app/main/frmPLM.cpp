@@ -219,6 +219,8 @@ void frmPLM::RestoreLayout() {
     ui_->lblOutPattern->setMinimumWidth(labels);
     ui_->lblTargetDir->setMinimumWidth(labels);
     ui_->splMain->setSizes({760, 400});
+    // A list that is not shown has no size of its own to be kept.
+    ui_->splLists->setSizes({380, 380});
     ui_->splMain->setStretchFactor(0, 3);
     ui_->splMain->setStretchFactor(1, 1);
     if (!RestoreGeometry(*this, context_.Store)) FitOnScreen(*this, QSize(1180, 780));

@@ -59,6 +59,7 @@ private slots:
     void ControlsAreStoredOnClose();
     void TargetFolderIsStoredWhileRenameShowsAnother();
     void LayoutIsRemembered();
+    void PreviewThatWasNeverShownGetsHalfTheRoom();
     void StoreThatCannotBeWrittenIsToldOnce();
 
 private:
@@ -515,6 +516,15 @@ void FrmPLMNamesTest::LayoutIsRemembered() {
     plm_->Window().resize(1111, 777);
     plm_->Reopen();
     QCOMPARE(plm_->Window().size(), QSize(1111, 777));
+}
+
+void FrmPLMNamesTest::PreviewThatWasNeverShownGetsHalfTheRoom() {
+    plm_->Reopen();
+    plm_->Click("chkPreview");
+    QCoreApplication::processEvents();
+    const int files = plm_->Get<QWidget>("lstFiles").width();
+    const int preview = plm_->Get<QWidget>("lstPreview").width();
+    QVERIFY2(std::abs(files - preview) < 10, qPrintable(QString::number(preview)));
 }
 
 void FrmPLMNamesTest::StoreThatCannotBeWrittenIsToldOnce() {
