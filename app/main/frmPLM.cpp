@@ -255,9 +255,19 @@ QString frmPLM::RunStatus(const QString& summary, bool stopped) {
     return stopped ? tr("Stopped. %1").arg(summary) : summary;
 }
 
-void frmPLM::Work_BusyChanged(bool busy) {
+void frmPLM::RestControls(bool rest) {
+    if (rest) focusBeforeWork_ = focusWidget();
     for (const char* name : RestingControls)
-        SetEnabled(*findChild<QObject*>(QLatin1String(name)), !busy);
+        SetEnabled(*findChild<QObject*>(QLatin1String(name)), !rest);
+    // A control that comes to rest passes the focus on; it gets it back unless the user moved it.
+    if (rest)
+        focusPassedOn_ = focusWidget();
+    else if (focusBeforeWork_ != nullptr && focusWidget() == focusPassedOn_)
+        focusBeforeWork_->setFocus();
+}
+
+void frmPLM::Work_BusyChanged(bool busy) {
+    RestControls(busy);
     ui_->lstFiles->viewport()->setAcceptDrops(!busy);
     ui_->lstPreview->viewport()->setAcceptDrops(!busy);
     ShowPreviewList();

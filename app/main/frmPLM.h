@@ -61,6 +61,7 @@ private:
     using Details = std::function<Text()>;
     void SetStatus(const QString& text, Details details = {});
     [[nodiscard]] static QString RunStatus(const QString& summary, bool stopped);
+    void RestControls(bool rest);
     void Work_BusyChanged(bool busy);
     void Work_Progressed();
     void cmdDetails_Click();
@@ -170,6 +171,8 @@ private:
     QString status_;  ///< what the status line says while no work is under way
     Details details_;
     bool closeWhenDone_ = false;
+    QPointer<QWidget> focusBeforeWork_;
+    QPointer<QWidget> focusPassedOn_;
 
     QTimer counting_;
     FileList::Index counted_ = 0;

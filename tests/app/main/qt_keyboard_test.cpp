@@ -47,6 +47,8 @@ private slots:
     void TabFollowsTheOrderOfTheWork();
     void ShortcutsAreUniqueAndShownInTheMenus();
     void ListKeysWorkOnlyInTheLists();
+    void FocusComesBackAfterLongWork();
+    void FocusThatWasMovedDuringLongWorkStays();
     void Progress();
     void EditName();
     void Options();
@@ -54,6 +56,8 @@ private slots:
     void NamesFromText();
 
 private:
+    /// Adds a file by keyboard; long work is under way then.
+    QWidget& StartAdding();
     void Check(QWidget& window);
     template <class Dialog>
     void CheckDialog(Dialog& dialog) {
@@ -179,6 +183,31 @@ void KeyboardTest::ListKeysWorkOnlyInTheLists() {
     QCOMPARE(plm_->Lines("lstFiles").size(), 2);
     plm_->Key("lstFiles", Qt::Key_Delete);
     QCOMPARE(plm_->Lines("lstFiles").size(), 1);
+}
+
+QWidget& KeyboardTest::StartAdding() {
+    plm_->Dialogs.Results = {{{plm_->Folder.File(u"c.mp3")}, 1}};
+    auto& button = plm_->Get<QWidget>("cmdAddFiles");
+    button.setFocus();
+    plm_->WorkStepByStep();
+    QTest::keyClick(&button, Qt::Key_Space);
+    return button;
+}
+
+void KeyboardTest::FocusComesBackAfterLongWork() {
+    const QWidget& button = StartAdding();
+    QVERIFY(plm_->Busy());
+    QVERIFY(!button.hasFocus());
+    plm_->Settle();
+    QVERIFY(button.hasFocus());
+}
+
+void KeyboardTest::FocusThatWasMovedDuringLongWorkStays() {
+    StartAdding();
+    QVERIFY(plm_->Busy());
+    plm_->Get<QWidget>("txtNewName").setFocus();
+    plm_->Settle();
+    QVERIFY(plm_->Get<QWidget>("txtNewName").hasFocus());
 }
 
 void KeyboardTest::Progress() {
