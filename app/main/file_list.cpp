@@ -96,7 +96,7 @@ void FileList::SetPath(Index row, Text path) {
     NamesChanged(row, row);
 }
 
-void FileList::Remove(Index row) {
+void FileList::RemoveListItem(Index row) {
     if (row >= Count()) return;
     RowsAboutToChange();
     if (rows_[row].Selected) --selectedCount_;

@@ -52,7 +52,8 @@ public:
     /// A file that was renamed on disk keeps its row, its new name and its selection.
     void SetPath(Index row, Text path);
 
-    void Remove(Index row);
+    /// Takes one row out, its line and its new name.
+    void RemoveListItem(Index row);
     /// Removes every row for which `gone` is true: linear, one change. `gone` is asked once per
     /// row, upwards, while the list still stands as it was.
     void RemoveIf(const std::function<bool(Index)>& gone);

@@ -53,8 +53,7 @@ void AddTask::TakeNext() {
 void AddTask::TakeDropped(const Text& path) {
     switch (KindOfDropped(path)) {
         case DroppedKind::Folder:
-            walk_.emplace(path, request_.Extension);
-            return;
+            return AddFolder(path);
         case DroppedKind::ListFile:
             return Load(path);
         case DroppedKind::SingleFile:
@@ -63,6 +62,8 @@ void AddTask::TakeDropped(const Text& path) {
             return;
     }
 }
+
+void AddTask::AddFolder(const Text& folder) { walk_.emplace(folder, request_.Extension); }
 
 void AddTask::Load(const Text& path) {
     Publish();  // what was found before stands before it in the list

@@ -82,6 +82,7 @@ private:
     };
     void TakeNext();
     void TakeDropped(const Text& path);
+    void AddFolder(const Text& folder);
     void Load(const Text& path);
     void MakeReady();
 

@@ -154,7 +154,7 @@ TEST(FileList, ANewNameWrittenByHandCountsAsEditedUntilAnotherOneIsSet) {
     EXPECT_FALSE(list.NewNameEdited(1));
     list.SetNewNames(2, {u"C.mp3"});
     EXPECT_FALSE(list.NewNameEdited(2));
-    list.Remove(1);
+    list.RemoveListItem(1);
     EXPECT_TRUE(list.NewNameEdited(0));
     list.ClearNewNames();
     EXPECT_FALSE(list.NewNameEdited(0));
@@ -180,14 +180,14 @@ TEST(FileList, RemovingARowTakesItsNewNameAlong) {
     list.Append({u"/m/a.mp3", u"/m/b.mp3", u"/m/c.mp3"}, {u"A", u"B", u"C"});
     list.SelectAll();
     Listener listener(list);
-    list.Remove(1);
+    list.RemoveListItem(1);
     EXPECT_EQ(listener.Told(), "br");
     EXPECT_EQ(listener.CountBefore(), 3U);
     EXPECT_EQ(list.Count(), 2U);
     EXPECT_EQ(list.Path(1), u"/m/c.mp3");
     EXPECT_EQ(list.NewName(1), u"C");
     EXPECT_EQ(list.SelectedCount(), 2U);
-    list.Remove(2);
+    list.RemoveListItem(2);
     EXPECT_EQ(listener.Told(), "");
 }
 
@@ -327,7 +327,7 @@ TEST(FileList, FindsTheRowsWhoseSizeIsUnknown) {
 TEST(FileList, SizesStayWithTheirRows) {
     FileList list = Songs(3);
     for (FileList::Index row = 0; row < 3; ++row) list.SetSize(row, 100 + static_cast<int>(row));
-    list.Remove(0);
+    list.RemoveListItem(0);
     EXPECT_EQ(list.Size(0), 101);
     EXPECT_EQ(list.Size(1), 102);
 }

@@ -80,7 +80,7 @@ void FrmPLMModelsTest::KeepsTheRulesOfModels() {
                                           QAbstractItemModelTester::FailureReportingMode::QtTest);
     list_->Append({u"/m/e.mp3"});
     list_->SetNewName(2, u"C.mp3");
-    list_->Remove(0);
+    list_->RemoveListItem(0);
     list_->Clear();
 }
 
@@ -153,7 +153,7 @@ void FrmPLMModelsTest::RemovingSelectedRowsIsTold() {
 
 void FrmPLMModelsTest::CursorStaysInTheListWhenItShrinks() {
     selection_->SetCurrentRow(3);
-    list_->Remove(3);
+    list_->RemoveListItem(3);
     QCOMPARE(selection_->CurrentRow(), 2);
     list_->Clear();
     QCOMPARE(selection_->CurrentRow(), -1);
