@@ -11,7 +11,7 @@ void ArtistFolders::Count(TextView source) {
     if (!artist) return;
     Artist& entry = artists_[*artist];
     ++entry.Files;
-    entry.Places.insert(FoldersOf(disk_.ContentsAt(source), names.NewName, rules_.Choices));
+    entry.Places.insert(FoldersOf(names, rules_.Choices));
 }
 
 std::vector<FolderLevels> ArtistFolders::Earned() const {

@@ -164,7 +164,7 @@ SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& s
 SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& source,
                                                                   const SortNames& names) {
     const SortChoices& choices = Rules.Choices;
-    FolderLevels levels = FoldersOf(Files.ContentsAt(source), names.NewName, choices);
+    FolderLevels levels = FoldersOf(names, choices);
     // The list's last entry is sorted without an artist folder when every artist has one. Intended.
     const bool exempt = ArtistThreshold(choices) == 0 && IsLastOfList();
     if (choices.chkSubFolder && !exempt &&

@@ -5,7 +5,9 @@
 #include "core/names/fix_file_name.h"
 #include "core/names/fixing_rules.h"
 #include "core/platform/path.h"
+#include "core/tags/genres.h"
 #include "core/tags/id3v1.h"
+#include "core/text/code_page.h"
 #include "core/text/letter_case.h"
 
 namespace mdlPLM {
@@ -20,6 +22,12 @@ bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 /// A target folder that ends in a separator gets a second one: the file system takes no offence,
 /// and the text stays the user's. Intended.
 Text Below(TextView folder, TextView name) { return Text(folder) + Separator + Text(name); }
+
+/// What GetFileGenre gives, from tags that have been read already.
+Text GenreOf(const FileTags& tags) {
+    if (!tags.Exists) return {};
+    return FromCodePage(GenreNameOfNumber(static_cast<unsigned char>(tags.V1.Genre)));
+}
 
 }  // namespace
 
@@ -42,15 +50,16 @@ std::optional<Text> ArtistOf(TextView name) {
 
 SortNames NamesOf(TextView source, const SortRules& rules, Disk& disk) {
     const SortChoices& choices = rules.Choices;
+    SilentErrors silent;
     if (!choices.chkConvert) {
         const Text present = FileNameOfPath(source);
-        return {present, present};
+        const Text contents = disk.ContentsAt(source);
+        return {present, present, choices.chkGenre ? GetFileGenre(contents, silent) : Text()};
     }
-    SilentErrors silent;
     const FileTags tags = ReadFileTags(disk.ContentsAt(source), ID3v2Parts::NameFields, silent);
     const Text fixed = FixFileName(source, choices.OutPattern, tags, rules.Context);
     const bool fromBox = !rules.Multiple && !choices.txtNewName.empty();
-    return {fromBox ? choices.txtNewName : fixed, fixed};
+    return {fromBox ? choices.txtNewName : fixed, fixed, choices.chkGenre ? GenreOf(tags) : Text()};
 }
 
 void Descend(FolderLevels& levels, TextView text) {
@@ -70,11 +79,10 @@ Status EnsureFolders(const FolderLevels& levels, Disk& disk, Text& failed) {
     return {};
 }
 
-FolderLevels FoldersOf(TextView contents, TextView newName, const SortChoices& choices) {
+FolderLevels FoldersOf(const SortNames& names, const SortChoices& choices) {
     FolderLevels levels{choices.txtTargetDir};
-    SilentErrors silent;
-    if (choices.chkGenre) Descend(levels, GetFileGenre(contents, silent));
-    if (choices.chkAlphabetical) Descend(levels, LetterOf(newName));
+    if (choices.chkGenre) Descend(levels, names.Genre);
+    if (choices.chkAlphabetical) Descend(levels, LetterOf(names.NewName));
     return levels;
 }
 

@@ -21,10 +21,11 @@ Text LetterOf(TextView newName);
 /// What stands before the first " - " of a name; nothing when there is no " - ".
 std::optional<Text> ArtistOf(TextView name);
 
-/// The names a file is sorted by.
+/// What a file is sorted by.
 struct SortNames {
     Text NewName;     ///< the name it gets
     Text ArtistName;  ///< the name whose beginning is its artist
+    Text Genre;       ///< of its trailer, when a genre folder is wanted
 };
 
 /// What all names and folders of one sort depend on.
@@ -34,7 +35,8 @@ struct SortRules {
     const NamingContext& Context;
 };
 
-/// The names of the file at `source`. The new-name box decides nothing about the artist.
+/// The names of the file at `source`, which is opened once at most. The new-name box decides
+/// nothing about the artist.
 SortNames NamesOf(TextView source, const SortRules& rules, Disk& disk);
 
 /// The target folder and the folders below it that lead to a file's place, outermost first.
@@ -48,8 +50,7 @@ void Descend(FolderLevels& levels, TextView text);
 Status EnsureFolders(const FolderLevels& levels, Disk& disk, Text& failed);
 
 /// The target folder with the genre and the letter folder of a file, as far as they are wanted.
-/// `contents` is where its tags can be read.
-FolderLevels FoldersOf(TextView contents, TextView newName, const SortChoices& choices);
+FolderLevels FoldersOf(const SortNames& names, const SortChoices& choices);
 
 /// How many files an artist needs for a folder; 0: every artist has one.
 long long ArtistThreshold(const SortChoices& choices);

@@ -14,9 +14,14 @@ namespace {
 
 class ElsewhereDisk final : public SystemDisk {
 public:
-    Text ContentsAt(TextView path) override { return path == At ? Contents : Text(path); }
+    Text ContentsAt(TextView path) override {
+        if (path != At) return Text(path);
+        ++TimesAsked;
+        return Contents;
+    }
     Text At;
     Text Contents;
+    int TimesAsked = 0;
 };
 
 TEST(SortContents, TagsAreReadWhereTheDiskHasThem) {
@@ -44,6 +49,8 @@ TEST(SortContents, TagsAreReadWhereTheDiskHasThem) {
     }
     EXPECT_EQ(ListTree(choices.txtTargetDir),
               (std::vector<Bytes>{"Rock/", "Rock/Abba - Waterloo.mp3"}));
+    // Once for the name and the genre together.
+    EXPECT_EQ(disk.TimesAsked, 1);
 }
 
 }  // namespace
