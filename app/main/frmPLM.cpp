@@ -32,6 +32,7 @@ struct ControlIcon {
 constexpr ControlIcon ControlIcons[] = {
     {"cmdAddFiles", IconName::AddFiles},
     {"mnuAddFiles", IconName::AddFiles},
+    {"mnuAddFolder", IconName::AddFolder},
     {"cmdLoad", IconName::OpenList},
     {"mnuLoad", IconName::OpenList},
     {"cmdSave", IconName::SaveList},
@@ -69,11 +70,12 @@ constexpr ControlIcon ControlIcons[] = {
 
 /// What would change the list, or needs it to stand still. At rest while long work is under way.
 constexpr const char* RestingControls[] = {
-    "cmdAddFiles",     "mnuAddFiles",     "cmdLoad",       "mnuLoad",         "cmdSave",
-    "mnuSave",         "cmdClear",        "mnuClear",      "mnuRemFromList",  "mnuRemFromHD",
-    "mnuNonExistent",  "mnuSelV1Files",   "mnuSelV2Files", "cmdSort",         "mnuSort",
-    "cmdSortThisFile", "mnuSortThisFile", "cmdSaveID3",    "mnuSaveID3",      "cmdFixID3",
-    "mnuFixID3",       "cmdOptions",      "mnuOptions",    "cmdNameFromFile", "mnuNameFromFile",
+    "cmdAddFiles",     "mnuAddFiles",     "mnuAddFolder",    "cmdLoad",       "mnuLoad",
+    "cmdSave",         "mnuSave",         "cmdClear",        "mnuClear",      "mnuRemFromList",
+    "mnuRemFromHD",    "mnuNonExistent",  "mnuSelV1Files",   "mnuSelV2Files", "cmdSort",
+    "mnuSort",         "cmdSortThisFile", "mnuSortThisFile", "cmdSaveID3",    "mnuSaveID3",
+    "cmdFixID3",       "mnuFixID3",       "cmdOptions",      "mnuOptions",    "cmdNameFromFile",
+    "mnuNameFromFile",
 };
 
 void SetIcon(QObject& control, const QIcon& icon) {

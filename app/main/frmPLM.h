@@ -73,6 +73,7 @@ private:
     void ConnectSelectionButtons();
     void StartAdding(AddRequest request);
     void cmdAddFiles_Click();
+    void mnuAddFolder_Click();
     void cmdLoad_Click();
     void cmdSave_Click();
     void cmdClear_Click();

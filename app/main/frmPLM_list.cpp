@@ -65,6 +65,7 @@ void frmPLM::SetUpLists() {
 void frmPLM::ConnectList() {
     connect(ui_->cmdAddFiles, &QPushButton::clicked, this, &frmPLM::cmdAddFiles_Click);
     connect(ui_->mnuAddFiles, &QAction::triggered, this, &frmPLM::cmdAddFiles_Click);
+    connect(ui_->mnuAddFolder, &QAction::triggered, this, &frmPLM::mnuAddFolder_Click);
     connect(ui_->cmdLoad, &QPushButton::clicked, this, &frmPLM::cmdLoad_Click);
     connect(ui_->mnuLoad, &QAction::triggered, this, &frmPLM::cmdLoad_Click);
     connect(ui_->cmdSave, &QPushButton::clicked, this, &frmPLM::cmdSave_Click);
@@ -121,6 +122,14 @@ void frmPLM::cmdAddFiles_Click() {
     request.Paths = chosen.Paths;
     request.As = chosen.FilterIndex == PlaylistsFilter ? AddAs::ListFile : AddAs::File;
     StartAdding(std::move(request));
+}
+
+void frmPLM::mnuAddFolder_Click() {
+    const Text folder =
+        context_.Dialogs.BrowseForFolder(this, FromQt(tr("Add Folder")), context_.Values.LastDir);
+    if (folder.empty()) return;
+    context_.Values.LastDir = JoinPath(folder, {});
+    AddPaths({folder});
 }
 
 void frmPLM::cmdLoad_Click() {

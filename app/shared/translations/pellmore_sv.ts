@@ -1450,6 +1450,10 @@ Filer och mappar kan släppas här.</translation>
         <translation>&amp;Lägg till filer...</translation>
     </message>
     <message>
+        <source>Add F&amp;older...</source>
+        <translation>Lägg till &amp;mapp...</translation>
+    </message>
+    <message>
         <source>Choose files, sorting lists or playlists to add to the list.</source>
         <translation>Välj filer, sorteringslistor eller spellistor att lägga till i listan.</translation>
     </message>
@@ -1860,6 +1864,10 @@ Filer och mappar kan släppas här.</translation>
     <message>
         <source>Add Files</source>
         <translation>Lägg till filer</translation>
+    </message>
+    <message>
+        <source>Add Folder</source>
+        <translation>Lägg till mapp</translation>
     </message>
     <message>
         <source>Load List</source>

@@ -34,6 +34,7 @@ private slots:
     void EmptyListSaysThatFilesCanBeDropped();
     void AddsFilesFromTheDialog();
     void AddFilesDialogOffersThreeFiltersAndStartsInLastFolder();
+    void AddsFolderFromTheMenu();
     void CancelledDialogChangesNothing();
     void PlaylistsFilterHandsFilesToTheLoader();
     void OtherFileUnderPlaylistsFilterGivesTheMessage();
@@ -140,6 +141,21 @@ void FrmPLMListTest::AddFilesDialogOffersThreeFiltersAndStartsInLastFolder() {
     QCOMPARE(ToQt(asked.Filter),
              QStringLiteral("MP3 Files (*.mp3;*.mp2)|*.mp3;*.mp2|Playlists "
                             "(*.srt;*.m3u;*.pls)|*.srt;*.m3u;*.pls|All Files (*.*)|*.*"));
+}
+
+void FrmPLMListTest::AddsFolderFromTheMenu() {
+    static_cast<void>(plm_->Folder.File(u"m/sub/b.mp3"));
+    static_cast<void>(plm_->Folder.File(u"m/a.MP3"));
+    static_cast<void>(plm_->Folder.File(u"m/c.ogg"));
+    plm_->Context.Values.LastDir = u"/some/where/";
+    plm_->Dialogs.Folders = {u"", plm_->Folder / u"m"};
+    plm_->Trigger("mnuAddFolder");
+    QCOMPARE(plm_->Context.Values.LastDir, Text(u"/some/where/"));
+    plm_->Trigger("mnuAddFolder");
+    plm_->Settle();
+    QCOMPARE(plm_->Dialogs.Requests.at(1).InitialFolder, Text(u"/some/where/"));
+    QCOMPARE(Names(), (QStringList{QStringLiteral("a.MP3"), QStringLiteral("b.mp3")}));
+    QCOMPARE(plm_->Context.Values.LastDir, plm_->Folder / u"m/");
 }
 
 void FrmPLMListTest::CancelledDialogChangesNothing() {
