@@ -136,8 +136,11 @@ void frmPLM::cmdLoad_Click() {
     const FileDialogResult chosen = context_.Dialogs.OpenFiles(
         this, {FromQt(tr("Load List")), context_.Values.LastDir, Text(LoadFilter), false});
     if (chosen.Paths.empty()) return;
-    list_.Clear();
-    ResetFileView();
+    // What is refused takes nobody's list away.
+    if (KindOfListFile(chosen.Paths.front()) != ListFileKind::Other) {
+        list_.Clear();
+        ResetFileView();
+    }
     AddRequest request;
     request.Paths = {chosen.Paths.front()};
     request.As = AddAs::ListFile;

@@ -69,6 +69,7 @@ private slots:
     void SavesPlaylistByChosenFilterNotExtension();
     void ListThatCannotBeSavedIsReported();
     void LoadReplacesTheList();
+    void FileThatIsRefusedLeavesTheList();
     void LoadDialogOffersThreeFilters();
     void LongWorkCanBeStoppedAndLocksTheList();
     void ClosingStopsLongWorkFirst();
@@ -502,6 +503,17 @@ void FrmPLMListTest::LoadReplacesTheList() {
     QCOMPARE(Names(), QStringList{QStringLiteral("c.mp3")});
     QCOMPARE(plm_->Lines("lstPreview"), QStringList{QString()});
     QCOMPARE(plm_->TextOf("txtOldName"), QString());
+}
+
+void FrmPLMListTest::FileThatIsRefusedLeavesTheList() {
+    DropFiles({u"a.mp3", u"b.mp3"});
+    plm_->Dialogs.Results = {{{plm_->Folder.File(u"l.m3u8", "c.mp3\n")}, 2}};
+    plm_->Click("cmdLoad");
+    plm_->Settle();
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QVERIFY(ToQt(plm_->Ask.Log[0].What.Body)
+                .endsWith(QLatin1String("That was not a compatible playlist!")));
+    QCOMPARE(Names(), (QStringList{QStringLiteral("a.mp3"), QStringLiteral("b.mp3")}));
 }
 
 void FrmPLMListTest::LoadDialogOffersThreeFilters() {
