@@ -1,9 +1,11 @@
 #include "app/main/tag_panel.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "core/tags/id3v2_writer.h"
 #include "core/text/code_page.h"
+#include "tests/support/child_process.h"
 #include "tests/support/error_numbers.h"
 #include "tests/support/real_mp3.h"
 #include "tests/support/tag_bytes.h"
@@ -519,6 +521,35 @@ TEST_F(Panel, AFileWhoseTagsCouldNotBeReadIsNotWritten) {
     panel_.TickID3v1(true);
     EXPECT_EQ(panel_.SaveID3().Reason, u"Error: 62\r\nInput past end of file");
     EXPECT_EQ(ReadFile(path), broken);
+}
+
+TEST_F(Panel, AFileBelow128BytesIsNotWritten) {
+    const Text path = Show(Noise(127));
+    EXPECT_EQ(test::NumbersOf(errors_), std::vector{ErrorNumber::BadRecordNumber});
+    panel_.TickID3v1(true);
+    panel_.TickID3v2(true);
+    panel_.Enter(TagBox::txtV2Title, u"New");
+    EXPECT_EQ(panel_.SaveID3().Reason, u"Error: 63\r\nBad record number");
+    EXPECT_EQ(ReadFile(path), Noise(127));
+}
+
+TEST_F(Panel, AFileThatBecameReadOnlySinceItWasShownStays) {
+    const Bytes tag = WholeTag(TextFrame("TIT2", "Old"), 20);
+    for (const Bytes& file : {Audio + Trailer("Old"), tag + Audio + Trailer("Old")}) {
+        const Text path = Show(file);
+        panel_.TickID3v2(true);
+        panel_.Enter(TagBox::txtV2Title, u"A new and longer title");
+        ASSERT_EQ(::chmod(ToUtf8(path).c_str(), 0444), 0);
+        const auto save = [this] {
+            ObeyPermissions();
+            const PanelSave saved = panel_.SaveID3();
+            const bool told = saved.Reason == u"Error: 70\r\nPermission denied";
+            return told && panel_.Boxes().txtV2Title == u"A new and longer title" ? 0 : 1;
+        };
+        EXPECT_EQ(RunInChild(save), 0);
+        EXPECT_TRUE(ReadFile(path) == file);
+        ASSERT_EQ(::chmod(ToUtf8(path).c_str(), 0644), 0);
+    }
 }
 
 // --- saving all ---
