@@ -775,5 +775,32 @@ TEST_F(Panel, ARealFileIsReadByAnotherProgramAfterABatchSave) {
     EXPECT_EQ(test::DecodedSamples(path), before);
 }
 
+// With what is handed on an old tag has no room; without, it has, and declares ten bytes too many.
+TEST_F(Panel, FurtherSavesGrowTheFileOrTakeTenBytesOfItsMusic) {
+    const auto saveThrice = [this](const Text& path) {
+        std::vector<std::size_t> sizes;
+        for (const TextView album : {u"Album 1", u"Album 2", u"Album 3"}) {
+            panel_.ShowBatch();
+            panel_.Enter(TagBox::txtV2Album, album);
+            Finish(panel_.SaveAll({path}));
+            sizes.push_back(ReadFile(path).size());
+        }
+        return sizes;
+    };
+    const Bytes music = EncodedMp3();
+    const Text path = Make(u"kept.mp3", music);
+    const Bytes samples = test::DecodedSamples(path);
+    const std::size_t frames = BuildFrame("TALB", "Album 1").size();
+    const std::size_t first = 10 + 2 * frames + music.size();
+    const std::size_t second = first + 2 * frames + 20;
+    EXPECT_EQ(saveThrice(path),
+              (std::vector<std::size_t>{first, second, second + 2 * frames + 30}));
+    EXPECT_EQ(test::DecodedSamples(path), samples);
+    settings_.bRemHiddenID3 = true;
+    const Text inPlace = Make(u"place.mp3", music);
+    EXPECT_EQ(saveThrice(inPlace), (std::vector<std::size_t>{first, first, first}));
+    EXPECT_EQ(ReadFile(inPlace).substr(10 + 2 * frames), Nuls(10) + music.substr(10));
+}
+
 }  // namespace
 }  // namespace mdlPLM
