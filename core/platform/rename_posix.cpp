@@ -47,9 +47,18 @@ int RenameInOneStep(const Bytes& from, const Bytes& to) {
 
 BytesView NameOf(BytesView path) { return path.substr(path.rfind('/') + 1); }
 
+// One folder can be written in many ways.
+bool IsSameFolder(const Bytes& a, const Bytes& b) {
+    struct stat first {};
+    struct stat second {};
+    return a == b || (::stat(a.empty() ? "." : a.c_str(), &first) == 0 &&
+                      ::stat(b.empty() ? "." : b.c_str(), &second) == 0 &&
+                      first.st_dev == second.st_dev && first.st_ino == second.st_ino);
+}
+
 bool DifferInLetterCaseOnly(const Bytes& a, const Bytes& b) {
-    return FolderOfNative(a) == FolderOfNative(b) &&
-           EqualIgnoringCase(PathFromNative(NameOf(a)), PathFromNative(NameOf(b)));
+    return EqualIgnoringCase(PathFromNative(NameOf(a)), PathFromNative(NameOf(b))) &&
+           IsSameFolder(FolderOfNative(a), FolderOfNative(b));
 }
 
 // True when the folder has an entry of exactly this spelling.

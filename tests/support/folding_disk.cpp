@@ -32,6 +32,11 @@ Text FoldingDisk::Spelt(TextView path) {
     return spelt;
 }
 
+bool FoldingDisk::IsSameFile(TextView a, TextView b) {
+    if (EachSpellingHasANumber && FileNameOfPath(a) != FileNameOfPath(b)) return false;
+    return inner_.IsSameFile(Spelt(a), Spelt(b));
+}
+
 Status FoldingDisk::Rename(TextView from, TextView to, IfTargetExists ifExists) {
     const Text source = Spelt(from);
     const Text target = Spelt(to);

@@ -8,11 +8,12 @@ namespace mdlPLM {
 
 class FoldingDisk : public Disk {
 public:
+    /// Some file systems number each spelling that a file is asked for as a file of its own.
+    bool EachSpellingHasANumber = false;
+
     bool Exists(TextView path) override { return inner_.Exists(Spelt(path)); }
     bool IsFolder(TextView path) override { return inner_.IsFolder(Spelt(path)); }
-    bool IsSameFile(TextView a, TextView b) override {
-        return inner_.IsSameFile(Spelt(a), Spelt(b));
-    }
+    bool IsSameFile(TextView a, TextView b) override;
     Status Rename(TextView from, TextView to, IfTargetExists ifExists) override;
     Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
                      std::unique_ptr<PiecewiseCopy>& copy) override {

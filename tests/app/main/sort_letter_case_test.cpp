@@ -35,14 +35,17 @@ protected:
 }  // namespace
 
 TEST_F(SortFolding, AChangeOfLetterCaseAloneIsMadeWithoutAQuestion) {
-    for (const SortMethod method : {SortMethod::Move, SortMethod::Rename}) {
-        list_.Clear();
-        const TempFolder fresh;
-        AddPath(fresh.File(u"abba - one.mp3", "one"));
-        choices_.Method = method;
-        choices_.txtTargetDir = fresh.Path();
-        EXPECT_EQ(SortHere(), Counts(1));
-        EXPECT_EQ(ListTree(fresh.Path()), (Tree{"Abba - One.mp3"}));
+    for (const bool numbered : {false, true}) {
+        folding_.EachSpellingHasANumber = numbered;
+        for (const SortMethod method : {SortMethod::Move, SortMethod::Rename}) {
+            list_.Clear();
+            const TempFolder fresh;
+            AddPath(fresh.File(u"abba - one.mp3", "one"));
+            choices_.Method = method;
+            choices_.txtTargetDir = fresh.Path();
+            EXPECT_EQ(SortHere(), Counts(1));
+            EXPECT_EQ(ListTree(fresh.Path()), (Tree{"Abba - One.mp3"}));
+        }
     }
     EXPECT_EQ(no_.Asked, 0);
 }
@@ -124,6 +127,7 @@ TEST_F(SortFolding, RandomBatchesLoseNoFileOfTheirs) {
         choices_.Method = *(Methods.begin() + pick(3));
         choices_.Exists = *(Choices.begin() + pick(3));
         choices_.txtTargetDir = folders[pick(2)];
+        folding_.EachSpellingHasANumber = pick(2) == 0;
         SortHere();
         EXPECT_EQ(LostSince(before, fresh.Path()), Contents{}) << "batch " << batch;
     }
