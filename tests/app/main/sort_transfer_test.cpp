@@ -485,7 +485,7 @@ TEST_F(SortFiles, AttributesAreSetOnTheSourceBeforeAnythingElse) {
         choices_.Method = method;
         choices_.Exists = IfExists::Replace;
         RecordingDisk disk;
-        const Text source = Add(u"abba_-_one.mp3");
+        const Text source = Add(u"abba_-_" + NumberText(static_cast<long long>(method)) + u".mp3");
         const NamingContext context = Context();
         SortRun run(list_, choices_, SortStart::All, context, disk, prompts_);
         while (run.Step()) {
