@@ -10,9 +10,11 @@ Text PathFromNative(BytesView native) { return FromUtf8(native); }
 
 Bytes NativePath(TextView path) { return ToUtf8(path); }
 
+// From the end, and by hand: searches for one of several characters look for each in turn.
 Pos LastSeparator(TextView path) {
-    const std::size_t found = path.find_last_of(u"\\/");
-    return found == TextView::npos ? 0 : static_cast<Pos>(found) + 1;
+    std::size_t length = path.size();
+    while (length > 0 && !IsSeparator(path[length - 1])) --length;
+    return static_cast<Pos>(length);
 }
 
 Text FileNameOfPath(TextView path) { return Mid(path, LastSeparator(path) + 1); }

@@ -7,7 +7,6 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdio>
 #include <ctime>
 #include <utility>
 
@@ -18,6 +17,7 @@ namespace mdlPLM::posix {
 namespace {
 
 constexpr int MostLinks = 40;  // as many as the system itself follows
+constexpr BytesView HexDigits = "0123456789abcdef";
 
 }  // namespace
 
@@ -126,9 +126,10 @@ Bytes TemporaryNameBeside(const Bytes& target) {
     std::array<unsigned, 2> numbers{};
     if (::getentropy(numbers.data(), sizeof numbers) != 0)
         numbers = {static_cast<unsigned>(::getpid()), static_cast<unsigned>(::clock())};
-    std::array<char, 32> name{};
-    (void)std::snprintf(name.data(), name.size(), "plm-%08x%08x.tmp", numbers[0], numbers[1]);
-    return FolderOfNative(target) + name.data();
+    Bytes name = FolderOfNative(target) + "plm-";
+    for (const unsigned number : numbers)
+        for (int shift = 28; shift >= 0; shift -= 4) name += HexDigits[number >> shift & 0xFU];
+    return name + ".tmp";
 }
 
 Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Handle& handle) {
