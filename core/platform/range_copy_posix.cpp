@@ -9,7 +9,16 @@ namespace mdlPLM::posix {
 
 namespace {
 
-constexpr std::size_t LargestBuffer = std::size_t{1} << 20;
+constexpr std::int64_t SmallestBuffer = std::int64_t{1} << 14;
+constexpr std::int64_t LargestBuffer = std::int64_t{1} << 20;
+
+// As large as what is there, or small files would be copied slower than their buffer is made. A
+// file that grows meanwhile is read in more pieces.
+std::size_t BufferFor(const Range& range) {
+    const auto most = static_cast<std::int64_t>(range.Count);
+    return static_cast<std::size_t>(
+        std::min(most, std::clamp(range.Expected, SmallestBuffer, LargestBuffer)));
+}
 
 #ifdef __linux__
 // The codes by which a pair of file systems says that bytes cannot be copied inside the kernel.
@@ -50,7 +59,7 @@ Status RangeCopier::Copy(int source, int target, const Range& range, std::size_t
 }
 
 Status RangeCopier::CopyByBuffer(int source, int target, const Range& range, std::size_t& got) {
-    buffer_.resize(std::min(range.Count, LargestBuffer));
+    if (buffer_.empty()) buffer_.resize(BufferFor(range));
     while (got < range.Count) {
         std::size_t read = 0;
         const std::size_t most = std::min(range.Count - got, buffer_.size());
