@@ -64,7 +64,7 @@ int Usage() {
 int main(int count, char** arguments) try {
     const Request request = ParseRequest(count, arguments);
     if (!request.Understood) return Usage();
-    // No collection goes before the end: see Targets in copying_bench.cpp.
+    // No collection goes before the end: see Targets in collection.h.
     std::list<Collection> collections;
     std::vector<Column> columns;
     for (const std::size_t files : request.Counts) {

@@ -1,6 +1,7 @@
 #include "bench/measure.h"
 
 #include <malloc.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <chrono>
@@ -15,6 +16,20 @@ std::string Formatted(const char* format, double value) {
     char buffer[64];
     std::snprintf(buffer, sizeof buffer, format, value);
     return buffer;
+}
+
+double InSeconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+}
+
+double ProcessorTime() {
+    double seconds = 0;
+    for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage usage{};
+        ::getrusage(who, &usage);
+        seconds += InSeconds(usage.ru_utime) + InSeconds(usage.ru_stime);
+    }
+    return seconds;
 }
 
 std::string Duration(double seconds) {
@@ -45,6 +60,12 @@ double Seconds(const std::function<void()>& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+double ProcessorSeconds(const std::function<void()>& work) {
+    const double start = ProcessorTime();
+    work();
+    return ProcessorTime() - start;
+}
+
 double Fastest(int rounds, const std::function<void()>& work,
                const std::function<void()>& prepare) {
     double fastest = std::numeric_limits<double>::max();
@@ -56,12 +77,12 @@ double Fastest(int rounds, const std::function<void()>& work,
 }
 
 std::pair<double, double> FastestOfBoth(int rounds, const std::function<void()>& first,
-                                        const std::function<void()>& second) {
+                                        const std::function<void()>& second, Clock clock) {
     std::pair<double, double> fastest(std::numeric_limits<double>::max(),
                                       std::numeric_limits<double>::max());
     for (int round = 0; round < rounds; ++round) {
-        fastest.first = std::min(fastest.first, Seconds(first));
-        fastest.second = std::min(fastest.second, Seconds(second));
+        fastest.first = std::min(fastest.first, clock(first));
+        fastest.second = std::min(fastest.second, clock(second));
     }
     return fastest;
 }

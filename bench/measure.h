@@ -32,6 +32,12 @@ private:
 /// How long one piece of work takes.
 double Seconds(const std::function<void()>& work);
 
+/// How long processors work on it, in this process, in its children that end meanwhile, and in the
+/// system for both: the same where nothing is waited for, and undisturbed by other programs.
+double ProcessorSeconds(const std::function<void()>& work);
+
+using Clock = double (*)(const std::function<void()>& work);
+
 /// Seconds of the fastest of `rounds` runs: the one that other programs disturbed least. `prepare`
 /// is run before each and not counted.
 double Fastest(
@@ -39,7 +45,7 @@ double Fastest(
 
 /// Two pieces of work measured in turns, so that both meet the machine in the same moods.
 std::pair<double, double> FastestOfBoth(int rounds, const std::function<void()>& first,
-                                        const std::function<void()>& second);
+                                        const std::function<void()>& second, Clock clock = Seconds);
 
 /// Bytes the program has allocated at this moment.
 std::size_t AllocatedBytes();

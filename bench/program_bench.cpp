@@ -1,5 +1,5 @@
 // pellmore-cli as whole processes, from their start to their end, against a program that does
-// nothing and against loops of the bare system calls.
+// nothing and against loops of the bare system calls, in processor time.
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -44,7 +44,8 @@ void MeasureStart(const Bytes& file, Column& column) {
         StartRounds, [] { RunProcess({PLM_EMPTY}); },
         [&] {
             RunProcess({PLM_CLI, "names", file});
-        });
+        },
+        ProcessorSeconds);
     column.AddTime("Start and end of an empty C program", empty, 1);
     column.AddTime("pellmore-cli names, one file", names, 1);
     column.AddRatio("... against the empty program", names, empty);
@@ -55,7 +56,8 @@ void MeasureNaming(const Bytes& folder, Column& column) {
         Rounds, [&] { ReadFolderBare(folder); },
         [&] {
             RunProcess({PLM_CLI, "names", folder});
-        });
+        },
+        ProcessorSeconds);
     column.AddTime("Bare walk and reads", bare, column.Files());
     column.AddTime("pellmore-cli names, the folder", names, column.Files());
     column.AddRatio("... against the bare calls", names, bare);
@@ -65,14 +67,14 @@ using CopyOne = void (*)(const Bytes& from, const Bytes& to);
 
 double SecondsOfBare(const std::vector<Bytes>& paths, CopyOne copy, Targets& targets) {
     const Bytes folder = NativePath(targets.Next());
-    return Seconds([&] {
+    return ProcessorSeconds([&] {
         for (const Bytes& path : paths) copy(path, folder + path.substr(path.rfind('/') + 1));
     });
 }
 
 double SecondsOfSort(const Bytes& list, Targets& targets) {
     const Bytes folder = NativePath(targets.Next());
-    return Seconds([&] {
+    return ProcessorSeconds([&] {
         RunProcess({PLM_CLI, "sort", "--method", "copy", "--keep-names", "--to", folder, list});
     });
 }
@@ -100,9 +102,10 @@ void MeasureCopies(const std::vector<Bytes>& paths, const char* what, Column& co
         safe = std::min(safe, SecondsOfBare(paths, CopyBareInTwoSteps, targets));
         sorted = std::min(sorted, SecondsOfSort(list, targets));
     }
-    column.AddTime("pellmore-cli sort --method copy, " + Bytes(what), sorted, paths.size());
+    column.AddTime("Bare calls of a copy, " + Bytes(what), bare, paths.size());
+    column.AddTime("pellmore-cli sort --method copy, the same", sorted, paths.size());
     column.AddRatio("... against the bare calls", sorted, bare);
-    column.AddRatio("... against them with temporary name and rename", sorted, safe);
+    column.AddRatio("... against them with a temporary name and a rename", sorted, safe);
 }
 
 /// Files of the size of a song: the same ones, each many times behind itself.
