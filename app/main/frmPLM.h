@@ -101,7 +101,7 @@ private:
     void chkPreview_Click();
     void cmbOutPattern_Change();
     void cmbOutPattern_Validate();
-    void AskToApplyPattern();
+    void AskToApplyPattern(std::vector<FileList::Index> rows);
     void Selection_Changed(bool byView);
     void List_Clicked();
     void ShowFile(FileList::Index row);

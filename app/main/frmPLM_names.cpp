@@ -115,16 +115,20 @@ void frmPLM::cmbOutPattern_Change() {
 void frmPLM::cmbOutPattern_Validate() {
     if (work_.Busy() || sort_ != nullptr) return;  // the box is left because it cannot be used now
     if (!std::exchange(outPatternEdited_, false) || !PreviewShown()) return;
-    // Asked when the focus has arrived: a box in the midst of its way would hold it up.
-    QMetaObject::invokeMethod(this, &frmPLM::AskToApplyPattern, Qt::QueuedConnection);
+    // Asked when the focus has arrived: a box in the midst of its way would hold it up. Meant are
+    // the files that are selected now: the click that leaves the box may select others.
+    const auto ask = [this, rows = list_.SelectedRows()] { AskToApplyPattern(rows); };
+    QMetaObject::invokeMethod(this, ask, Qt::QueuedConnection);
 }
 
-void frmPLM::AskToApplyPattern() {
+void frmPLM::AskToApplyPattern(std::vector<FileList::Index> rows) {
     const Message question{{},
                            u"The output pattern has been changed." + Text(CrLf) +
                                u"Would you like to apply the new pattern to selected files?",
                            {}};
-    if (context_.Ask.AskYesNo(question) == Answer::Yes) RecomputeNames(list_.SelectedRows());
+    if (context_.Ask.AskYesNo(question) != Answer::Yes) return;
+    rows.erase(std::lower_bound(rows.begin(), rows.end(), list_.Count()), rows.end());
+    RecomputeNames(std::move(rows));
 }
 
 void frmPLM::Selection_Changed(bool byView) {

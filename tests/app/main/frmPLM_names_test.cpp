@@ -45,6 +45,7 @@ private slots:
     void LeavingEditedPatternAsks();
     void AnswerYesAppliesPatternToSelectedLinesOnly();
     void AnswerYesRenewsTheNewNameOfTheShownFile();
+    void PatternGoesToTheFilesThatWereSelectedWhenItsBoxWasLeft();
     void LeavingUneditedPatternAsksNothing();
     void LeavingEditedPatternWithoutPreviewAsksNothing();
     void PatternThatIsChosenFromTheListCountsAsEdited();
@@ -305,6 +306,23 @@ void FrmPLMNamesTest::AnswerYesRenewsTheNewNameOfTheShownFile() {
     QCOMPARE(plm_->Lines("lstPreview"), (QStringList{QStringLiteral("Waterloo By Abba.mp3"),
                                                      QStringLiteral("Abba, Sos.mp3")}));
     QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("Abba, Sos.mp3"));
+}
+
+void FrmPLMNamesTest::PatternGoesToTheFilesThatWereSelectedWhenItsBoxWasLeft() {
+    Drop({u"abba - waterloo.mp3", u"abba - sos.mp3"});
+    plm_->Click("chkPreview");
+    plm_->Settle();
+    plm_->ClickLine("lstFiles", 0);
+    plm_->Ask.Answers = {Answer::Yes};
+    plm_->Get<QWidget>("cmbOutPattern").setFocus();
+    plm_->SetText("cmbOutPattern", QStringLiteral("%title.mp3"));
+    plm_->ClickLine("lstFiles", 1);
+    plm_->Settle();
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QCOMPARE(plm_->SelectedRows(), QList<int>{1});
+    QCOMPARE(plm_->Lines("lstPreview"),
+             (QStringList{QStringLiteral("Waterloo.mp3"), QStringLiteral("Sos By Abba.mp3")}));
+    QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("Sos By Abba.mp3"));
 }
 
 void FrmPLMNamesTest::LeavingUneditedPatternAsksNothing() {
