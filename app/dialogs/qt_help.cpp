@@ -22,11 +22,13 @@ bool OpenText(const QString& path) {
 
 QString OpenHelp(TextView programFolder, Disk& disk) {
     const QString path = ToQt(HelpFilePath(programFolder, disk));
-    if (OpenText(path)) return {};
-    return QCoreApplication::translate("Help",
-                                       "No program opens text files here. The help is in "
-                                       "the file \"%1\".")
-        .arg(path);
+    const QString told =
+        OpenText(path)
+            ? QCoreApplication::translate("Help", "The help is in the file \"%1\".")
+            : QCoreApplication::translate("Help",
+                                          "No program opens text files here. The help is in "
+                                          "the file \"%1\".");
+    return told.arg(path);
 }
 
 }  // namespace mdlPLM

@@ -95,6 +95,10 @@
 <context>
     <name>Help</name>
     <message>
+        <source>The help is in the file &quot;%1&quot;.</source>
+        <translation>Hjälpen finns i filen &quot;%1&quot;.</translation>
+    </message>
+    <message>
         <source>No program opens text files here. The help is in the file &quot;%1&quot;.</source>
         <translation>Inget program öppnar textfiler här. Hjälpen finns i filen &quot;%1&quot;.</translation>
     </message>
@@ -924,6 +928,10 @@ Den första av %n bilder</numerusform>
     <message>
         <source>The file itself is not changed.</source>
         <translation>Själva filen ändras inte.</translation>
+    </message>
+    <message>
+        <source>Open, paste or drop the text of an album here.</source>
+        <translation>Öppna, klistra in eller släpp texten om ett album här.</translation>
     </message>
     <message>
         <source>The album text. Select the lines of the tracks in it, or nothing for all of it.</source>

@@ -37,7 +37,8 @@ void qt_help_test::theHelpTextIsHandedToTheSystemsProgram() {
     TextViewer viewer;
     QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
     const Text help = folder_.File(u"50% #1 å/plm.txt", "help");
-    QCOMPARE(OpenHelp(folder_ / u"50% #1 å", disk_), QString());
+    QCOMPARE(OpenHelp(folder_ / u"50% #1 å", disk_),
+             QStringLiteral("The help is in the file \"%1\".").arg(ToQt(help)));
     QCOMPARE(viewer.Opened.size(), 1);
     QCOMPARE(viewer.Opened[0].toLocalFile(), ToQt(help));
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
@@ -46,7 +47,7 @@ void qt_help_test::theHelpTextIsHandedToTheSystemsProgram() {
 void qt_help_test::aMissingHelpTextIsThatProgramsToReport() {
     TextViewer viewer;
     QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
-    QCOMPARE(OpenHelp(folder_ / u"nowhere", disk_), QString());
+    QVERIFY(OpenHelp(folder_ / u"nowhere", disk_).startsWith(QStringLiteral("The help is in ")));
     QCOMPARE(viewer.Opened.size(), 1);
     QCOMPARE(viewer.Opened[0].toLocalFile(), ToQt(folder_ / u"nowhere/plm.txt"));
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
@@ -55,6 +56,7 @@ void qt_help_test::aMissingHelpTextIsThatProgramsToReport() {
 void qt_help_test::withoutSuchAProgramTheFileIsNamed() {
     // The platform that tests run on opens nothing.
     const QString told = OpenHelp(folder_.Path(), disk_);
+    QVERIFY(told.startsWith(QStringLiteral("No program opens text files here. ")));
     QVERIFY(told.contains(u'"' + ToQt(folder_ / u"plm.txt") + u'"'));
 }
 

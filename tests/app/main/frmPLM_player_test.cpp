@@ -253,7 +253,8 @@ void FrmPLMPlayerTest::HelpOpensTheHelpText() {
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
     QCOMPARE(viewer.Opened.size(), 1);
     QCOMPARE(viewer.Opened[0].toLocalFile(), ToQt(help));
-    QCOMPARE(plm_->TextOf("lblStatus"), QString());
+    QCOMPARE(plm_->TextOf("lblStatus"),
+             QStringLiteral("The help is in the file \"%1\".").arg(ToQt(help)));
 }
 
 void FrmPLMPlayerTest::HelpThatCannotBeOpenedIsTold() {

@@ -297,6 +297,7 @@ void frmNameFromFileTest::TypingDoesNotScan() {
 
 void frmNameFromFileTest::OffersToTakeLineEnds() {
     Open();
+    QCOMPARE(Box()->placeholderText(), "Open, paste or drop the text of an album here.");
     QVERIFY(!Get<QWidget>("fraLineEnds")->isVisible());
     OpenText("Artist: Foo\n1 - A - B\n2 - A - C\n");
     QVERIFY(Get<QWidget>("fraLineEnds")->isVisible());
