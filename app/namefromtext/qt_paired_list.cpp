@@ -72,12 +72,18 @@ void PairedListView::StretchScrolling() {
 }
 
 void PairedListView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Delete)
-        emit DeletePressed();
-    else if (event->key() == Qt::Key_F2)
-        emit EditPressed();
-    else
-        QListView::keyPressEvent(event);
+    switch (event->key()) {
+        case Qt::Key_Delete:
+            emit DeletePressed();
+            break;
+        case Qt::Key_F2:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            emit EditPressed();
+            break;
+        default:
+            QListView::keyPressEvent(event);
+    }
 }
 
 void PairedListView::paintEvent(QPaintEvent* event) {

@@ -242,6 +242,9 @@ void frmNameFromFileRunTest::ADoubleClickEditsTheName() {
     world_->Host.Edited = u"one.mp3";
     QTest::keyClick(NewList(), Qt::Key_F2);
     QCOMPARE(Rows(NewList()), QStringList({"one.mp3", "two.mp3"}));
+    world_->Host.Edited = u"first.mp3";
+    QTest::keyClick(NewList(), Qt::Key_Return);
+    QCOMPARE(Rows(NewList()), QStringList({"first.mp3", "two.mp3"}));
 }
 
 void frmNameFromFileRunTest::ACancelledEditChangesNothing() {
