@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -220,12 +222,17 @@ void frmPLM::RestoreLayout() {
         std::max(ui_->lblOutPattern->sizeHint().width(), ui_->lblTargetDir->sizeHint().width());
     ui_->lblOutPattern->setMinimumWidth(labels);
     ui_->lblTargetDir->setMinimumWidth(labels);
-    ui_->splMain->setSizes({760, 400});
+    // Where letters are large the two parts need more than their usual width.
+    const QScrollArea& tags = *ui_->scrTags;
+    const int list = std::max(760, ui_->splMain->widget(0)->minimumSizeHint().width());
+    const int panel = std::max(400, tags.widget()->minimumSizeHint().width() +
+                                        tags.verticalScrollBar()->sizeHint().width());
+    ui_->splMain->setSizes({list, panel});
     // A list that is not shown has no size of its own to be kept.
-    ui_->splLists->setSizes({380, 380});
+    ui_->splLists->setSizes({list / 2, list / 2});
     ui_->splMain->setStretchFactor(0, 3);
     ui_->splMain->setStretchFactor(1, 1);
-    if (!RestoreGeometry(*this, context_.Store)) FitOnScreen(*this, QSize(1180, 780));
+    if (!RestoreGeometry(*this, context_.Store)) FitOnScreen(*this, QSize(list + panel + 20, 780));
     RestoreSplitter(*ui_->splMain, context_.Store);
     RestoreSplitter(*ui_->splLists, context_.Store);
 }
