@@ -218,8 +218,10 @@ void frmPLM::SaveOnClose() {
 
 void frmPLM::RestoreLayout() {
     // One column of labels for both groups.
-    const int labels =
-        std::max(ui_->lblOutPattern->sizeHint().width(), ui_->lblTargetDir->sizeHint().width());
+    int labels = 0;
+    for (const QLabel* label : {ui_->lblInPattern, ui_->lblOutPattern, ui_->lblOldName,
+                                ui_->lblNewName, ui_->lblTargetDir, ui_->lblExists})
+        labels = std::max(labels, label->sizeHint().width());
     ui_->lblOutPattern->setMinimumWidth(labels);
     ui_->lblTargetDir->setMinimumWidth(labels);
     // Where letters are large the two parts need more than their usual width.

@@ -247,6 +247,18 @@ TEST(HelpText, NamesEveryPlaceholderAndEveryFile) {
         EXPECT_NE(help.find(word), std::string::npos) << word;
 }
 
+TEST(HelpText, NamesEveryCommandOfTheCommandLine) {
+    const std::string help = HelpText();
+    const std::string rows = ReadSource(SourceRoot() / "app/cli/option_rows.cpp");
+    const std::regex command("\\{Command::\\w+, \"([a-z]+)\"");
+    std::size_t commands = 0;
+    for (std::sregex_iterator at(rows.begin(), rows.end(), command), end; at != end; ++at) {
+        ++commands;
+        EXPECT_NE(help.find("pellmore-cli " + (*at)[1].str()), std::string::npos) << (*at)[1];
+    }
+    EXPECT_GT(commands, 6U);
+}
+
 TEST(HelpText, FitsIntoAnyEditor) {
     const Text help = FromUtf8(HelpText());
     EXPECT_EQ(help.find(u'\t'), Text::npos);
