@@ -101,7 +101,7 @@ void SaveInTurns(const std::vector<Text>& bare, const std::vector<Text>& own, co
 }
 
 void MeasureWay(std::size_t files, const Bytes& name, const Way& way, Column& column) {
-    // New files for each round, which all stay: see Targets in copying_bench.cpp.
+    // New files for each round, which all stay: see Targets in collection.h.
     std::list<Collection> collections;
     Times times{FastestOfEach(files), FastestOfEach(files)};
     for (int round = 0; round < Rounds; ++round) {
