@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollArea>
@@ -16,6 +15,7 @@
 #include "app/main/frmPLM_namefromtext.h"
 #include "app/main/frmSorting.h"
 #include "app/namefromtext/frmNameFromFile.h"
+#include "app/shared/elided_label.h"
 #include "app/shared/icons.h"
 #include "app/shared/qt_text.h"
 #include "app/shared/save_settings.h"
@@ -130,11 +130,8 @@ frmPLM::~frmPLM() {
 }
 
 void frmPLM::SetUpStatusLine() {
-    lblStatus_ = new QLabel(this);
+    lblStatus_ = new ElidedLabel(this);
     lblStatus_->setObjectName(QStringLiteral("lblStatus"));
-    lblStatus_->setTextFormat(Qt::PlainText);
-    // A long text is cut off; it must not widen the window.
-    lblStatus_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     lblStatus_->setIndent(ui_->layCentral->contentsMargins().left());
     cmdDetails_ = new QToolButton(this);
     cmdDetails_->setObjectName(QStringLiteral("cmdDetails"));

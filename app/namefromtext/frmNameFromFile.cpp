@@ -1,7 +1,6 @@
 #include "app/namefromtext/frmNameFromFile.h"
 
 #include <QCloseEvent>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
@@ -11,6 +10,7 @@
 #include "app/namefromtext/qt_pair_model.h"
 #include "app/namefromtext/qt_sliced_work.h"
 #include "app/shared/app_context.h"
+#include "app/shared/elided_label.h"
 #include "app/shared/entry_filter.h"
 #include "app/shared/file_drops.h"
 #include "app/shared/icons.h"
@@ -110,12 +110,11 @@ void frmNameFromFile::SetUpLists() {
 }
 
 void frmNameFromFile::SetUpStatusLine() {
-    lblWork_ = new QLabel(this);
+    lblWork_ = new ElidedLabel(this);
     prgWork_ = new QProgressBar(this);
     cmdDetails_ = new QPushButton(tr("S&how failed files..."), this);
     cmdStop_ = new QPushButton(Icon(IconName::Stop), tr("S&top"), this);
     lblWork_->setObjectName(QStringLiteral("lblWork"));
-    lblWork_->setTextFormat(Qt::PlainText);
     lblWork_->setIndent(ui_->layCentral->contentsMargins().left());
     prgWork_->setObjectName(QStringLiteral("prgWork"));
     prgWork_->setMaximumWidth(180);
@@ -126,6 +125,8 @@ void frmNameFromFile::SetUpStatusLine() {
     for (QWidget* widget : {static_cast<QWidget*>(prgWork_), static_cast<QWidget*>(cmdStop_),
                             static_cast<QWidget*>(cmdDetails_)}) {
         statusBar()->addPermanentWidget(widget);
+        // The lists above must not jump when long work begins.
+        lblWork_->setMinimumHeight(qMax(lblWork_->minimumHeight(), widget->sizeHint().height()));
         widget->hide();
     }
 }

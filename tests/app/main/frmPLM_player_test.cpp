@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QUrl>
 
+#include "app/shared/elided_label.h"
 #include "core/platform/path.h"
 #include "tests/support/qt_main_window.h"
 #include "tests/support/real_mp3.h"
@@ -172,6 +173,12 @@ void FrmPLMPlayerTest::FaultIsToldInTheStatusLine() {
     QCOMPARE(plm_->TextOf("lblStatus"),
              QStringLiteral("Nothing is played: there is no sound device."));
     QCOMPARE(PictureTip(), QString());
+    // A longer one is cut short with dots and stands in the tool tip.
+    const Text detail(500, u'x');
+    plm_->Players.Events.Failed({PlayerFault::Kind::CannotPlay, path, detail});
+    const auto& status = plm_->Get<ElidedLabel>("lblStatus");
+    QVERIFY(status.SeenText().endsWith(QChar(0x2026)));
+    QVERIFY(status.toolTip().endsWith(ToQt(detail)));
 }
 
 void FrmPLMPlayerTest::FaultIsForgottenWhenAnotherFileIsPlayed() {

@@ -2,6 +2,7 @@
 #include <QScrollBar>
 
 #include "app/namefromtext/frmNameFromFile.h"
+#include "app/shared/elided_label.h"
 #include "core/tags/file_tags.h"
 #include "core/text/code_page.h"
 #include "tests/app/namefromtext/name_from_file_fixture.h"
@@ -41,6 +42,7 @@ private slots:
     void UsesTheMainWindowsChoices();
     void TheControlsRestWhileTheRunIsUnderWay();
     void TheFocusReturnsAfterTheRun();
+    void ALongStatusTextIsCutShortWithDots();
     void ClosingTheWindowStopsTheRun();
     void TheMenuClosesTheWindow();
 
@@ -400,6 +402,12 @@ void frmNameFromFileRunTest::TheFocusReturnsAfterTheRun() {
     Get<QWidget>("cmdRenameFiles")->setFocus();
     Run();
     QCOMPARE(form_->focusWidget(), Get<QWidget>("cmdRenameFiles"));
+}
+
+void frmNameFromFileRunTest::ALongStatusTextIsCutShortWithDots() {
+    Open();
+    Get<ElidedLabel>("lblWork")->setText(QString(2000, u'x'));
+    QVERIFY(Get<ElidedLabel>("lblWork")->SeenText().endsWith(QChar(0x2026)));
 }
 
 void frmNameFromFileRunTest::ClosingTheWindowStopsTheRun() {
