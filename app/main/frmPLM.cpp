@@ -6,8 +6,6 @@
 #include <QDialogButtonBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -221,17 +219,17 @@ void frmPLM::RestoreLayout() {
         labels = std::max(labels, label->sizeHint().width());
     ui_->lblOutPattern->setMinimumWidth(labels);
     ui_->lblTargetDir->setMinimumWidth(labels);
-    // Where letters are large the two parts need more than their usual width.
-    const QScrollArea& tags = *ui_->scrTags;
-    const int list = std::max(760, ui_->splMain->widget(0)->minimumSizeHint().width());
-    const int panel = std::max(400, tags.widget()->minimumSizeHint().width() +
-                                        tags.verticalScrollBar()->sizeHint().width());
+    // Large letters need more room than the usual.
+    const int letters = fontMetrics().horizontalAdvance(QString(50, u'n'));
+    const int list = std::max(760, 2 * letters);
+    const int panel = std::max(400, letters);
     ui_->splMain->setSizes({list, panel});
     // A list that is not shown has no size of its own to be kept.
     ui_->splLists->setSizes({list / 2, list / 2});
     ui_->splMain->setStretchFactor(0, 3);
     ui_->splMain->setStretchFactor(1, 1);
-    if (!RestoreGeometry(*this, context_.Store)) FitOnScreen(*this, QSize(list + panel + 20, 780));
+    if (!RestoreGeometry(*this, context_.Store))
+        FitOnScreen(*this, QSize(list + panel + 20, std::max(780, 2 * letters)));
     RestoreSplitter(*ui_->splMain, context_.Store);
     RestoreSplitter(*ui_->splLists, context_.Store);
 }
