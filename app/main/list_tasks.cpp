@@ -89,8 +89,9 @@ void AddTask::Publish() {
 }
 
 TaskProgress AddTask::Progress() const {
-    const auto found = static_cast<long long>(added_ + readyPaths_.size() + found_.size());
-    return {request_.Words(PLM_TRANSLATE("Texts", "Adding files: %1 found"), {NumberText(found)}),
+    const auto found = added_ + readyPaths_.size() + found_.size();
+    return {request_.Words(PLM_TRANSLATE("Texts", "Adding files: %1 found"),
+                           {NumberText(static_cast<long long>(found))}),
             0, 0};
 }
 

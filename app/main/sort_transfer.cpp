@@ -128,7 +128,7 @@ FileTransfer::Result FileTransfer::Settle(Status status) {
 }
 
 Text FileTransfer::Reason() const {
-    const Text reason = choices_.Words(Describe(error_.Number()));
+    Text reason = choices_.Words(Describe(error_.Number()));
     if (!sourceStays_) return reason;
     return choices_.Words(
         PLM_TRANSLATE("Texts", "Copied, but the original could not be removed: %1"), {reason});

@@ -31,6 +31,10 @@ TEST(ListFileKinds, GoByTheLastFourCharactersOnly) {
         EXPECT_EQ(KindOfListFile(other), ListFileKind::Other);
 }
 
+TEST(ListFileKinds, AnotherKindNamesNothing) {
+    EXPECT_EQ(ParseListFile("/m/a.mp3\r\n", ListFileKind::Other, u"/x/list.txt"), Lines{});
+}
+
 TEST(SortingList, HoldsTheLinesAsTheListShowsThem) {
     FileList list;
     list.Append({u"C:\\Music\\song.mp3", u"/home/me/a b.mp3"});

@@ -95,12 +95,24 @@ TEST(CodePage, CharactersOutsideBecomeQuestionMarks) {
 }
 
 TEST(Utf8, AnyBytesSurviveBothWays) {
-    const Bytes samples[] = {"plain", "\xC3\xA5", "\xE9t\xE9", "\xF0\x9F\x98\x80", "\xED\xA0\x80",
-                             "\xC0\xAF", "\xF0\x9F\x92\x80\x80", "\xFF\xFE", "\xE2\x82"};
+    const Bytes samples[] = {"plain",
+                             "\xC3\xA5",
+                             "\xE9t\xE9",
+                             "\xF0\x9F\x98\x80",
+                             "\xED\xA0\x80",
+                             "\xC0\xAF",
+                             "\xF0\x9F\x92\x80\x80",
+                             "\xFF\xFE",
+                             "\xE2\x82"};
     for (const Bytes& sample : samples) EXPECT_EQ(ToUtf8(FromUtf8(sample)), sample);
     EXPECT_EQ(FromUtf8("\xE9"), Text(1, 0xDCE9));
     EXPECT_TRUE(IsValidUtf8("\xC3\xA5"));
     EXPECT_FALSE(IsValidUtf8("\xE9"));
+}
+
+TEST(Utf8, HalfOfASurrogatePairThatStandsForNoByteIsAQuestionMark) {
+    EXPECT_EQ(ToUtf8(Text{0xD83D, u'a', 0xDFFF}), "?a?");
+    EXPECT_EQ(ToUtf8(Text{0xD83D, 0xDC80}), "\xF0\x9F\x92\x80");
 }
 
 TEST(Utf8, TextFilesAreUtf8OrTheCodePage) {
