@@ -79,7 +79,7 @@ Text Capitals(const Text& given) {
     return text;
 }
 
-Text CaseChanged(Text text, const Settings& settings, bool firstLetterToo) {
+Text CaseChanged(const Text& text, const Settings& settings, bool firstLetterToo) {
     if (settings.Change == 1) return Capitals(text);
     if (settings.Change == 2 && firstLetterToo) return UCase(Left(text, 1)) + LCase(Mid(text, 2));
     if (settings.Change == 3) return UCase(text);
