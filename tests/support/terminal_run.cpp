@@ -2,6 +2,7 @@
 
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -21,6 +22,14 @@ std::vector<char*> Pointers(std::vector<Bytes>& texts) {
     for (Bytes& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     return pointers;
+}
+
+// The system would drop what a program says right behind an interrupt with what it said before.
+void KeepOutputBehindInterrupts() {
+    termios settings{};
+    if (::tcgetattr(STDIN_FILENO, &settings) != 0) ::_exit(CannotRun);
+    settings.c_lflag |= NOFLSH;
+    if (::tcsetattr(STDIN_FILENO, TCSANOW, &settings) != 0) ::_exit(CannotRun);
 }
 
 [[noreturn]] void Become(const ProgramCall& call) {
@@ -57,7 +66,10 @@ ProgramResult RunAtTerminal(const ProgramCall& call, const std::vector<TerminalS
     int terminal = -1;
     const winsize size = {24, 80, 0, 0};
     const pid_t child = ::forkpty(&terminal, nullptr, nullptr, &size);
-    if (child == 0) Become(call);
+    if (child == 0) {
+        KeepOutputBehindInterrupts();
+        Become(call);
+    }
     ProgramResult result;
     Bytes missing;
     std::size_t position = 0;
