@@ -133,6 +133,7 @@ private:
     void ConnectPlayer();
     void ConnectHelp();
     void PlayCurrentFile();
+    void TellOfPlaying(const QString& text);
     void cmdOpenMP3_MouseMove();
     void Player_Started(TextView file);
     void Player_Ended();
@@ -171,6 +172,7 @@ private:
     QToolButton* cmdDetails_ = nullptr;
     QString status_;  ///< what the status line says while no work is under way
     Details details_;
+    QString toldOfPlaying_;  ///< what the player said last
     bool closeWhenDone_ = false;
     QPointer<QWidget> focusBeforeWork_;
     QPointer<QWidget> focusPassedOn_;

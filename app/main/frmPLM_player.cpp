@@ -12,7 +12,7 @@ namespace mdlPLM {
 void frmPLM::ConnectPlayer() {
     player_.Watch({[this](const Text& file) { Player_Started(file); }, [this] { Player_Ended(); },
                    [this](const PlayerFault& fault) { Player_Failed(fault); },
-                   [this] { SetStatus(tr("Nothing is heard: there is no sound device.")); }});
+                   [this] { TellOfPlaying(tr("Nothing is heard: there is no sound device.")); }});
     connect(ui_->cmdOpenMP3, &QPushButton::clicked, this, &frmPLM::PlayCurrentFile);
     connect(ui_->mnuPlayFile, &QAction::triggered, this, &frmPLM::PlayCurrentFile);
     connect(ui_->mnuStopPlay, &QAction::triggered, this, [this] { player_.Stop(); });
@@ -27,8 +27,14 @@ void frmPLM::ConnectHelp() {
 void frmPLM::PlayCurrentFile() {
     const Text file = FileToPlay(CurrentPath(), MultipleSelection(), context_.Files);
     if (file.empty()) return;
-    SetStatus({});  // what was said of another file holds no more
+    // What was said of another file holds no more; what was said of other work stays.
+    if (!toldOfPlaying_.isEmpty() && status_ == toldOfPlaying_) TellOfPlaying({});
     player_.Play(file);
+}
+
+void frmPLM::TellOfPlaying(const QString& text) {
+    toldOfPlaying_ = text;
+    SetStatus(text);
 }
 
 void frmPLM::cmdOpenMP3_MouseMove() {
@@ -41,7 +47,7 @@ void frmPLM::Player_Ended() { tags_->ShowPlayed({}); }
 
 void frmPLM::Player_Failed(const PlayerFault& fault) {
     Player_Ended();
-    SetStatus(PlayerFaultText(fault));
+    TellOfPlaying(PlayerFaultText(fault));
 }
 
 void frmPLM::mnuHelpMe_Click() { SetStatus(OpenHelp(context_.ProgramFolder, context_.Files)); }

@@ -44,6 +44,7 @@ private slots:
     void OpenButtonNamesTheFileUnderTheMouse();
     void FaultIsToldInTheStatusLine();
     void FaultIsForgottenWhenAnotherFileIsPlayed();
+    void PlayingLeavesWhatWasSaidOfOtherWork();
     void MissingSoundDeviceIsToldInTheStatusLine();
     void SavingTheFileThatIsPlayedLetsGoOfIt_data();
     void SavingTheFileThatIsPlayedLetsGoOfIt();
@@ -190,6 +191,11 @@ void FrmPLMPlayerTest::FaultIsForgottenWhenAnotherFileIsPlayed() {
     plm_->ClickLine("lstFiles", 1);
     plm_->Click("cmdOpenMP3");
     QCOMPARE(plm_->TextOf("lblStatus"), QString());
+}
+
+void FrmPLMPlayerTest::PlayingLeavesWhatWasSaidOfOtherWork() {
+    PlayOne();
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("1 file added."));
 }
 
 void FrmPLMPlayerTest::MissingSoundDeviceIsToldInTheStatusLine() {
