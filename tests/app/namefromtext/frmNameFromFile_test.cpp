@@ -19,6 +19,7 @@ private slots:
     void ShowsItsTextsAndTips();
     void ExplainsThePatterns();
     void TakesThePatternsOfTheMainWindow();
+    void ThePatternBoxesTakeEveryKey();
     void OffersEveryGenreAndChoosesNone();
     void OpensInTheMiddleOfTheScreen();
     void FitsASmallScreen();
@@ -134,6 +135,17 @@ void frmNameFromFileTest::TakesThePatternsOfTheMainWindow() {
     QCOMPARE(in->currentText(), "%artist: %title..");
     QCOMPARE(Get<QComboBox>("cmbOutPattern")->count(), 1);
     QCOMPARE(Get<QComboBox>("cmbOutPattern")->currentText(), "%title (%artist).mp3");
+}
+
+// Unlike those of the main window: a text has separators that no file name can hold.
+void frmNameFromFileTest::ThePatternBoxesTakeEveryKey() {
+    Open();
+    for (const char* name : {"cmbInPattern", "cmbOutPattern"}) {
+        auto* box = Get<QComboBox>(name);
+        box->clearEditText();
+        QTest::keyClicks(box, R"(%track: "%title" <%artist> |*?\/)");
+        QCOMPARE(box->currentText(), R"(%track: "%title" <%artist> |*?\/)");
+    }
 }
 
 void frmNameFromFileTest::OffersEveryGenreAndChoosesNone() {
