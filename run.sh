@@ -18,6 +18,8 @@ has_display() {
 targets=()
 if [ "${1-}" = demo ]; then targets=(--target pellmore-cli); fi
 
+[ -x "$here/build/release/pellmore-cli" ] ||
+    echo "Building for the first time; this takes some minutes." >&2
 log=$(mktemp)
 if ! (cd "$here" && cmake --preset release &&
       cmake --build --preset release "${targets[@]}") >"$log" 2>&1; then
