@@ -1,5 +1,6 @@
 // frmPLM: names are made, and the shown file with its old and its new name.
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <algorithm>
 #include <numeric>
