@@ -147,13 +147,13 @@ void frmPLM_tagpanel::CopyToV1() {
 }
 
 PanelSave frmPLM_tagpanel::SaveID3() {
-    const PanelSave saved = panel_.SaveID3();
+    PanelSave saved = panel_.SaveID3();
     Show();
     return saved;
 }
 
 PanelSave frmPLM_tagpanel::FixID3(TextView inPattern) {
-    const PanelSave saved = panel_.FixID3(inPattern);
+    PanelSave saved = panel_.FixID3(inPattern);
     Show();
     return saved;
 }
