@@ -1,5 +1,5 @@
-// Texts of our own in the user's language. The texts that files, messages and captions are known by
-// are not among them.
+// Texts of our own in the user's language. The wording that files, formats and messages have always
+// had is not among them.
 #pragma once
 
 #include <functional>
