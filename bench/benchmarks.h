@@ -13,6 +13,7 @@ void MeasureListing(const Collection& collection, Column& column);
 void MeasureList(const Collection& collection, Column& column);
 void MeasureCopying(const Collection& collection, Column& column);
 void MeasureTagging(const Collection& collection, Column& column);
+void MeasureWhole(const Collection& collection, Column& column);
 void MeasureProgram(const Collection& collection, Column& column);
 
 struct Benchmark {
@@ -20,11 +21,12 @@ struct Benchmark {
     void (*Measure)(const Collection& collection, Column& column);
 };
 
-inline constexpr std::array<Benchmark, 6> Benchmarks = {{{"names", MeasureNames},
+inline constexpr std::array<Benchmark, 7> Benchmarks = {{{"names", MeasureNames},
                                                          {"listing", MeasureListing},
                                                          {"list", MeasureList},
                                                          {"copying", MeasureCopying},
                                                          {"tagging", MeasureTagging},
+                                                         {"whole", MeasureWhole},
                                                          {"program", MeasureProgram}}};
 
 }  // namespace mdlPLM::bench
