@@ -24,10 +24,11 @@ bool FileTransfer::IsOtherSpelling(TextView source, TextView destination) {
 FileTransfer::Result FileTransfer::CopyOrMoveFile(TextView source, TextView destination) {
     const bool respell =
         choices_.Method == SortMethod::Move && IsOtherSpelling(source, destination);
-    if (disk_.IsSameFile(source, destination))
+    const bool exists = disk_.Exists(destination);
+    if (exists && disk_.IsSameFile(source, destination))
         return respell ? Rename(source, destination, IfTargetExists::Fail) : Result::Handled;
     SetAttributes(source);
-    if (!disk_.Exists(destination)) return Transfer(source, destination, IfTargetExists::Fail);
+    if (!exists) return Transfer(source, destination, IfTargetExists::Fail);
     // Some file systems give each spelling an identity of its own: the rename finds out.
     if (respell && Rename(source, destination, IfTargetExists::Fail) == Result::Handled)
         return Result::Handled;
