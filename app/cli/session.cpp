@@ -1,8 +1,5 @@
 #include "app/cli/session.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "core/names/settings_store.h"
 #include "core/names/text_lists.h"
 #include "core/platform/disk.h"
@@ -65,12 +62,6 @@ void LoadUserReplacements(Session& session) {
 }
 
 }  // namespace
-
-Text CurrentFolder() {
-    std::error_code error;
-    const std::filesystem::path current = std::filesystem::current_path(error);
-    return error ? Text() : JoinPath(PathFromNative(current.string()), {});
-}
 
 bool TakeSettings(Session& session) {
     const CommonOptions& common = session.Asked.Common;

@@ -6,6 +6,7 @@
 #include "app/cli/options.h"
 #include "app/cli/report.h"
 #include "core/names/settings.h"
+#include "core/platform/disk.h"
 
 namespace mdlPLM::cli {
 
@@ -27,8 +28,7 @@ struct Session {
     ReplacementList Replacements;
 };
 
-/// The current folder with a separator at its end; empty when it cannot be told.
-Text CurrentFolder();
+using mdlPLM::CurrentFolder;
 
 /// Fills the settings and the replacement list: the user's own or the defaults, then --replaces,
 /// the patterns and every --setting. False, and told, when something of that is wrong.

@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "core/names/text_lists.h"
+#include "core/platform/disk.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM {
@@ -99,6 +100,11 @@ Text MisuseText(const Language& words) {
     return Refusal(reason) + u"\n" + UsageText(words);
 }
 
+// What is listed is found again from anywhere, and an input pattern with folders finds them.
+void MakeWhole(std::vector<Text>& paths) {
+    for (Text& path : paths) path = AbsolutePath(path);
+}
+
 bool IsSet(const char* value) { return value != nullptr && *value != '\0'; }
 
 }  // namespace
@@ -135,6 +141,8 @@ bool HasDisplay(const Environment& environment) {
 
 int RunProgram(const std::vector<Text>& arguments, const Surroundings& surroundings) {
     StartRequest request = ParseArguments(arguments);
+    MakeWhole(request.ListPaths);
+    MakeWhole(request.Job.Paths);
     switch (request.Kind) {
         case StartKind::Help:
             return Print(surroundings.Out, HelpText(surroundings.Words));

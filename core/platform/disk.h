@@ -163,6 +163,12 @@ Text ProgramFolder();
 Text ConfigurationFolder();
 Text DataFolder();
 
+/// The folder that relative paths are below, with trailing separator; empty when it cannot be told.
+Text CurrentFolder();
+/// A path that is the same file from wherever it is looked at. Without a current folder it stays
+/// as it is.
+Text AbsolutePath(TextView path);
+
 /// The user's temporary folder with trailing separator.
 Text TemporaryFolder();
 

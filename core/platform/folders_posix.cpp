@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include "core/platform/disk.h"
 #include "core/platform/path.h"
@@ -75,6 +77,19 @@ Text ProgramFolder() {
 Text ConfigurationFolder() { return UserFolder("XDG_CONFIG_HOME", ".config"); }
 
 Text DataFolder() { return UserFolder("XDG_DATA_HOME", ".local/share"); }
+
+Text CurrentFolder() {
+    std::error_code error;
+    const std::filesystem::path current = std::filesystem::current_path(error);
+    return error ? Text() : WithSeparator(current.native());
+}
+
+Text AbsolutePath(TextView path) {
+    const Text current = CurrentFolder();
+    if (path.empty() || path.front() == Separator || current.empty()) return Text(path);
+    while (StartsWith(path, u"./")) path.remove_prefix(2);
+    return path == u"." ? current : current + Text(path);
+}
 
 Text TemporaryFolder() {
     const Bytes folder = AbsoluteFromEnvironment("TMPDIR");

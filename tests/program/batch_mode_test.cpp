@@ -128,6 +128,16 @@ TEST_F(BatchMode, NamesThatAreNoTextCanBeRenamed) {
     ExpectSilent(Rename("renamed.mp3", {Music / PathFromNative("bl\xE5tt.ogg")}), 0);
 }
 
+TEST_F(BatchMode, AnInputPatternWithFoldersFindsThemFromInsideThem) {
+    WriteFile(Program.SettingsFile(),
+              "[Settings]\nInPattern=%artist\\%album\\%track - %title.mp3\n");
+    Song(u"abba/gold/07 - waterloo.mp3");
+    Program.StartIn(Music / u"abba/gold");
+    ExpectSilent(Rename("%artist - %album - %title.mp3", {u"07 - waterloo.mp3"}), 0);
+    EXPECT_EQ(Names(),
+              (std::vector<Bytes>{"abba/", "abba/gold/", "abba/gold/Abba - Gold - Waterloo.mp3"}));
+}
+
 TEST_F(BatchMode, WorksInAFolderGivenWithoutItsPath) {
     (void)Song(u"a b.mp3");
     Program.StartIn(Music.Path());

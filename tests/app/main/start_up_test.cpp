@@ -5,6 +5,7 @@
 #include <map>
 #include <sstream>
 
+#include "core/platform/path.h"
 #include "tests/support/temp_folder.h"
 
 using namespace mdlPLM;
@@ -108,6 +109,17 @@ TEST(StartUp, ListOpensTheWindowWithItsPaths) {
     start.Display = true;
     EXPECT_EQ(start.Run({u"+list", u"/m/a b.mp3", u"/m"}), 0);
     EXPECT_EQ(start.Opened, (std::vector<Text>{u"/m/a b.mp3", u"/m"}));
+}
+
+// A sorting list that is saved from them is of use in another folder too.
+TEST(StartUp, RelativePathsAreListedWhole) {
+    Start start;
+    start.Display = true;
+    EXPECT_EQ(start.Run({u"+list", u"a b.mp3", u"./m", u"..", u"."}), 0);
+    const Text here = CurrentFolder();
+    EXPECT_EQ(here.back(), Separator);
+    EXPECT_EQ(start.Opened,
+              (std::vector<Text>{here + u"a b.mp3", here + u"m", here + u"..", here}));
 }
 
 TEST(StartUp, BatchModeWithoutFilesEndsAtOnce) {
