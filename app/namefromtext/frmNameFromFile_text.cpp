@@ -128,8 +128,8 @@ void frmNameFromFile::cmdScan_Click() {
     const ScanChoices choices = ReadScanChoices();
     if (const std::optional<Text> fault = FaultOfIgnoreBoxes(choices, UserLanguage()))
         return context_.Ask.Inform({{}, *fault, {}});
-    const Text selected = ui_->txtSourceText->SelectedText();
-    ScanChosenText(selected.empty() ? std::move(whole) : selected, choices);
+    Text selected = ui_->txtSourceText->SelectedText();
+    ScanChosenText(std::move(selected.empty() ? whole : selected), choices);
 }
 
 void frmNameFromFile::ScanChosenText(Text text, ScanChoices choices) {
