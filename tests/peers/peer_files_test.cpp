@@ -65,8 +65,8 @@ protected:
     }
 
     const TempFolder folder_;
-    const Settings settings_;
-    const ReplacementList replacements_;
+    Settings settings_;
+    ReplacementList replacements_;
     CollectedErrors errors_;
 };
 
