@@ -58,7 +58,7 @@ void SortWatch::PutFolders() {
 // The folders of artists are made before the first file is begun.
 void SortWatch::PutFolderFailures(const SortReport& now) {
     for (; failures_ < now.Failures.size(); ++failures_) {
-        const SortFailure& failure = now.Failures[failures_];
+        const FileFailure& failure = now.Failures[failures_];
         report_.Fail(spelling_.Shown(failure.Path), failure.Reason);
     }
 }

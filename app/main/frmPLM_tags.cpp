@@ -128,7 +128,7 @@ void frmPLM::TagRun_Done(const TagReport& report, const std::vector<FileList::In
     const Language words = UserLanguage();
     Details details;
     if (!report.Failures.empty())
-        details = [failures = report.Failures] { return TagFailureList(failures); };
+        details = [failures = report.Failures] { return FailureList(failures); };
     SetStatus(RunStatus(ToQt(TagSummaryText(report, words)), report.Stopped), std::move(details));
     const Text failures = TagFailureText(report.Failures, words);
     if (!failures.empty()) context_.Ask.Critical({{}, failures, {}});

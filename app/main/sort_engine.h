@@ -6,11 +6,11 @@
 #include <memory>
 #include <vector>
 
+#include "app/main/file_failures.h"
 #include "app/main/file_list.h"
 #include "app/main/sort_choices.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
-#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -21,12 +21,6 @@ bool CheckTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts)
 
 /// Which button started it: only the whole-list sort counts artists beforehand.
 enum class SortStart { All, ThisFile };
-
-/// One failed file, or a folder that could not be made, and why.
-struct SortFailure {
-    Text Path;
-    Text Reason;
-};
 
 struct SortProgress {
     Text Method;                ///< "Copying file:", "Moving file:", "Renaming file:"
@@ -54,10 +48,10 @@ struct SortReport {
     std::size_t LeftAlone = 0;
     /// Entries that stay without a failure: the file is missing or has no artist, "No" of a rename.
     std::size_t Skipped = 0;
-    bool Cancelled = false;  ///< ended by Cancel in a question
-    bool Stopped = false;    ///< ended by the stop flag
-    std::vector<SortFailure> Failures;
-    std::vector<SortedFile> Files;  ///< every entry that was looked at, in order
+    bool Cancelled = false;             ///< ended by Cancel in a question
+    bool Stopped = false;               ///< ended by the stop flag
+    std::vector<FileFailure> Failures;  ///< files, and folders that could not be made
+    std::vector<SortedFile> Files;      ///< every entry that was looked at, in order
 };
 
 class SortRun {
@@ -96,9 +90,7 @@ private:
 
 /// The one message at the end that names what failed and why; empty when nothing failed. It stays
 /// short enough for a box: behind the first failures it says how many more there are.
-Text FailureText(const std::vector<SortFailure>& failures, const Language& words = {});
-/// All failures, one line each.
-Text FailureList(const std::vector<SortFailure>& failures);
+Text FailureText(const std::vector<FileFailure>& failures, const Language& words = {});
 
 /// "12 done, 3 skipped, 1 failed": the status line after a run. An entry whose target was left as
 /// it is counts as skipped.

@@ -1,5 +1,5 @@
 // The questions and messages around a sort.
-#include <algorithm>
+#include <utility>
 
 #include "app/main/sort_engine.h"
 
@@ -7,18 +7,11 @@ namespace mdlPLM {
 
 namespace {
 
-/// A message box with more lines than this would outgrow the screen.
-constexpr std::size_t FailuresInBox = 15;
-
 constexpr TextView TitleOfMessages = u"PLM";
 
 Text Quoted(TextView text) { return u"\"" + Text(text) + u"\""; }
 
 Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
-
-Text FailureLine(const SortFailure& failure) {
-    return Quoted(failure.Path) + u": " + failure.Reason;
-}
 
 Text FileLine(const SortedFile& file, const Language& words) {
     switch (file.What) {
@@ -71,23 +64,12 @@ bool CheckTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts)
     return false;
 }
 
-Text FailureText(const std::vector<SortFailure>& failures, const Language& words) {
+Text FailureText(const std::vector<FileFailure>& failures, const Language& words) {
     if (failures.empty()) return {};
-    Text text = failures.size() == 1 ? words(PLM_TRANSLATE("Texts", "This could not be sorted:"))
-                                     : words(PLM_TRANSLATE("Texts", "%1 could not be sorted:"),
-                                             {Count(failures.size())});
-    const std::size_t shown = std::min(failures.size(), FailuresInBox);
-    for (std::size_t i = 0; i < shown; ++i) text += u"\n" + FailureLine(failures[i]);
-    if (shown < failures.size())
-        text +=
-            u"\n" + words(PLM_TRANSLATE("Texts", "and %1 more."), {Count(failures.size() - shown)});
-    return text;
-}
-
-Text FailureList(const std::vector<SortFailure>& failures) {
-    Text text;
-    for (const SortFailure& failure : failures) text += FailureLine(failure) + u"\n";
-    return text;
+    Text heading = failures.size() == 1 ? words(PLM_TRANSLATE("Texts", "This could not be sorted:"))
+                                        : words(PLM_TRANSLATE("Texts", "%1 could not be sorted:"),
+                                                {Count(failures.size())});
+    return FailureBox(std::move(heading), failures, words);
 }
 
 Text SummaryText(const SortReport& report, const Language& words) {

@@ -7,9 +7,6 @@ namespace mdlPLM {
 
 namespace {
 
-/// A message box with more lines than this would outgrow the screen.
-constexpr std::size_t FailuresInBox = 15;
-
 class FirstError final : public ErrorSink {
 public:
     void Report(ErrorNumber number, TextView /*path*/) override {
@@ -22,10 +19,6 @@ private:
 };
 
 Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
-
-Text FailureLine(const TagFailure& failure) {
-    return u"\"" + failure.Path + u"\": " + failure.Reason;
-}
 
 }  // namespace
 
@@ -83,24 +76,13 @@ Status ReadForChange(TextView path, FileTags& tags) {
     return tags.Exists ? errors.Result() : ErrorNumber::FileNotFound;
 }
 
-Text TagFailureText(const std::vector<TagFailure>& failures, const Language& words) {
+Text TagFailureText(const std::vector<FileFailure>& failures, const Language& words) {
     if (failures.empty()) return {};
-    Text text = failures.size() == 1
-                    ? words(PLM_TRANSLATE("Texts", "The tags of this file could not be saved:"))
-                    : words(PLM_TRANSLATE("Texts", "The tags of %1 files could not be saved:"),
-                            {Count(failures.size())});
-    const std::size_t shown = std::min(failures.size(), FailuresInBox);
-    for (std::size_t i = 0; i < shown; ++i) text += u"\n" + FailureLine(failures[i]);
-    if (shown < failures.size())
-        text +=
-            u"\n" + words(PLM_TRANSLATE("Texts", "and %1 more."), {Count(failures.size() - shown)});
-    return text;
-}
-
-Text TagFailureList(const std::vector<TagFailure>& failures) {
-    Text text;
-    for (const TagFailure& failure : failures) text += FailureLine(failure) + u"\n";
-    return text;
+    Text heading = failures.size() == 1
+                       ? words(PLM_TRANSLATE("Texts", "The tags of this file could not be saved:"))
+                       : words(PLM_TRANSLATE("Texts", "The tags of %1 files could not be saved:"),
+                               {Count(failures.size())});
+    return FailureBox(std::move(heading), failures, words);
 }
 
 Text TagSummaryText(const TagReport& report, const Language& words) {

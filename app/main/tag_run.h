@@ -5,21 +5,16 @@
 #include <functional>
 #include <vector>
 
+#include "app/main/file_failures.h"
 #include "core/tags/file_tags.h"
 #include "core/tags/save_tags.h"
-#include "core/text/language.h"
 
 namespace mdlPLM {
-
-struct TagFailure {
-    Text Path;
-    Text Reason;
-};
 
 struct TagReport {
     std::vector<std::size_t> Written;  ///< places of the paths of the files that were written
     std::size_t Unchanged = 0;         ///< files on which there was nothing to do
-    std::vector<TagFailure> Failures;
+    std::vector<FileFailure> Failures;
     bool Stopped = false;
 };
 
@@ -62,9 +57,7 @@ Status ReadForChange(TextView path, FileTags& tags);
 
 /// The one message at the end: names the files that failed and why; empty when none did. Behind the
 /// first ones it says how many more there are.
-Text TagFailureText(const std::vector<TagFailure>& failures, const Language& words = {});
-/// All of them, one line each.
-Text TagFailureList(const std::vector<TagFailure>& failures);
+Text TagFailureText(const std::vector<FileFailure>& failures, const Language& words = {});
 
 /// "12 done, 3 skipped, 1 failed": the status line after a run.
 Text TagSummaryText(const TagReport& report, const Language& words = {});

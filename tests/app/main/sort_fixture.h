@@ -79,7 +79,7 @@ inline SortReport Counts(std::size_t handled, std::size_t skipped = 0) {
     return report;
 }
 
-inline bool operator==(const SortFailure& a, const SortFailure& b) {
+inline bool operator==(const FileFailure& a, const FileFailure& b) {
     return a.Path == b.Path && a.Reason == b.Reason;
 }
 

@@ -105,7 +105,7 @@ TEST(SortTexts, NoFailureGivesNoMessage) {
 TEST(SortTexts, TheMessageNamesWhatFailedAndWhy) {
     EXPECT_EQ(FailureText({{u"/a.mp3", u"Disk full"}}),
               u"This could not be sorted:\n\"/a.mp3\": Disk full");
-    const std::vector<SortFailure> two = {{u"/a.mp3", u"Disk full"},
+    const std::vector<FileFailure> two = {{u"/a.mp3", u"Disk full"},
                                           {u"/b.mp3", u"Permission denied"}};
     EXPECT_EQ(FailureText(two),
               u"2 could not be sorted:\n\"/a.mp3\": Disk full\n\"/b.mp3\": Permission denied");
@@ -113,7 +113,7 @@ TEST(SortTexts, TheMessageNamesWhatFailedAndWhy) {
 }
 
 TEST(SortTexts, TheMessageStaysShortEnoughForABox) {
-    const std::vector<SortFailure> many(1000, {u"/a.mp3", u"Disk full"});
+    const std::vector<FileFailure> many(1000, {u"/a.mp3", u"Disk full"});
     const Text text = FailureText(many);
     EXPECT_EQ(std::count(text.begin(), text.end(), u'\n'), 16);
     EXPECT_TRUE(StartsWith(text, u"1000 could not be sorted:\n"));

@@ -182,11 +182,11 @@ TEST_F(Run, TheEditSeesWhatTheFileHolds) {
 }
 
 TEST(TagFailures, TheMessageStaysShort) {
-    std::vector<TagFailure> failures(20, {u"a.mp3", u"Disk full"});
+    std::vector<FileFailure> failures(20, {u"a.mp3", u"Disk full"});
     const Text text = TagFailureText(failures);
     EXPECT_EQ(std::count(text.begin(), text.end(), u'\n'), 16);
     EXPECT_TRUE(EndsWith(text, u"\nand 5 more."));
-    const Text list = TagFailureList(failures);
+    const Text list = FailureList(failures);
     EXPECT_EQ(std::count(list.begin(), list.end(), u'\n'), 20);
     failures.resize(1);
     EXPECT_EQ(TagFailureText(failures),
