@@ -19,7 +19,8 @@ Bytes Quoted(const Bytes& argument) {
 }  // namespace
 
 Bytes OutputOf(const std::vector<Bytes>& command) {
-    Bytes line;
+    // In a locale without UTF-8 some of them mistake their arguments.
+    Bytes line = "LC_ALL=C.UTF-8 ";
     for (const Bytes& argument : command) line += Quoted(argument);
     std::FILE* const pipe = ::popen((line + "2>&1").c_str(), "r");
     if (pipe == nullptr) throw std::runtime_error("cannot run " + line);
