@@ -44,7 +44,7 @@ void ReadBare(const Bytes& path) {
 
 void ReadFolderBare(const Bytes& folder) {
     DIR* const open = ::opendir(folder.c_str());
-    Check(open != nullptr, folder);
+    if (open == nullptr) throw std::runtime_error("cannot list " + folder);
     while (const dirent* item = ::readdir(open)) {
         if (item->d_name[0] == '.') continue;
         const Bytes path = folder + "/" + item->d_name;

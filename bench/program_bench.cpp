@@ -81,7 +81,7 @@ double SecondsOfSort(const Bytes& list, Targets& targets) {
 
 /// A playlist of the files, so that both sides copy the same ones.
 Bytes ListOf(const std::vector<Bytes>& paths, const Text& folder) {
-    const Bytes list = NativePath(folder) + "list.m3u";
+    Bytes list = NativePath(folder) + "list.m3u";
     const int file = ::open(list.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
     Bytes lines;
     for (const Bytes& path : paths) lines += path + "\n";

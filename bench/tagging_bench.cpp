@@ -80,6 +80,7 @@ struct Times {
 
 std::vector<SavePlan> PlansOf(const std::vector<Text>& paths, const Way& way) {
     std::vector<SavePlan> plans;
+    plans.reserve(paths.size());
     for (const Text& path : paths) plans.push_back(PlanOf(path, way));
     return plans;
 }
