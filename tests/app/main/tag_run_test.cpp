@@ -134,7 +134,7 @@ TEST_F(Run, AFailureInPlacePutsBackWhatTheFileHeld) {
     const Bytes tag = test::WholeTag(test::TextFrame("TIT2", "Old title"), 300);
     const Bytes whole = tag + Noise(2000) + test::Trailer("Old title", 3);
     // Declares ten bytes more than the file holds.
-    const Bytes alone = BuildTagHeader(tag.size()) + tag.substr(10);
+    const Bytes alone = BuildTagHeader(static_cast<std::int64_t>(tag.size())) + tag.substr(10);
     struct Case {
         Bytes Before;
         SaveModes Modes;

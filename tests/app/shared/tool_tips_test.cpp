@@ -67,7 +67,7 @@ void ToolTipsTest::BreaksLongToolTipIntoLines() {
     RestMouseOn(button, QPoint(1, 1));
     QCOMPARE(button.toolTip(), text);
     const QLabel* tip = ShownTip();
-    QVERIFY(tip != nullptr);
+    if (tip == nullptr) QFAIL("no tool tip is shown");
     QVERIFY(tip->wordWrap());
     QVERIFY(tip->width() < tip->fontMetrics().horizontalAdvance(text));
     QCOMPARE(ReadTip(), text);
