@@ -4,7 +4,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "app/main/sort_engine.h"
+#include "app/sort/sort_engine.h"
 #include "bench/bare_calls.h"
 #include "bench/benchmarks.h"
 #include "core/platform/path.h"

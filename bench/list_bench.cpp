@@ -1,6 +1,6 @@
 // What the user does with a long list: selecting, selecting by tag, removing scattered rows.
-#include "app/main/file_list.h"
-#include "app/main/list_operations.h"
+#include "app/list/file_list.h"
+#include "app/list/list_operations.h"
 #include "bench/benchmarks.h"
 
 namespace mdlPLM::bench {

@@ -1,8 +1,8 @@
 // Getting files into the list: the walk over their folders, their lines, their preview and the
 // sizes for the counter.
-#include "app/main/file_list.h"
-#include "app/main/folder_walk.h"
-#include "app/main/list_operations.h"
+#include "app/list/file_list.h"
+#include "app/list/folder_walk.h"
+#include "app/list/list_operations.h"
 #include "bench/benchmarks.h"
 #include "core/names/fix_file_name.h"
 

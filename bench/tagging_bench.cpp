@@ -5,7 +5,7 @@
 #include <numeric>
 #include <stdexcept>
 
-#include "app/main/tag_orders.h"
+#include "app/tags/tag_orders.h"
 #include "bench/bare_calls.h"
 #include "bench/benchmarks.h"
 #include "core/platform/disk.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "app/main/folder_walk.h"
-#include "app/main/sort_engine.h"
-#include "app/main/tag_orders.h"
+#include "app/list/folder_walk.h"
+#include "app/sort/sort_engine.h"
+#include "app/tags/tag_orders.h"
 #include "bench/benchmarks.h"
 #include "core/names/fix_file_name.h"
 #include "core/platform/path.h"

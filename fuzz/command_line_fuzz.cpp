@@ -2,7 +2,7 @@
 // of the switches and the paths behind them.
 #include <algorithm>
 
-#include "app/main/command_line.h"
+#include "app/start/command_line.h"
 #include "core/platform/path.h"
 #include "core/text/letter_case.h"
 #include "fuzz/property.h"

@@ -2,7 +2,7 @@
 // parsed again, and a written trailer leaves the rest of the file alone.
 #include <algorithm>
 
-#include "app/main/tag_edit.h"
+#include "app/tags/tag_edit.h"
 #include "core/tags/file_tags.h"
 #include "fuzz/tag_compare.h"
 #include "fuzz/targets.h"

@@ -2,7 +2,7 @@
 // with each other, and what a save hands on is never lost.
 #include <algorithm>
 
-#include "app/main/tag_edit.h"
+#include "app/tags/tag_edit.h"
 #include "core/tags/file_tags.h"
 #include "core/tags/id3v2_writer.h"
 #include "fuzz/tag_compare.h"

@@ -1,8 +1,8 @@
 // New names of any file with any settings: the same name each time, from the file or from what was
 // read of it, no forbidden character, and the file stays as it was.
-#include "app/main/sort_folders.h"
-#include "app/main/tag_edit.h"
-#include "app/main/tag_fix.h"
+#include "app/sort/sort_folders.h"
+#include "app/tags/tag_edit.h"
+#include "app/tags/tag_fix.h"
 #include "core/names/fix_file_name.h"
 #include "core/names/fixing_rules.h"
 #include "core/names/list_entry.h"

@@ -2,8 +2,8 @@
 // settings survive being stored and loaded.
 #include <variant>
 
-#include "core/names/settings_store.h"
-#include "core/names/settings_table.h"
+#include "core/settings/settings_store.h"
+#include "core/settings/settings_table.h"
 #include "core/text/code_page.h"
 #include "core/text/letter_case.h"
 #include "fuzz/property.h"

@@ -12,15 +12,15 @@ void FuzzCommandLine(BytesView input);
 void FuzzFrames(BytesView input);
 void FuzzID3v1(BytesView input);
 void FuzzID3v2(BytesView input);
-void FuzzListFiles(BytesView input);
 void FuzzNames(BytesView input);
 void FuzzPatterns(BytesView input);
 void FuzzRules(BytesView input);
 void FuzzSave(BytesView input);
+void FuzzSavedLists(BytesView input);
 void FuzzSettings(BytesView input);
 void FuzzStream(BytesView input);
 void FuzzText(BytesView input);
-void FuzzTextLists(BytesView input);
+void FuzzUserLists(BytesView input);
 
 struct Target {
     BytesView Name;  ///< of its source, its program and its folders of seeds and findings
@@ -32,15 +32,15 @@ inline constexpr Target Targets[] = {
     {"frames", FuzzFrames},
     {"id3v1", FuzzID3v1},
     {"id3v2", FuzzID3v2},
-    {"list_files", FuzzListFiles},
     {"names", FuzzNames},
     {"patterns", FuzzPatterns},
     {"rules", FuzzRules},
     {"save", FuzzSave},
+    {"saved_lists", FuzzSavedLists},
     {"settings", FuzzSettings},
     {"stream", FuzzStream},
     {"text", FuzzText},
-    {"text_lists", FuzzTextLists},
+    {"user_lists", FuzzUserLists},
 };
 
 }  // namespace mdlPLM::fuzz

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "app/cli/terminal_prompts.h"
-#include "app/main/folder_walk.h"
-#include "app/main/list_files.h"
+#include "app/list/folder_walk.h"
+#include "app/list/saved_lists.h"
 #include "core/platform/path.h"
 
 namespace mdlPLM::cli {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "app/cli/session.h"
-#include "app/main/file_list.h"
+#include "app/list/file_list.h"
 
 namespace mdlPLM::cli {
 

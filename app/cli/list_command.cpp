@@ -1,7 +1,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/inputs.h"
 #include "app/cli/terminal_prompts.h"
-#include "app/main/list_operations.h"
+#include "app/list/list_operations.h"
 #include "core/names/existing_target.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"

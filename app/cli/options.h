@@ -4,9 +4,9 @@
 #include <optional>
 #include <vector>
 
-#include "app/main/list_files.h"
-#include "app/main/tag_box_table.h"
-#include "core/names/settings.h"
+#include "app/list/saved_lists.h"
+#include "app/tags/tag_box_table.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM::cli {
 

@@ -1,9 +1,9 @@
 #include "app/cli/session.h"
 
-#include "core/names/settings_store.h"
-#include "core/names/text_lists.h"
 #include "core/platform/disk.h"
 #include "core/platform/path.h"
+#include "core/settings/settings_store.h"
+#include "core/settings/user_lists.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM::cli {
@@ -58,7 +58,7 @@ bool TakeEachSetting(Session& session) {
 void LoadUserReplacements(Session& session) {
     const CommonOptions& common = session.Asked.Common;
     if (common.NoUserSettings || common.ReplacesFile || !session.Values.bReplace) return;
-    session.Replacements = LoadReplacements(TextListsFolder(ProgramFolder(), DataFolder()));
+    session.Replacements = LoadReplacements(UserListsFolder(ProgramFolder(), DataFolder()));
 }
 
 }  // namespace

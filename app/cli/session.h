@@ -5,8 +5,8 @@
 
 #include "app/cli/options.h"
 #include "app/cli/report.h"
-#include "core/names/settings.h"
 #include "core/platform/disk.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM::cli {
 

@@ -2,8 +2,8 @@
 #include <set>
 
 #include "app/cli/commands.h"
-#include "core/names/settings_table.h"
 #include "core/platform/disk.h"
+#include "core/settings/settings_table.h"
 #include "core/text/code_page.h"
 #include "core/text/letter_case.h"
 

@@ -4,7 +4,7 @@
 #include "app/cli/action_log.h"
 #include "app/cli/records.h"
 #include "app/cli/terminal_prompts.h"
-#include "app/main/sort_engine.h"
+#include "app/sort/sort_engine.h"
 
 namespace mdlPLM::cli {
 

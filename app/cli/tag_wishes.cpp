@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "app/main/tag_edit.h"
-#include "app/main/tag_fix.h"
-#include "app/main/tag_orders.h"
+#include "app/tags/tag_edit.h"
+#include "app/tags/tag_fix.h"
+#include "app/tags/tag_orders.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM::cli {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/cli/options.h"
-#include "app/main/tag_run.h"
-#include "core/names/settings.h"
+#include "app/tags/tag_run.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM::cli {
 

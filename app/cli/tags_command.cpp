@@ -6,7 +6,7 @@
 #include "app/cli/planning_tag_writer.h"
 #include "app/cli/tag_wishes.h"
 #include "app/cli/terminal_prompts.h"
-#include "app/main/tag_panel.h"
+#include "app/tags/tag_panel.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM::cli {

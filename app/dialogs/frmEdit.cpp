@@ -2,7 +2,7 @@
 
 #include <QScreen>
 
-#include "app/shared/entry_filter.h"
+#include "app/shared/qt_entry_filter.h"
 #include "app/shared/qt_text.h"
 #include "ui_frmEdit.h"
 

@@ -1,10 +1,10 @@
 #include "app/dialogs/frmOptions.h"
 
 #include "app/dialogs/options_form.h"
-#include "app/dialogs/qt_pair_model.h"
-#include "app/shared/entry_filter.h"
+#include "app/dialogs/qt_replacement_model.h"
+#include "app/shared/qt_entry_filter.h"
+#include "app/shared/qt_save_settings.h"
 #include "app/shared/qt_text.h"
-#include "app/shared/save_settings.h"
 #include "core/platform/path.h"
 #include "ui_frmOptions.h"
 
@@ -25,8 +25,8 @@ frmOptions::frmOptions(AppContext& context, QWidget* parent)
       context_(context),
       ui_(std::make_unique<Ui::frmOptions>()),
       editor_(context.Replacements),
-      finds_(new PairModel(editor_, &Replacement::Find, this)),
-      puts_(new PairModel(editor_, &Replacement::Put, this)) {
+      finds_(new ReplacementModel(editor_, &Replacement::Find, this)),
+      puts_(new ReplacementModel(editor_, &Replacement::Put, this)) {
     ui_->setupUi(this);
     const QList<QAbstractButton*> cases = ui_->optChange->buttons();
     for (int i = 0; i < cases.size(); ++i) ui_->optChange->setId(cases[i], i);

@@ -12,7 +12,7 @@ namespace Ui {
 class frmOptions;
 }
 struct AppContext;
-class PairModel;
+class ReplacementModel;
 
 class frmOptions : public QDialog {
     Q_OBJECT
@@ -41,8 +41,8 @@ private:
     std::unique_ptr<Ui::frmOptions> ui_;
     ReplacementEditor editor_;
     Replacement entered_;  ///< what the user sees in the two boxes
-    PairModel* finds_;
-    PairModel* puts_;
+    ReplacementModel* finds_;
+    ReplacementModel* puts_;
 };
 
 }  // namespace mdlPLM

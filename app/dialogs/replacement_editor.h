@@ -1,7 +1,7 @@
 // Editing the replacement list: one pair is shown at a time, in two boxes.
 #pragma once
 
-#include "core/names/settings.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM {
 

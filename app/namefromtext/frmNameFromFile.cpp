@@ -7,17 +7,17 @@
 #include <QScrollBar>
 #include <array>
 
-#include "app/namefromtext/qt_pair_model.h"
+#include "app/namefromtext/qt_pair_column.h"
 #include "app/namefromtext/qt_sliced_work.h"
 #include "app/shared/app_context.h"
-#include "app/shared/elided_label.h"
-#include "app/shared/entry_filter.h"
-#include "app/shared/file_drops.h"
-#include "app/shared/icons.h"
 #include "app/shared/name_from_text_host.h"
+#include "app/shared/qt_elided_label.h"
+#include "app/shared/qt_entry_filter.h"
+#include "app/shared/qt_file_drops.h"
+#include "app/shared/qt_icons.h"
 #include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
-#include "app/shared/window_state.h"
+#include "app/shared/qt_window_state.h"
 #include "core/tags/genres.h"
 #include "core/text/code_page.h"
 #include "ui_frmNameFromFile.h"

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "app/namefromtext/line_scan.h"
-#include "app/namefromtext/pair_lists.h"
+#include "app/namefromtext/name_pairs.h"
 #include "app/namefromtext/rename_run.h"
 
 class QComboBox;
@@ -70,7 +70,7 @@ private:
     void cmdClearNew_Click();
     void cmdMoveUp_Click();
     void cmdMoveDn_Click();
-    void MoveSelected(PairLists::Direction direction);
+    void MoveSelected(NamePairs::Direction direction);
     void lstOldFileNames_Click();
     void lstOldFileNames_KeyDown();
     void lstNewFileNames_KeyDown();
@@ -101,7 +101,7 @@ private:
     AppContext& context_;
     NameFromTextHost& host_;
     std::unique_ptr<Ui::frmNameFromFile> ui_;
-    PairLists lists_;
+    NamePairs lists_;
     PairColumn* oldFiles_;
     PairColumn* newNames_;
 

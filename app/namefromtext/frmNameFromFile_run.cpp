@@ -2,7 +2,7 @@
 #include <QPushButton>
 
 #include "app/namefromtext/frmNameFromFile.h"
-#include "app/namefromtext/qt_pair_model.h"
+#include "app/namefromtext/qt_pair_column.h"
 #include "app/namefromtext/qt_sliced_work.h"
 #include "app/shared/app_context.h"
 #include "app/shared/file_dialogs.h"
@@ -54,11 +54,11 @@ void frmNameFromFile::cmdClearNew_Click() {
     ShowNewCount();
 }
 
-void frmNameFromFile::cmdMoveUp_Click() { MoveSelected(PairLists::Direction::Up); }
+void frmNameFromFile::cmdMoveUp_Click() { MoveSelected(NamePairs::Direction::Up); }
 
-void frmNameFromFile::cmdMoveDn_Click() { MoveSelected(PairLists::Direction::Down); }
+void frmNameFromFile::cmdMoveDn_Click() { MoveSelected(NamePairs::Direction::Down); }
 
-void frmNameFromFile::MoveSelected(PairLists::Direction direction) {
+void frmNameFromFile::MoveSelected(NamePairs::Direction direction) {
     const int row = ui_->lstOldFileNames->SelectedRow();
     if (row >= 0) ui_->lstOldFileNames->SelectRow(oldFiles_->MoveOldFile(row, direction));
 }

@@ -3,7 +3,7 @@
 
 #include "app/namefromtext/frmNameFromFile.h"
 #include "app/namefromtext/pre_scan.h"
-#include "app/namefromtext/qt_pair_model.h"
+#include "app/namefromtext/qt_pair_column.h"
 #include "app/namefromtext/qt_sliced_work.h"
 #include "app/shared/app_context.h"
 #include "app/shared/file_dialogs.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "core/names/settings.h"
+#include "core/settings/settings.h"
 #include "core/text/language.h"
 
 namespace mdlPLM {

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "app/namefromtext/run_tags.h"
-#include "core/names/run_files.h"
+#include "app/namefromtext/filled_tags.h"
+#include "core/names/own_files.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/tags/save_tags.h"
@@ -91,7 +91,7 @@ private:
     Disk& disk_;
     Prompts& prompts_;
     TagWriter* writer_ = nullptr;  // none: into the files
-    RunFiles own_;
+    OwnFiles own_;
     std::size_t done_ = 0;
     bool finished_ = false;
     RunReport report_;

@@ -2,8 +2,8 @@
 // shows any of them as a line break.
 #pragma once
 
-#include "core/names/settings.h"
 #include "core/platform/errors.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM {
 

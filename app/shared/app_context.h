@@ -1,10 +1,10 @@
 // What the windows share. The application owns one and hands it to each window.
 #pragma once
 
-#include "core/names/settings_store.h"
-#include "core/names/text_lists.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
+#include "core/settings/settings_store.h"
+#include "core/settings/user_lists.h"
 
 namespace mdlPLM {
 

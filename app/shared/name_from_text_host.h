@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "core/names/settings.h"
+#include "core/settings/settings.h"
 
 class QWidget;
 

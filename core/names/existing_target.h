@@ -1,9 +1,9 @@
 // What happens to a target that exists: shared by the sort engine and the name-from-text run.
 #pragma once
 
-#include "core/names/settings.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM {
 

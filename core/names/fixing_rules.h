@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "core/names/settings.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM {
 

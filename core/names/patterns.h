@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "core/names/settings.h"
+#include "core/settings/settings.h"
 
 namespace mdlPLM {
 

@@ -9,9 +9,9 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/system_console.h"
-#include "app/main/start_up.h"
-#include "core/names/text_lists.h"
+#include "app/start/start_up.h"
 #include "core/platform/path.h"
+#include "core/settings/user_lists.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "app/main/folder_walk.h"
-#include "app/main/list_operations.h"
-#include "app/main/tag_panel.h"
+#include "app/list/folder_walk.h"
+#include "app/list/list_operations.h"
+#include "app/tags/tag_panel.h"
 #include "core/names/fix_file_name.h"
 #include "core/platform/path.h"
 #include "core/tags/save_tags.h"

@@ -6,7 +6,7 @@
 #include "app/cli/option_rows.h"
 #include "app/cli/sample_collection.h"
 #include "app/cli/tag_wishes.h"
-#include "core/names/text_lists.h"
+#include "core/settings/user_lists.h"
 #include "tests/program/cli_fixture.h"
 #include "tests/support/tools.h"
 

@@ -1,5 +1,5 @@
-#include "core/names/settings_table.h"
 #include "core/platform/disk.h"
+#include "core/settings/settings_table.h"
 #include "tests/program/cli_fixture.h"
 
 namespace mdlPLM::test {

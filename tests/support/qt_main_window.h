@@ -7,9 +7,9 @@
 #include <memory>
 
 #include "app/dialogs/releasing_disk.h"
-#include "app/main/frmPLM.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/qt_text.h"
+#include "app/window/frmPLM.h"
 #include "tests/support/recording_disk.h"
 #include "tests/support/scripted_player.h"
 #include "tests/support/scripted_prompts.h"

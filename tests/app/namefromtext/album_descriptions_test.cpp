@@ -10,7 +10,7 @@
 #include "app/namefromtext/line_scan.h"
 #include "app/namefromtext/pre_scan.h"
 #include "app/namefromtext/source_text.h"
-#include "core/names/text_lists.h"
+#include "core/settings/user_lists.h"
 #include "core/text/code_page.h"
 #include "tests/support/places.h"
 #include "tests/support/temp_folder.h"

@@ -2,7 +2,7 @@
 #include <QScrollBar>
 
 #include "app/namefromtext/frmNameFromFile.h"
-#include "app/shared/elided_label.h"
+#include "app/shared/qt_elided_label.h"
 #include "core/tags/file_tags.h"
 #include "core/text/code_page.h"
 #include "tests/app/namefromtext/name_from_file_fixture.h"

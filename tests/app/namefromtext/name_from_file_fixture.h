@@ -13,7 +13,7 @@
 #include <deque>
 
 #include "app/namefromtext/frmNameFromFile.h"
-#include "app/namefromtext/qt_paired_list.h"
+#include "app/namefromtext/qt_paired_list_view.h"
 #include "app/namefromtext/qt_source_box.h"
 #include "app/shared/app_context.h"
 #include "app/shared/file_dialogs.h"

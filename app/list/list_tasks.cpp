@@ -1,0 +1,131 @@
+#include "app/list/list_tasks.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/list/saved_lists.h"
+#include "core/names/fix_file_name.h"
+
+namespace mdlPLM {
+
+NameMaker::NameMaker(const Settings& settings, const ReplacementList& replacements, Text inPattern,
+                     Text outPattern)
+    : settings_(&settings),
+      replacements_(&replacements),
+      inPattern_(std::move(inPattern)),
+      outPattern_(std::move(outPattern)) {}
+
+Text NameMaker::NewName(TextView path) const {
+    return FixFileName(path, outPattern_, NamingContext{*settings_, *replacements_, inPattern_});
+}
+
+AddTask::AddTask(FileList& list, AddRequest request, Prompts& prompts)
+    : list_(list), request_(std::move(request)), prompts_(prompts) {}
+
+bool AddTask::Step() {
+    if (!found_.empty()) {
+        MakeReady();
+    } else if (walk_ && !walk_->Finished()) {
+        std::vector<Text> paths;
+        walk_->Step(paths);
+        for (Text& path : paths) found_.push_back({std::move(path), request_.Preview.has_value()});
+    } else if (next_ < request_.Paths.size()) {
+        TakeNext();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void AddTask::TakeNext() {
+    const Text& path = request_.Paths[next_++];
+    walk_.reset();
+    switch (request_.As) {
+        case AddAs::Dropped:
+            return TakeDropped(path);
+        case AddAs::File:
+            return found_.push_back({path, request_.Preview.has_value()});
+        case AddAs::ListFile:
+            return Load(path);
+    }
+}
+
+void AddTask::TakeDropped(const Text& path) {
+    switch (KindOfDropped(path)) {
+        case DroppedKind::Folder:
+            return AddFolder(path);
+        case DroppedKind::ListFile:
+            return Load(path);
+        case DroppedKind::SingleFile:
+            return found_.push_back({path, false});
+        case DroppedKind::Nothing:
+            return;
+    }
+}
+
+void AddTask::AddFolder(const Text& folder) { walk_.emplace(folder, request_.Extension); }
+
+void AddTask::Load(const Text& path) {
+    Publish();  // what was found before stands before it in the list
+    const std::size_t before = list_.Count();
+    // A list file that cannot be read is not reported; what was added before stays.
+    const Status loaded = LoadListFile(path, list_, prompts_);
+    static_cast<void>(loaded);
+    added_ += list_.Count() - before;
+}
+
+void AddTask::MakeReady() {
+    Found file = std::move(found_.front());
+    found_.pop_front();
+    readyNames_.push_back(file.WantsName ? request_.Preview->NewName(file.Path) : Text());
+    readyPaths_.push_back(std::move(file.Path));
+}
+
+void AddTask::Publish() {
+    added_ += readyPaths_.size();
+    if (!readyPaths_.empty()) list_.Append(readyPaths_, readyNames_);
+    readyPaths_.clear();
+    readyNames_.clear();
+}
+
+TaskProgress AddTask::Progress() const {
+    const auto found = added_ + readyPaths_.size() + found_.size();
+    return {request_.Words(PLM_TRANSLATE("Texts", "Adding files: %1 found"),
+                           {NumberText(static_cast<long long>(found))}),
+            0, 0};
+}
+
+NamesTask::NamesTask(FileList& list, NameMaker maker, std::vector<FileList::Index> rows,
+                     Language words)
+    : list_(list), maker_(std::move(maker)), rows_(std::move(rows)), words_(std::move(words)) {}
+
+bool NamesTask::Step() {
+    if (next_ >= rows_.size()) return false;
+    names_.push_back(maker_.NewName(list_.Path(rows_[next_++])));
+    return true;
+}
+
+void NamesTask::Publish() {
+    std::size_t taken = 0;
+    while (published_ < next_) {
+        const FileList::Index first = rows_[published_];
+        std::vector<Text> run;
+        while (published_ < next_ && rows_[published_] == first + run.size()) {
+            run.push_back(std::move(names_[taken++]));
+            ++published_;
+        }
+        list_.SetNewNames(first, std::move(run));
+    }
+    names_.clear();
+}
+
+TaskProgress NamesTask::Progress() const {
+    return {words_(PLM_TRANSLATE("Texts", "Computing new names")), next_, rows_.size()};
+}
+
+ScanTask::ScanTask(Text what, const FileList& list, ListScan scan, Apply apply)
+    : what_(std::move(what)), list_(list), scan_(std::move(scan)), apply_(std::move(apply)) {}
+
+TaskProgress ScanTask::Progress() const { return {what_, scan_.Done(), list_.Count()}; }
+
+}  // namespace mdlPLM

@@ -1,0 +1,135 @@
+// Long work on the file list, taken in small steps so that a window answers in between: adding
+// files and folders, computing new names, looking at every file.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "app/list/file_list.h"
+#include "app/list/folder_walk.h"
+#include "app/list/list_operations.h"
+#include "core/platform/prompts.h"
+#include "core/settings/settings.h"
+#include "core/text/language.h"
+
+namespace mdlPLM {
+
+struct TaskProgress {
+    Text What;
+    std::size_t Done = 0;
+    std::size_t Total = 0;  ///< 0: cannot be told
+};
+
+/// Whoever drives it calls Step until that is false, Publish now and then, and Finish at the end.
+/// Nobody else changes the list's rows meanwhile.
+class ListTask {
+public:
+    virtual ~ListTask() = default;
+    /// One file or one folder; false when nothing is left.
+    virtual bool Step() = 0;
+    /// Brings what the steps have found into the list.
+    virtual void Publish() {}
+    /// The end, reached by itself or because the user `stopped` it.
+    virtual void Finish(bool /*stopped*/) { Publish(); }
+    /// Asked to end. True when it may be ended at once; else it ends by itself, soon, in Step.
+    virtual bool Stop() { return true; }
+    [[nodiscard]] virtual TaskProgress Progress() const = 0;
+};
+
+/// Computes new names; holds its patterns, so that typing on does not change a task under way.
+class NameMaker {
+public:
+    NameMaker(const Settings& settings, const ReplacementList& replacements, Text inPattern,
+              Text outPattern);
+    [[nodiscard]] Text NewName(TextView path) const;
+
+private:
+    const Settings* settings_;
+    const ReplacementList* replacements_;
+    Text inPattern_;
+    Text outPattern_;
+};
+
+enum class AddAs {
+    Dropped,   ///< a folder is walked, a list file is read, any other file is listed
+    File,      ///< listed, whatever it is
+    ListFile,  ///< read as a list file, whatever it is
+};
+
+struct AddRequest {
+    std::vector<Text> Paths;
+    AddAs As = AddAs::Dropped;
+    Text Extension;                    ///< without a dot: which files of a folder are listed
+    std::optional<NameMaker> Preview;  ///< there while new names are shown
+    Language Words;
+};
+
+/// Adds files. Those of folders and those chosen by name get a new name while new names are shown;
+/// a single file that is dropped and what a list file names get none. Intended.
+class AddTask : public ListTask {
+public:
+    AddTask(FileList& list, AddRequest request, Prompts& prompts);
+    bool Step() override;
+    void Publish() override;
+    [[nodiscard]] TaskProgress Progress() const override;
+
+private:
+    struct Found {
+        Text Path;
+        bool WantsName = false;
+    };
+    void TakeNext();
+    void TakeDropped(const Text& path);
+    void AddFolder(const Text& folder);
+    void Load(const Text& path);
+    void MakeReady();
+
+    FileList& list_;
+    AddRequest request_;
+    Prompts& prompts_;
+    std::size_t next_ = 0;
+    std::optional<FolderWalk> walk_;
+    std::deque<Found> found_;
+    std::vector<Text> readyPaths_;
+    std::vector<Text> readyNames_;
+    std::size_t added_ = 0;
+};
+
+/// Computes the new names of rows that are already listed.
+class NamesTask : public ListTask {
+public:
+    NamesTask(FileList& list, NameMaker maker, std::vector<FileList::Index> rows,
+              Language words = {});
+    bool Step() override;
+    void Publish() override;
+    [[nodiscard]] TaskProgress Progress() const override;
+
+private:
+    FileList& list_;
+    NameMaker maker_;
+    std::vector<FileList::Index> rows_;
+    Language words_;
+    std::size_t next_ = 0;
+    std::size_t published_ = 0;
+    std::vector<Text> names_;  ///< of rows_[published_] up to rows_[next_]
+};
+
+/// Looks at the files of all rows and applies what was found at the end.
+class ScanTask : public ListTask {
+public:
+    using Apply = std::function<void(ListScan& scan, bool stopped)>;
+    ScanTask(Text what, const FileList& list, ListScan scan, Apply apply);
+    bool Step() override { return scan_.Step(1); }
+    void Finish(bool stopped) override { apply_(scan_, stopped); }
+    [[nodiscard]] TaskProgress Progress() const override;
+
+private:
+    Text what_;
+    const FileList& list_;
+    ListScan scan_;
+    Apply apply_;
+};
+
+}  // namespace mdlPLM

@@ -1,0 +1,62 @@
+// The command line: batch renaming without a window, and what opens the window.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "core/platform/disk.h"
+#include "core/platform/prompts.h"
+#include "core/settings/settings.h"
+
+namespace mdlPLM {
+
+enum class BatchMode { None, Rename, Extension };
+
+/// What a command line asks for.
+struct BatchJob {
+    BatchMode Mode = BatchMode::None;
+    bool EndProgram = false;    ///< no window is to be opened, whatever the mode
+    bool AskExtension = false;  ///< "+ext=" with an empty extension
+    Text Argument;              ///< the rename pattern or the new extension
+    std::vector<Text> Paths;    ///< the files, in order
+};
+
+/// The whole command line as one text, where the system gives it so: paths are split at the drive
+/// letter (or the two backslashes) of the next path, which lets names hold blanks.
+BatchJob ParseCommandLine(TextView commandLine);
+
+/// Arguments that the system hands over one by one, the program's own name left out: each argument
+/// after the switch is one path; the switch's value comes with or without its double quotes.
+enum class StartKind { Window, Batch, List, Help, Version, Misuse };
+struct StartRequest {
+    StartKind Kind = StartKind::Window;
+    BatchJob Job;                 ///< for Batch
+    std::vector<Text> ListPaths;  ///< for List
+};
+StartRequest ParseArguments(const std::vector<Text>& arguments);
+
+/// The prompt of the input box that asks for the extension.
+inline constexpr TextView ExtensionPrompt = u"Enter new file extension (excluding \".\"): ";
+
+/// Asks for the extension when the job says so. False when none was given (the box cancelled or
+/// left empty): then nothing can be done.
+bool SettleExtension(BatchJob& job, Prompts& prompts);
+
+/// Counts of a batch run; ExitStatus is 0 when every file was renamed or needed no renaming, 1 when
+/// some could not be, 2 when there was nothing that could be done.
+struct BatchResult {
+    std::size_t Renamed = 0;
+    std::size_t Unchanged = 0;
+    std::size_t Failed = 0;
+    [[nodiscard]] int ExitStatus() const;
+};
+
+/// Renames the files of a job; one that cannot be renamed (missing, a folder, a new name that is
+/// taken or is no file name) is counted and passed over silently. Nothing is ever replaced.
+BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk);
+
+/// The new path of one file under "+ext": up to and including the last "." of its name, then the
+/// extension; a name without a "." gets it appended with no dot.
+Text PathWithExtension(TextView path, TextView extension);
+
+}  // namespace mdlPLM

@@ -1,0 +1,187 @@
+#include "app/tags/tag_panel.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/tags/tag_fix.h"
+#include "app/tags/tag_orders.h"
+#include "core/names/fixing_rules.h"
+#include "core/tags/tag_file.h"
+
+namespace mdlPLM {
+
+namespace {
+
+bool IsSameFile(const FileTags& a, const FileTags& b) {
+    return a.FileSize == b.FileSize && RenderID3v1(a.V1) == RenderID3v1(b.V1) &&
+           a.V1.Present() == b.V1.Present() && a.V2Length == b.V2Length &&
+           a.V2.Version == b.V2.Version && a.V2Text == b.V2Text;
+}
+
+}  // namespace
+
+TagPanel::TagPanel(const Settings& settings, const ReplacementList& replacements, Language words)
+    : settings_(settings), replacements_(replacements), words_(std::move(words)) {}
+
+void TagPanel::Clear() {
+    state_ = State::Nothing;
+    path_.clear();
+    stream_ = {};
+    Show({});
+}
+
+void TagPanel::ShowFile(TextView path, ErrorSink& errors) {
+    state_ = State::OneFile;
+    path_ = path;
+    stream_ = {};
+    File file;
+    bool exists = false;
+    const Status opened = OpenForTags(path_, file, exists);
+    if (!opened.Ok()) errors.Report(opened.Number(), path_);
+    FileTags tags;
+    if (exists && opened.Ok()) {
+        tags = ReadFileTags(file, path_, ID3v2Parts::FieldsAndText, errors);
+        stream_ = ReadStream(file, tags);
+    }
+    Show(std::move(tags));
+}
+
+void TagPanel::ShowBatch() {
+    Clear();
+    state_ = State::Batch;
+    canCopyFromV1_ = canCopyToV1_ = true;
+}
+
+void TagPanel::Show(FileTags tags) {
+    tags_ = std::move(tags);
+    shownOptimized_ = settings_.bOptimizedID3v1;
+    shown_ = ShowBoxes(tags_, shownOptimized_);
+    boxes_ = shown_;
+    held_ = HoldFrames(tags_.V2Text, HandOn::NotWholeNoName);
+    framesEdited_ = false;
+    canCopyFromV1_ = boxes_.chkID3v1;
+    canCopyToV1_ = boxes_.chkID3v2;
+}
+
+bool TagPanel::IsEdited() const {
+    const BoxChanges changes = ChangesBetween(shown_, boxes_);
+    return framesEdited_ || boxes_.chkID3v1 != shown_.chkID3v1 ||
+           boxes_.chkID3v2 != shown_.chkID3v2 || boxes_.chkID3v1Rem || boxes_.chkID3v2Rem ||
+           std::any_of(changes.begin(), changes.end(), [](const auto& c) { return c.has_value(); });
+}
+
+const Text& TagPanel::Enter(TagBox box, TextView text) {
+    Text& held = boxes_.*RowOf(box).Value;
+    const Text taken = TextForBox(text, AllowedCharacters(box));
+    held = Left(taken, std::max(Pos{Limit(box)}, static_cast<Pos>(held.size())));
+    return held;
+}
+
+TextView TagPanel::AllowedCharacters(TagBox box) const {
+    return state_ == State::Batch ? RowOf(box).KeptInBatch : RowOf(box).KeptForOne;
+}
+
+int TagPanel::Limit(TagBox box) const {
+    if (!settings_.bOptimizedID3v1) return NoLimit;
+    if (box == TagBox::txtArtist) return OptimizedArtistLimit(boxes_.txtAlbum.size());
+    if (box == TagBox::txtTitle)
+        return OptimizedTitleLimit(boxes_.txtComments.size(), !boxes_.txtTrackNr.empty());
+    return NoLimit;
+}
+
+void TagPanel::TickID3v1(bool on) {
+    boxes_.chkID3v1 = on;
+    canCopyFromV1_ = canCopyFromV1_ || on;
+}
+
+void TagPanel::TickID3v2(bool on) {
+    boxes_.chkID3v2 = on;
+    canCopyToV1_ = canCopyToV1_ || on;
+}
+
+void TagPanel::CopyFromV1() {
+    CopyBoxesFromV1(boxes_);
+    canCopyToV1_ = true;
+}
+
+void TagPanel::CopyToV1() {
+    CopyBoxesToV1(boxes_);
+    canCopyFromV1_ = true;
+}
+
+void TagPanel::Reduce(TextView TagBoxRow::*kept) {
+    for (const TagBoxRow& row : TagBoxTable)
+        if (!(row.*kept).empty())
+            boxes_.*row.Value = RemoveChars(boxes_.*row.Value, row.*kept, RemoveMode::KeepOnly);
+}
+
+TagChange TagPanel::ChangeOfShownFile() const {
+    // After a change of the layout the texts that are shown are not those of the fields any more.
+    const UnchangedFields unchanged = shownOptimized_ == settings_.bOptimizedID3v1
+                                          ? UnchangedFields::LayOutAnew
+                                          : UnchangedFields::KeepBytes;
+    const BoxChanges changes = ChangesBetween(shown_, boxes_);
+    TagChange change;
+    change.Modes = {WriteIf(boxes_.chkID3v1), WriteIf(boxes_.chkID3v2)};
+    change.V1 = EditedV1(tags_.V1, changes, {settings_.bOptimizedID3v1, unchanged});
+    change.V2 = EditedV2(tags_.V2, held_, changes, HiddenFramesIn(settings_));
+    return change;
+}
+
+Text TagPanel::WhyNotToWrite() const {
+    FileTags now;
+    const Status read = ReadForChange(path_, now);
+    if (!read.Ok()) return ErrorMessage(read.Number());
+    if (IsSameFile(now, tags_)) return {};
+    return words_(
+        PLM_TRANSLATE("Texts", "The file has changed since it was shown. It was not saved."));
+}
+
+PanelSave TagPanel::SaveID3() {
+    if (state_ != State::OneFile) return {};
+    // Before the reduction to digits: a track that holds "*" is no track.
+    if (boxes_.txtTrackNr.find(u'*') != Text::npos) boxes_.txtTrackNr.clear();
+    Reduce(&TagBoxRow::KeptForOne);
+    const TagChange change = ChangeOfShownFile();
+    if (change.Modes.V1 == TagMode::Leave && change.Modes.V2 == TagMode::Leave) return {};
+    if (Text reason = WhyNotToWrite(); !reason.empty())
+        return {SaveOutcome::Failed, std::move(reason)};
+    const SaveResult result = SaveTags(path_, change.V1, change.V2, change.Modes);
+    if (result.Outcome == SaveOutcome::Failed)
+        return {SaveOutcome::Failed, ErrorMessage(result.Error)};
+    SilentErrors silent;
+    ShowFile(Text(path_), silent);
+    return {result.Outcome, {}};
+}
+
+std::array<bool, TagBoxCount> TagPanel::UntouchableBoxes() const {
+    std::array<bool, TagBoxCount> boxes = FieldsNotShown(tags_, held_.Kinds);
+    const BoxChanges changes = ChangesBetween(shown_, boxes_);
+    for (std::size_t i = 0; i < TagBoxCount; ++i) boxes[i] = boxes[i] && !changes[i];
+    return boxes;
+}
+
+PanelSave TagPanel::FixID3(TextView inPattern) {
+    if (state_ != State::OneFile) return {};
+    const FixScope scope{path_, boxes_.chkID3v1, boxes_.chkID3v2, UntouchableBoxes()};
+    boxes_ = FixedBoxes(boxes_, scope, {settings_, replacements_, inPattern});
+    return SaveID3();
+}
+
+Text TagPanel::ConfirmationText() const { return mdlPLM::ConfirmationText(boxes_); }
+
+TagRun TagPanel::SaveAll(std::vector<Text> paths) {
+    Reduce(&TagBoxRow::KeptInBatch);
+    return {std::move(paths), BatchEdit(boxes_, settings_), words_};
+}
+
+TagRun TagPanel::FixAll(std::vector<Text> paths, TextView inPattern) const {
+    return {std::move(paths), FixEdit({settings_, replacements_, inPattern}), words_};
+}
+
+void TagPanel::SetOtherFrames(Bytes frames) {
+    framesEdited_ = framesEdited_ || frames != held_.OtherFrames;
+    held_.OtherFrames = std::move(frames);
+}
+
+}  // namespace mdlPLM

@@ -1,0 +1,106 @@
+#include "app/window/qt_text_tool_host.h"
+
+#include <optional>
+#include <utility>
+
+#include "app/dialogs/frmEdit.h"
+#include "app/list/folder_walk.h"
+#include "app/list/saved_lists.h"
+#include "app/shared/qt_language.h"
+#include "app/window/frmSorting.h"
+
+namespace mdlPLM {
+
+namespace {
+
+class RunWindow : public RunProgressWindow {
+public:
+    explicit RunWindow(QWidget* parent) : window_(parent) {
+        QObject::connect(&window_, &frmSorting::Ended, &window_, [this] { stop_ = true; });
+        window_.show();
+    }
+
+    void ShowPair(TextView oldName, TextView newName, std::size_t number,
+                  std::size_t total) override {
+        SortProgress progress;
+        progress.Method = UserLanguage()(PLM_TRANSLATE("Texts", "Renaming file:"));
+        progress.Source = oldName;
+        progress.Target = newName;
+        progress.Done = number;
+        progress.Total = total;
+        window_.ShowProgress(progress);
+    }
+    [[nodiscard]] bool StopRequested() const override { return stop_; }
+    void ShowDone() override { window_.ShowDone(); }
+
+private:
+    frmSorting window_;
+    bool stop_ = false;
+};
+
+/// Dropped items as the main list takes them: a folder is walked, a list file is read.
+class DroppedFiles : public FileGathering {
+public:
+    DroppedFiles(std::vector<Text> dropped, AppContext& context)
+        : dropped_(std::move(dropped)), context_(context) {}
+
+    bool Step(std::vector<Text>& paths) override {
+        if (walk_ && !walk_->Finished()) {
+            walk_->Step(paths);
+        } else if (next_ < dropped_.size()) {
+            Take(dropped_[next_++], paths);
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+private:
+    void Take(const Text& path, std::vector<Text>& paths) {
+        switch (KindOfDropped(path)) {
+            case DroppedKind::Folder:
+                walk_.emplace(path, context_.Values.Extension);
+                return;
+            case DroppedKind::ListFile:
+                return TakeListed(path, paths);
+            case DroppedKind::SingleFile:
+                return paths.push_back(path);
+            case DroppedKind::Nothing:
+                return;
+        }
+    }
+
+    void TakeListed(const Text& path, std::vector<Text>& paths) {
+        FileList listed;
+        // As in the main list, a list file that cannot be read is not reported.
+        const Status loaded = LoadListFile(path, listed, context_.Ask);
+        static_cast<void>(loaded);
+        for (FileList::Index row = 0; row < listed.Count(); ++row)
+            paths.push_back(listed.Path(row));
+    }
+
+    std::vector<Text> dropped_;
+    AppContext& context_;
+    std::size_t next_ = 0;
+    std::optional<FolderWalk> walk_;
+};
+
+}  // namespace
+
+TextToolHost::TextToolHost(AppContext& context, Controls controls)
+    : context_(context), controls_(std::move(controls)) {}
+
+std::optional<Text> TextToolHost::EditName(QWidget* parent, TextView name) {
+    return frmEdit::EditName(parent, name);
+}
+
+std::unique_ptr<RunProgressWindow> TextToolHost::OpenProgress(QWidget* parent) {
+    controls_.RunBegins();
+    return std::make_unique<RunWindow>(parent);
+}
+
+std::unique_ptr<FileGathering> TextToolHost::GatherFiles(std::vector<Text> dropped) {
+    return std::make_unique<DroppedFiles>(std::move(dropped), context_);
+}
+
+}  // namespace mdlPLM

@@ -1,0 +1,197 @@
+#include "app/tags/tag_run.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "core/platform/path.h"
+#include "core/tags/id3v2_writer.h"
+#include "tests/support/child_process.h"
+#include "tests/support/file_limit.h"
+#include "tests/support/tag_bytes.h"
+#include "tests/support/temp_folder.h"
+
+namespace mdlPLM {
+namespace {
+
+using test::Noise;
+
+TagChange WriteTrailer(TextView /*path*/, const FileTags& tags) {
+    TagChange change{tags.V1, {}, {TagMode::Write, TagMode::Leave}};
+    change.V1.Title = "New";
+    return change;
+}
+
+class Run : public testing::Test {
+protected:
+    Text Make(TextView name, const Bytes& contents) { return folder_.File(name, contents); }
+    TempFolder folder_;
+};
+
+TEST_F(Run, OneFileIsReadChangedAndWrittenPerStep) {
+    const Text a = Make(u"a.mp3", Noise(300));
+    const Text b = Make(u"b.mp3", Noise(300));
+    TagRun run({a, b}, WriteTrailer);
+    EXPECT_EQ(run.Total(), 2U);
+    EXPECT_EQ(run.Done(), 0U);
+    EXPECT_EQ(run.Current(), a);
+    EXPECT_TRUE(run.Step());
+    EXPECT_EQ(ReadFile(a).size(), 428U);
+    EXPECT_EQ(ReadFile(b).size(), 300U);
+    EXPECT_EQ(run.Done(), 1U);
+    EXPECT_EQ(run.Current(), b);
+    EXPECT_FALSE(run.Step());
+    EXPECT_EQ(ReadFile(b).size(), 428U);
+    EXPECT_TRUE(run.Finished());
+    EXPECT_EQ(run.Current(), u"");
+    EXPECT_FALSE(run.Step());
+    EXPECT_EQ(run.Report().Written, (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(TagSummaryText(run.Report()), u"2 done, 0 skipped, 0 failed");
+}
+
+TEST_F(Run, StoppingBeginsNoFurtherFile) {
+    const Text a = Make(u"a.mp3", Noise(300));
+    const Text b = Make(u"b.mp3", Noise(300));
+    TagRun run({a, b}, WriteTrailer);
+    run.Step();
+    run.Stop();
+    EXPECT_FALSE(run.Step());
+    EXPECT_TRUE(run.Finished());
+    EXPECT_TRUE(run.Report().Stopped);
+    EXPECT_EQ(ReadFile(b).size(), 300U);
+}
+
+TEST_F(Run, NothingToRunIsFinishedAtOnce) {
+    TagRun run({}, WriteTrailer);
+    EXPECT_TRUE(run.Finished());
+    EXPECT_FALSE(run.Step());
+    run.Stop();
+    EXPECT_FALSE(run.Report().Stopped);
+    EXPECT_EQ(TagFailureText(run.Report().Failures), u"");
+}
+
+TEST_F(Run, AFileThatFailsIsNamedAndTheOthersAreWritten) {
+    const Text tiny = Make(u"tiny.mp3", Noise(20));
+    const Text missing = folder_ / u"missing.mp3";
+    const Text broken = Make(u"broken.mp3", test::TagHeader(100000) + Noise(500));
+    const Text good = Make(u"good.mp3", Noise(300));
+    TagRun run({tiny, missing, broken, good}, WriteTrailer);
+    while (run.Step()) continue;
+    ASSERT_EQ(run.Report().Failures.size(), 3U);
+    EXPECT_EQ(TagFailureText(run.Report().Failures),
+              u"The tags of 3 files could not be saved:\n\"" + tiny + u"\": Bad record number\n\"" +
+                  missing + u"\": File not found\n\"" + broken + u"\": Input past end of file");
+    EXPECT_EQ(run.Report().Written, std::vector<std::size_t>{3});
+    EXPECT_EQ(ReadFile(tiny), Noise(20));
+    EXPECT_EQ(ReadFile(broken), test::TagHeader(100000) + Noise(500));
+    EXPECT_FALSE(IsThere(missing));
+    EXPECT_EQ(TagSummaryText(run.Report()), u"1 done, 0 skipped, 3 failed");
+}
+
+TEST_F(Run, AFileOnWhichThereIsNothingToDoIsNoFailure) {
+    TagRun run({Make(u"a.mp3", Noise(300))}, [](TextView, const FileTags&) { return TagChange(); });
+    run.Step();
+    EXPECT_EQ(run.Report().Unchanged, 1U);
+    EXPECT_TRUE(run.Report().Failures.empty());
+    EXPECT_TRUE(run.Report().Written.empty());
+}
+
+TEST_F(Run, AWriteProtectedFileFailsOnlyWhenThereIsSomethingToWrite) {
+    const Text path = Make(u"a.mp3", Noise(300));
+    ASSERT_EQ(::chmod(NativePath(path).c_str(), 0444), 0);
+    const auto summaryOf = [&](const TagRun::Edit& edit) {
+        TagRun run({path}, edit);
+        run.Step();
+        return TagSummaryText(run.Report());
+    };
+    EXPECT_EQ(RunInChild([&] {
+                  ObeyPermissions();
+                  const bool failed = summaryOf(WriteTrailer) == u"0 done, 0 skipped, 1 failed";
+                  const bool skipped = summaryOf([](TextView, const FileTags&) {
+                                           return TagChange();
+                                       }) == u"0 done, 1 skipped, 0 failed";
+                  return failed && skipped ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(ReadFile(path), Noise(300));
+}
+
+TEST_F(Run, AGrowingTagIsWrittenToTheOpenFile) {
+    const Bytes audio = Noise(3000);
+    const Text path = Make(u"a.mp3", audio + test::Trailer("V1"));
+    TagRun run({path}, [](TextView, const FileTags& tags) {
+        TagChange change{tags.V1, tags.V2, {TagMode::Remove, TagMode::Write}};
+        change.V2.Title = "New title";
+        return change;
+    });
+    run.Step();
+    EXPECT_EQ(run.Report().Written.size(), 1U);
+    EXPECT_EQ(ReadFile(path),
+              BuildTagHeader(40) + BuildFrame("TIT2", "New title") + test::Nuls(20) + audio);
+    EXPECT_EQ(ListTree(folder_.Path()), std::vector<Bytes>{"a.mp3"});
+}
+
+TEST_F(Run, AFailureInPlacePutsBackWhatTheFileHeld) {
+    const Bytes tag = test::WholeTag(test::TextFrame("TIT2", "Old title"), 300);
+    const Bytes whole = tag + Noise(2000) + test::Trailer("Old title", 3);
+    // Declares ten bytes more than the file holds.
+    const Bytes alone = BuildTagHeader(static_cast<std::int64_t>(tag.size())) + tag.substr(10);
+    struct Case {
+        Bytes Before;
+        SaveModes Modes;
+        std::size_t Limit;  // bytes that the disk takes
+    };
+    const Case cases[] = {
+        {whole, {TagMode::Write, TagMode::Leave}, whole.size() - 68},
+        {whole, {TagMode::Write, TagMode::Write}, whole.size() - 68},
+        {whole, {TagMode::Leave, TagMode::Write}, 15},
+        {whole, {TagMode::Leave, TagMode::Write}, 100},
+        {tag + Noise(2000), {TagMode::Write, TagMode::Write}, tag.size() + 2060},
+        {alone, {TagMode::Leave, TagMode::Write}, alone.size() + 4},
+    };
+    for (const Case& c : cases) {
+        const Text path = Make(u"a.mp3", c.Before);
+        TagRun run({path}, [&](TextView, const FileTags& tags) {
+            TagChange change{tags.V1, tags.V2, c.Modes};
+            change.V1.Title = change.V2.Title = "New title, a longer one";
+            return change;
+        });
+        {
+            const test::FileLimit full(c.Limit);
+            run.Step();
+        }
+        EXPECT_EQ(run.Report().Failures.size(), 1U) << c.Limit;
+        EXPECT_TRUE(ReadFile(path) == c.Before) << c.Limit;
+    }
+}
+
+TEST_F(Run, TheEditSeesWhatTheFileHolds) {
+    const Bytes tag = test::WholeTag(test::TextFrame("TIT2", "Title"), 20);
+    FileTags seen;
+    Text seenPath;
+    const Text path = Make(u"a.mp3", tag + Noise(300) + test::Trailer("V1"));
+    TagRun run({path}, [&](TextView where, const FileTags& tags) {
+        seen = tags;
+        seenPath = where;
+        return TagChange();
+    });
+    run.Step();
+    EXPECT_EQ(seenPath, path);
+    EXPECT_EQ(seen.V2.Title, "Title");
+    EXPECT_EQ(FieldText(seen.V1.Title), "V1");
+    EXPECT_EQ(seen.V2Text.substr(0, tag.size() - 10), tag.substr(10));
+}
+
+TEST(TagFailures, TheMessageStaysShort) {
+    std::vector<FileFailure> failures(20, {u"a.mp3", u"Disk full"});
+    const Text text = TagFailureText(failures);
+    EXPECT_EQ(std::count(text.begin(), text.end(), u'\n'), 16);
+    EXPECT_TRUE(EndsWith(text, u"\nand 5 more."));
+    const Text list = FailureList(failures);
+    EXPECT_EQ(std::count(list.begin(), list.end(), u'\n'), 20);
+    failures.resize(1);
+    EXPECT_EQ(TagFailureText(failures),
+              u"The tags of this file could not be saved:\n\"a.mp3\": Disk full");
+}
+
+}  // namespace
+}  // namespace mdlPLM
