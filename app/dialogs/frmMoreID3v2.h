@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "app/dialogs/more_id3v2.h"
-#include "app/dialogs/qt_frame_picture.h"
+#include "app/dialogs/qt_decoded_picture.h"
 #include "core/platform/prompts.h"
 
 namespace mdlPLM {

@@ -36,7 +36,7 @@ using Answering = void (*)(QMessageBox&);
 
 }  // namespace
 
-class MessageBoxesTest : public QObject {
+class QtPromptsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -55,14 +55,14 @@ private slots:
     void CutsLongText();
 };
 
-void MessageBoxesTest::GivesSafeAnswer_data() {
+void QtPromptsTest::GivesSafeAnswer_data() {
     QTest::addColumn<int>("way");
     QTest::newRow("Escape") << 0;
     QTest::newRow("closing the box") << 1;
     QTest::newRow("Enter") << 2;
 }
 
-void MessageBoxesTest::GivesSafeAnswer() {
+void QtPromptsTest::GivesSafeAnswer() {
     QFETCH(int, way);
     const Answering ways[] = {
         [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); },
@@ -76,7 +76,7 @@ void MessageBoxesTest::GivesSafeAnswer() {
     QCOMPARE(prompts.AskYesNoCancel({{}, u"Replace?", {}}), Answer::Cancel);
 }
 
-void MessageBoxesTest::GivesPressedAnswer_data() {
+void QtPromptsTest::GivesPressedAnswer_data() {
     QTest::addColumn<int>("button");
     QTest::addColumn<int>("answer");
     QTest::newRow("Yes") << int(QMessageBox::Yes) << int(Answer::Yes);
@@ -84,7 +84,7 @@ void MessageBoxesTest::GivesPressedAnswer_data() {
     QTest::newRow("Cancel") << int(QMessageBox::Cancel) << int(Answer::Cancel);
 }
 
-void MessageBoxesTest::GivesPressedAnswer() {
+void QtPromptsTest::GivesPressedAnswer() {
     QFETCH(int, button);
     QFETCH(int, answer);
     const auto press = [button](QMessageBox& box) {
@@ -99,7 +99,7 @@ void MessageBoxesTest::GivesPressedAnswer() {
     QCOMPARE(int(prompts.AskYesNo({{}, u"Delete?", {}})), answer);
 }
 
-void MessageBoxesTest::ShowsTextsLiterally() {
+void QtPromptsTest::ShowsTextsLiterally() {
     Seen seen;
     OnNextModal<QMessageBox>([&seen](QMessageBox& box) {
         seen = Look(box);
@@ -115,7 +115,7 @@ void MessageBoxesTest::ShowsTextsLiterally() {
     QVERIFY(seen.Literal);
 }
 
-void MessageBoxesTest::TakesTheProgramsNameAsTitle() {
+void QtPromptsTest::TakesTheProgramsNameAsTitle() {
     Seen seen;
     OnNextModal<QMessageBox>([&seen](QMessageBox& box) {
         seen = Look(box);
@@ -126,7 +126,7 @@ void MessageBoxesTest::TakesTheProgramsNameAsTitle() {
     QCOMPARE(seen.Buttons, QMessageBox::Yes | QMessageBox::No);
 }
 
-void MessageBoxesTest::InformsWithOneButton() {
+void QtPromptsTest::InformsWithOneButton() {
     Seen seen;
     OnNextModal<QMessageBox>([&seen](QMessageBox& box) {
         seen = Look(box);
@@ -138,7 +138,7 @@ void MessageBoxesTest::InformsWithOneButton() {
     QCOMPARE(seen.Body, "You must choose a target directory first!");
 }
 
-void MessageBoxesTest::ReportsErrorWithFileBeside() {
+void QtPromptsTest::ReportsErrorWithFileBeside() {
     Seen seen;
     OnNextModal<QMessageBox>([&seen](QMessageBox& box) {
         seen = Look(box);
@@ -151,7 +151,7 @@ void MessageBoxesTest::ReportsErrorWithFileBeside() {
     QCOMPARE(seen.Detail, "/m/a.mp3");
 }
 
-void MessageBoxesTest::AsksForText() {
+void QtPromptsTest::AsksForText() {
     QString label;
     OnNextModal<QInputDialog>([&label](QInputDialog& box) {
         label = box.findChild<QLabel*>()->text();
@@ -163,12 +163,12 @@ void MessageBoxesTest::AsksForText() {
     QVERIFY(answer == Text(u"ogg"));
 }
 
-void MessageBoxesTest::CancelledInputIsNothing() {
+void QtPromptsTest::CancelledInputIsNothing() {
     OnNextModal<QInputDialog>([](QInputDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     QVERIFY(!QtPrompts().AskText({{}, u"Enter:", {}}));
 }
 
-void MessageBoxesTest::StaysUsableOverDisabledWindow() {
+void QtPromptsTest::StaysUsableOverDisabledWindow() {
     QWidget window;
     window.show();
     window.activateWindow();
@@ -183,7 +183,7 @@ void MessageBoxesTest::StaysUsableOverDisabledWindow() {
     QVERIFY(usable);
 }
 
-void MessageBoxesTest::CutsLongText() {
+void QtPromptsTest::CutsLongText() {
     Text lines;
     for (int i = 1; i <= 12; ++i)
         lines += (i > 1 ? u"\r\nfile " : u"file ") + NumberText((long long)i);
@@ -204,5 +204,5 @@ void MessageBoxesTest::CutsLongText() {
     QVERIFY(whole.endsWith("file 12\nfile 13"));
 }
 
-QTEST_MAIN(MessageBoxesTest)
+QTEST_MAIN(QtPromptsTest)
 #include "qt_prompts_test.moc"

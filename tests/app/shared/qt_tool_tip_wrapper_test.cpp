@@ -36,7 +36,7 @@ QString ReadTip() {
 
 }  // namespace
 
-class ToolTipsTest : public QObject {
+class ToolTipWrapperTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -57,7 +57,7 @@ private:
     ToolTipWrapper wrapper_;
 };
 
-void ToolTipsTest::BreaksLongToolTipIntoLines() {
+void ToolTipWrapperTest::BreaksLongToolTipIntoLines() {
     QPushButton button;
     const QString text =
         "This tool tip says \"much\" & more <than> fits on one line of any reasonable screen, so "
@@ -73,7 +73,7 @@ void ToolTipsTest::BreaksLongToolTipIntoLines() {
     QCOMPARE(ReadTip(), text);
 }
 
-void ToolTipsTest::AShortPathStaysInOneLine() {
+void ToolTipWrapperTest::AShortPathStaysInOneLine() {
     QPushButton button;
     button.show();
     for (const QString& text : {QStringLiteral("Open: /home/me/music/The Paper Kites/one.mp3"),
@@ -88,7 +88,7 @@ void ToolTipsTest::AShortPathStaysInOneLine() {
     }
 }
 
-void ToolTipsTest::MarkupInAFileNameIsShownAsItStands_data() {
+void ToolTipWrapperTest::MarkupInAFileNameIsShownAsItStands_data() {
     QTest::addColumn<QString>("text");
     QTest::newRow("bold") << "Open: /music/<b>Loud</b>.mp3";
     QTest::newRow("at the start") << "<b>Loud</b>.mp3";
@@ -97,7 +97,7 @@ void ToolTipsTest::MarkupInAFileNameIsShownAsItStands_data() {
     QTest::newRow("a picture") << "<img src=\"/etc/hostname\">.mp3";
 }
 
-void ToolTipsTest::MarkupInAFileNameIsShownAsItStands() {
+void ToolTipWrapperTest::MarkupInAFileNameIsShownAsItStands() {
     QFETCH(QString, text);
     QPushButton button;
     button.setToolTip(text);
@@ -106,7 +106,7 @@ void ToolTipsTest::MarkupInAFileNameIsShownAsItStands() {
     QCOMPARE(ReadTip(), text);
 }
 
-void ToolTipsTest::MarkupInALineOfAListIsShownAsItStands() {
+void ToolTipWrapperTest::MarkupInALineOfAListIsShownAsItStands() {
     QListWidget list;
     list.setToolTip("The list");
     auto* line = new QListWidgetItem("1", &list);
@@ -118,12 +118,12 @@ void ToolTipsTest::MarkupInALineOfAListIsShownAsItStands() {
     QCOMPARE(ReadTip(), QString("<b>Loud</b>.mp3"));
 }
 
-void ToolTipsTest::AWidgetWithoutAToolTipShowsNone() {
+void ToolTipWrapperTest::AWidgetWithoutAToolTipShowsNone() {
     QPushButton button;
     button.show();
     RestMouseOn(button, QPoint(1, 1));
     QVERIFY(ShownTip() == nullptr);
 }
 
-QTEST_MAIN(ToolTipsTest)
+QTEST_MAIN(ToolTipWrapperTest)
 #include "qt_tool_tip_wrapper_test.moc"

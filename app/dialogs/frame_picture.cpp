@@ -1,4 +1,4 @@
-#include "app/dialogs/more_id3v2_picture.h"
+#include "app/dialogs/frame_picture.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "app/dialogs/qt_frame_picture.h"
+#include "app/dialogs/qt_decoded_picture.h"
 
 #include <QBuffer>
 #include <QCoreApplication>

@@ -5,7 +5,7 @@
 #include <QString>
 #include <optional>
 
-#include "app/dialogs/more_id3v2_picture.h"
+#include "app/dialogs/frame_picture.h"
 
 namespace mdlPLM {
 
