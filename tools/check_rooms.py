@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Checks the direction of the rooms on the includes of every source. Usage: check_rooms.py ROOT
+"""Checks the direction of the rooms on the includes of every source, and that ARCHITECTURE.md names
+the rooms and files that there are. Usage: check_rooms.py ROOT
 
 A room may include itself and the rooms listed for it; each room lists only rooms above it in the
 table, so that no arrow goes both ways. Sources whose name begins with "frm" or "qt_" are the
 windows' half: they alone know Qt, and nothing but the windows' half includes them. Ends with status
-1 and a line per wrong include.
+1 and a line per fault.
 """
 import pathlib
 import re
@@ -24,6 +25,9 @@ USES["app/window"] = USES["app/cli"] + ["app/dialogs"]
 
 PROJECT_INCLUDE = re.compile(r'^\s*#\s*include\s+"((?:core|app)/[^"]+)"', re.M)
 QT_INCLUDE = re.compile(r'^\s*#\s*include\s+[<"](Q[A-Z][^>"]*|ui_[^>"]*|Qt[^>"]*)[>"]', re.M)
+# A row of the table of the rooms, and any path of the project.
+ROOM_ROW = re.compile(r"^\| `((?:core|app)/\w+)` \|", re.M)
+NAMED_PATH = re.compile(r"`((?:core|app|tools|tests|bench|fuzz)/[\w./]*)`")
 
 
 def is_form(path):
@@ -62,9 +66,32 @@ def faults(root):
                 yield f"{path} includes {include}"
 
 
+def rooms_of_the_tree(root):
+    for top in ("core", "app"):
+        for folder in sorted((root / top).iterdir()):
+            if folder.is_dir() and any(s.suffix in (".h", ".cpp") for s in folder.rglob("*")):
+                yield folder.relative_to(root).as_posix()
+
+
+def faults_of_the_document(root):
+    text = (root / "ARCHITECTURE.md").read_text(encoding="utf-8")
+    named, rooms = ROOM_ROW.findall(text), list(rooms_of_the_tree(root))
+    for room in named + rooms:
+        if named.count(room) != 1:
+            yield f"ARCHITECTURE.md: {room} has {named.count(room)} rows in the table of the rooms"
+        if room not in rooms:
+            yield f"ARCHITECTURE.md: there is no room {room}"
+    if named != list(USES):
+        yield "ARCHITECTURE.md: the rooms do not stand in the order of tools/check_rooms.py"
+    for path in NAMED_PATH.findall(text):
+        if not (root / path).exists():
+            yield f"ARCHITECTURE.md: there is no {path}"
+
+
 def main():
-    found = list(faults(pathlib.Path(sys.argv[1]).resolve()))
-    print("\n".join(found) if found else "every include keeps the direction of the rooms")
+    root = pathlib.Path(sys.argv[1]).resolve()
+    found = [*faults(root), *faults_of_the_document(root)]
+    print("\n".join(dict.fromkeys(found)) if found else "every include keeps the rooms' direction")
     return 1 if found else 0
 
 
