@@ -60,7 +60,7 @@ public:
 
     void Fix() {
         FixScope scope{Text(path_), boxes_.chkID3v1, boxes_.chkID3v2,
-                       FieldsNotShown(tags_, KindsOfFrames(tags_.V2Text))};
+                       FieldsNotShown(tags_, KindsOfFrames({tags_.V2Header, tags_.V2Text}))};
         const BoxChanges changes = ChangesBetween(shown_, boxes_);
         for (std::size_t i = 0; i < TagBoxCount; ++i)
             scope.Untouchable[i] = scope.Untouchable[i] && !changes[i];
@@ -79,8 +79,9 @@ public:
             change.V1 = EditedV1(tags_.V1, changes,
                                  {context_.Values.bOptimizedID3v1, UnchangedFields::KeepBytes});
         if (change.Modes.V2 == TagMode::Write)
-            change.V2 = EditedV2(tags_.V2, HoldFrames(tags_.V2Text, HandOn::NotWhole), changes,
-                                 HiddenFramesIn(context_.Values));
+            change.V2 =
+                EditedV2(tags_.V2, HoldFrames({tags_.V2Header, tags_.V2Text}, HandOn::NotWhole),
+                         changes, HiddenFramesIn(context_.Values));
         edited.Boxes = std::move(boxes_);
         if (wishes.RemoveV1) edited.Boxes.chkID3v1 = false;
         if (wishes.RemoveV2) edited.Boxes.chkID3v2 = false;

@@ -153,7 +153,8 @@ std::vector<BytesView> FramesIn(BytesView otherFrames) {
 AddResult AddFrame(OtherFramesText& frames, BytesView identifier, BytesView content) {
     if (identifier.size() != IdentifierSize) return AddResult::NoIdentifier;
     if (content.empty()) return AddResult::NoContent;
-    frames.SetOtherFrames(frames.OtherFrames() + BuildFrame(identifier, content));
+    // Padding ends the other frames; behind it no other program looks for one.
+    frames.SetOtherFrames(BuildFrame(identifier, content) + frames.OtherFrames());
     return AddResult::Added;
 }
 

@@ -37,7 +37,7 @@ std::vector<BytesView> FramesIn(BytesView otherFrames);
 /// Why a frame is not added.
 enum class AddResult { Added, NoIdentifier, NoContent };
 
-/// Joins a new frame behind the other frames. Only an identifier of exactly four characters is
+/// Joins a new frame in front of the other frames. Only an identifier of exactly four characters is
 /// taken, and only with a content.
 AddResult AddFrame(OtherFramesText& frames, BytesView identifier, BytesView content);
 

@@ -104,35 +104,21 @@ void LayOutChanges(ID3v1Tag& record, const V1Changes& changes, bool optimized) {
 // among its other frames until something else is put in their place.
 class V2Filling {
 public:
-    explicit V2Filling(const OwnID3v2& own) : record_(own.Tag) {
-        HeldFrames held = HoldFrames(own.TagText, HandOn::NotWholeNoName);
-        kinds_ = held.Kinds;
-        record_.OtherFrames = std::move(held.OtherFrames);
-    }
+    explicit V2Filling(const OwnID3v2& own)
+        : record_(own.Tag), held_(HoldFrames({own.Header, own.TagText}, HandOn::NotWholeNoName)) {}
 
     void Put(Bytes ID3v2Tag::*field, TextView text) {
         record_.*field = ToCodePage(text);
-        FrameKind& kind = kinds_[IndexOf(field)];
-        if (IsHandedOn(kind, HandOn::NotWholeNoName))
-            record_.OtherFrames =
-                CutWalkedFrame(record_.OtherFrames, KnownFrames[IndexOf(field)].Identifier);
-        kind = FrameKind::Absent;
+        GiveWay(held_, IndexOf(field));
     }
 
     void PutIfEmpty(Bytes ID3v2Tag::*field, const Text& text) {
         if (IsBlank(record_.*field) && !text.empty()) Put(field, text);
     }
 
-    ID3v2Tag Finish(bool withoutOthers) {
-        std::vector<BytesView> handedOn;
-        for (std::size_t i = 0; i < KnownFrames.size(); ++i) {
-            if (!IsHandedOn(kinds_[i], HandOn::NotWholeNoName)) continue;
-            (record_.*KnownFrames[i].Field).clear();
-            handedOn.push_back(KnownFrames[i].Identifier);
-        }
+    ID3v2Tag Finish(HiddenFrames hidden) {
+        HandOnTo(record_, std::move(held_), hidden);
         record_.Genre = GenreReference(record_.Genre);
-        if (withoutOthers) record_.OtherFrames = OnlyFrames(record_.OtherFrames, handedOn);
-        if (IsOnlyNuls(record_.OtherFrames)) record_.OtherFrames.clear();
         return std::move(record_);
     }
 
@@ -144,7 +130,7 @@ private:
     }
 
     ID3v2Tag record_;
-    FrameKinds kinds_{};
+    HeldFrames held_;
 };
 
 }  // namespace
@@ -181,7 +167,7 @@ ID3v2Tag FillID3v2(const OwnID3v2& own, TextView newName, const RunTagChoices& c
     else
         filling.PutIfEmpty(&ID3v2Tag::Genre, nameFields(u"genre"));
     if (choices.chkRelease4All) filling.Put(&ID3v2Tag::Comments, choices.txtReleaseDate);
-    return filling.Finish(settings.bRemHiddenID3);
+    return filling.Finish(settings.bRemHiddenID3 ? HiddenFrames::Drop : HiddenFrames::Keep);
 }
 
 }  // namespace mdlPLM

@@ -28,9 +28,11 @@ struct RunTagChoices {
 ID3v1Tag FillID3v1(const ID3v1Tag& own, TextView newName, const RunTagChoices& choices,
                    const Settings& settings);
 
-/// A tag of the second version as its file has it; `TagText` as ID3v2Parts::FieldsAndText gives it.
+/// A tag of the second version as its file has it; `Header` and `TagText` as
+/// ID3v2Parts::FieldsAndText gives them.
 struct OwnID3v2 {
     ID3v2Tag Tag;
+    Bytes Header;
     Bytes TagText;
 };
 

@@ -171,7 +171,8 @@ RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
     CollectingErrors errors;
     if (choices_.chkSaveID3v2) {
         FileTags tags = ReadFileTags(contents, ID3v2Parts::FieldsAndText, errors);
-        if (!tags.V2Failed) own.V2 = {std::move(tags.V2), std::move(tags.V2Text)};
+        if (!tags.V2Failed)
+            own.V2 = {std::move(tags.V2), std::move(tags.V2Header), std::move(tags.V2Text)};
         if (choices_.chkSaveID3v1 && !tags.V1Failed) own.V1 = std::move(tags.V1);
         if (!choices_.chkSaveID3v1) errors.KeepLast(tags.V2Failed ? 1 : 0);
     } else if (choices_.chkSaveID3v1) {

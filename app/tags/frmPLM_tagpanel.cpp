@@ -168,6 +168,12 @@ TagRun frmPLM_tagpanel::FixAll(std::vector<Text> paths, TextView inPattern) cons
     return panel_.FixAll(std::move(paths), inPattern);
 }
 
+void frmPLM_tagpanel::SetOtherFrames(Bytes frames) {
+    panel_.SetOtherFrames(std::move(frames));
+    Show();
+    emit Edited();
+}
+
 void frmPLM_tagpanel::Box_Change(TagBox box, const QString& text) {
     if (showing_) return;
     panel_.Enter(box, FromQt(text));

@@ -40,7 +40,7 @@ public:
     PanelSave FixID3(TextView inPattern);
     TagRun SaveAll(std::vector<Text> paths);
     [[nodiscard]] TagRun FixAll(std::vector<Text> paths, TextView inPattern) const;
-    void SetOtherFrames(Bytes frames) { panel_.SetOtherFrames(std::move(frames)); }
+    void SetOtherFrames(Bytes frames);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

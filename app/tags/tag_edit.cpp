@@ -185,23 +185,15 @@ ID3v1Tag EditedV1(const ID3v1Tag& old, const BoxChanges& changes, V1Style style)
 ID3v2Tag EditedV2(const ID3v2Tag& old, HeldFrames held, const BoxChanges& changes,
                   HiddenFrames hidden) {
     ID3v2Tag tag = old;
-    std::vector<BytesView> handedOn;
     for (const TagBoxRow& row : TagBoxTable) {
         if (row.Version != TagVersion::V2) continue;
-        const KnownFrame& frame = FrameOf(row);
-        const bool isHeld = IsHandedOn(held.Kinds[IndexOfFrame(frame)], held.Which);
         const std::optional<Text>& change = changes[IndexOf(row.Box)];
-        if (change) {
-            tag.*frame.Field = ToCodePage(*change);
-            if (isHeld) held.OtherFrames = CutWalkedFrame(held.OtherFrames, frame.Identifier);
-        } else if (isHeld) {
-            (tag.*frame.Field).clear();
-            handedOn.push_back(frame.Identifier);
-        }
+        if (!change) continue;
+        const KnownFrame& frame = FrameOf(row);
+        tag.*frame.Field = ToCodePage(*change);
+        GiveWay(held, IndexOfFrame(frame));
     }
-    tag.OtherFrames = hidden == HiddenFrames::Drop ? OnlyFrames(held.OtherFrames, handedOn)
-                                                   : std::move(held.OtherFrames);
-    if (IsOnlyNuls(tag.OtherFrames)) tag.OtherFrames.clear();
+    HandOnTo(tag, std::move(held), hidden);
     return tag;
 }
 

@@ -44,7 +44,6 @@ struct V1Style {
 };
 ID3v1Tag EditedV1(const ID3v1Tag& old, const BoxChanges& changes, V1Style style);
 
-enum class HiddenFrames { Keep, Drop };
 /// The record to be saved. A frame that is handed on gives way to a text that takes its place.
 ID3v2Tag EditedV2(const ID3v2Tag& old, HeldFrames held, const BoxChanges& changes,
                   HiddenFrames hidden);

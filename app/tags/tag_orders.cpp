@@ -39,8 +39,8 @@ struct Orders {
 };
 
 ID3v2Tag V2Of(const FileTags& tags, const Orders& orders) {
-    return EditedV2(tags.V2, HoldFrames(tags.V2Text, HandOn::NotWhole), orders.Changes,
-                    orders.Hidden);
+    return EditedV2(tags.V2, HoldFrames({tags.V2Header, tags.V2Text}, HandOn::NotWhole),
+                    orders.Changes, orders.Hidden);
 }
 
 TagChange ChangeOf(const FileTags& tags, const Orders& orders) {
@@ -58,7 +58,7 @@ struct Fixer {
     TagChange operator()(TextView path, const FileTags& tags) const {
         const TagBoxes shown = ShowBoxes(tags, Values.bOptimizedID3v1);
         const FixScope scope{Text(path), tags.V1.Present(), tags.V2.Present(),
-                             FieldsNotShown(tags, KindsOfFrames(tags.V2Text))};
+                             FieldsNotShown(tags, KindsOfFrames({tags.V2Header, tags.V2Text}))};
         const TagBoxes fixed = FixedBoxes(shown, scope, {Values, Replacements, InPattern});
         return ChangeOf(tags, {ChangesBetween(shown, fixed),
                                {WriteIf(scope.V1), WriteIf(scope.V2)},
@@ -82,7 +82,8 @@ std::array<bool, TagBoxCount> FieldsNotShown(const FileTags& tags, const FrameKi
     for (const TagBoxRow& row : TagBoxTable)
         for (std::size_t i = 0; i < KnownFrames.size(); ++i)
             if (row.Frame == KnownFrames[i].Identifier)
-                fields[IndexOf(row.Box)] = kinds[i] == FrameKind::Unshown;
+                fields[IndexOf(row.Box)] =
+                    kinds[i] == FrameKind::Unshown || kinds[i] == FrameKind::Inside;
     return fields;
 }
 

@@ -15,7 +15,7 @@ namespace {
 bool IsSameFile(const FileTags& a, const FileTags& b) {
     return a.FileSize == b.FileSize && RenderID3v1(a.V1) == RenderID3v1(b.V1) &&
            a.V1.Present() == b.V1.Present() && a.V2Length == b.V2Length &&
-           a.V2.Version == b.V2.Version && a.V2Text == b.V2Text;
+           a.V2Header == b.V2Header && a.V2Text == b.V2Text;
 }
 
 }  // namespace
@@ -57,7 +57,7 @@ void TagPanel::Show(FileTags tags) {
     shownOptimized_ = settings_.bOptimizedID3v1;
     shown_ = ShowBoxes(tags_, shownOptimized_);
     boxes_ = shown_;
-    held_ = HoldFrames(tags_.V2Text, HandOn::NotWholeNoName);
+    held_ = HoldFrames({tags_.V2Header, tags_.V2Text}, HandOn::NotWholeNoName);
     framesEdited_ = false;
     canCopyFromV1_ = boxes_.chkID3v1;
     canCopyToV1_ = boxes_.chkID3v2;
@@ -180,7 +180,10 @@ TagRun TagPanel::FixAll(std::vector<Text> paths, TextView inPattern) const {
 }
 
 void TagPanel::SetOtherFrames(Bytes frames) {
-    framesEdited_ = framesEdited_ || frames != held_.OtherFrames;
+    if (frames == held_.OtherFrames) return;
+    framesEdited_ = true;
+    // Without its tick the tag would not be written.
+    TickID3v2(true);
     held_.OtherFrames = std::move(frames);
 }
 

@@ -91,6 +91,7 @@ public:
     // --- further frames ---
 
     /// The frames of the shown file that have no box, as raw text, for the dialog that edits them.
+    /// Other frames than before tick the tag.
     [[nodiscard]] const Bytes& OtherFrames() const { return held_.OtherFrames; }
     void SetOtherFrames(Bytes frames);
 

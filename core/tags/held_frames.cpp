@@ -1,6 +1,7 @@
 #include "core/tags/held_frames.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/tags/genres.h"
 #include "core/tags/id3v2_writer.h"
@@ -11,41 +12,10 @@ namespace {
 
 constexpr std::size_t IdentifierSize = 4;
 constexpr std::size_t FlagsOffset = 8;
-constexpr char FirstSyncByte = '\xFF';
-
-bool IsIdentifierCharacter(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
-
-bool StartsFrame(BytesView text) {
-    return text.size() >= FrameHeaderSize &&
-           std::all_of(text.begin(), text.begin() + IdentifierSize, IsIdentifierCharacter);
-}
-
-std::size_t PlainSize(BytesView fourBytes) {
-    std::size_t size = 0;
-    for (const char byte : fourBytes.substr(0, 4))
-        size = size << 8U | static_cast<unsigned char>(byte);
-    return size;
-}
-
-// A frame ends where the next one starts, or padding, or the audio, or in the ten bytes behind the
-// tag.
-bool EndsFrame(BytesView tagText, std::size_t end) {
-    if (end > tagText.size()) return false;
-    return end + ID3v2HeaderSize >= tagText.size() || tagText[end] == '\0' ||
-           tagText[end] == FirstSyncByte || StartsFrame(tagText.substr(end));
-}
-
-bool MeasureFrame(BytesView tagText, WalkedFrame& frame) {
-    const BytesView sizeBytes = tagText.substr(frame.Start + IdentifierSize, 4);
-    for (const bool sevenBit : {true, false}) {
-        const std::size_t size =
-            sevenBit ? static_cast<std::size_t>(DecodeSize(sizeBytes)) : PlainSize(sizeBytes);
-        frame.Length = FrameHeaderSize + size;
-        frame.SevenBitSize = sevenBit;
-        if (EndsFrame(tagText, frame.Start + frame.Length)) return true;
-    }
-    return false;
-}
+constexpr unsigned LastEncoding = 3;
+// Flag bits that no version knows; they are 0 in a frame.
+constexpr unsigned NoStatusFlag = 0x0F;
+constexpr unsigned NoFormatFlag = 0x10;
 
 BytesView IdentifierOf(BytesView tagText, const WalkedFrame& frame) {
     return tagText.substr(frame.Start, IdentifierSize);
@@ -85,7 +55,55 @@ FrameKind KindOf(const ReadFrame& read, Bytes& built) {
     return IsTextRight(read) ? FrameKind::InPart : FrameKind::Unshown;
 }
 
-// A tag text with its frames and the places where the reader finds the known ones.
+// Letters that stand where no walk comes to: what follows them tells a frame from other bytes.
+bool LooksLikeFrame(BytesView text) {
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    return text.size() > FrameHeaderSize && (byte(FlagsOffset) & NoStatusFlag) == 0 &&
+           (byte(FlagsOffset + 1) & NoFormatFlag) == 0 && byte(FrameHeaderSize) <= LastEncoding;
+}
+
+std::size_t EndOf(const std::vector<WalkedFrame>& frames) {
+    return frames.empty() ? 0 : frames.back().Start + frames.back().Length;
+}
+
+// Finds real frames: walked ones, and behind the end of the walk those that look like one.
+class Finder {
+public:
+    explicit Finder(BytesView tagText) : text_(tagText), frames_(WalkFrames(tagText)) {}
+
+    [[nodiscard]] std::optional<WalkedFrame> Find(BytesView identifier) const {
+        for (const WalkedFrame& frame : frames_)
+            if (IdentifierOf(text_, frame) == identifier) return frame;
+        for (std::size_t at = Next(identifier, EndOf(frames_)); at != BytesView::npos;
+             at = Next(identifier, at + 1)) {
+            const std::vector<WalkedFrame> more = WalkFrames(text_.substr(at));
+            if (!more.empty()) return WalkedFrame{at, more[0].Length, more[0].SevenBitSize};
+        }
+        return {};
+    }
+
+    // What a box shows of a frame whose size leads nowhere.
+    [[nodiscard]] std::optional<WalkedFrame> FindBroken(BytesView identifier) const {
+        const std::size_t at = text_.find(identifier);
+        if (at == BytesView::npos || at < EndOf(frames_) || Next(identifier, at) != at) return {};
+        const auto size =
+            static_cast<std::size_t>(DecodeSize(text_.substr(at + IdentifierSize, IdentifierSize)));
+        return WalkedFrame{at, std::min(FrameHeaderSize + size, text_.size() - at), true};
+    }
+
+private:
+    [[nodiscard]] std::size_t Next(BytesView identifier, std::size_t from) const {
+        std::size_t at = text_.find(identifier, from);
+        while (at != BytesView::npos && !LooksLikeFrame(text_.substr(at)))
+            at = text_.find(identifier, at + 1);
+        return at;
+    }
+
+    BytesView text_;
+    std::vector<WalkedFrame> frames_;
+};
+
+// A bare tag text with its frames and the places where the reader finds the known ones.
 class Walk {
 public:
     explicit Walk(BytesView tagText)
@@ -96,6 +114,10 @@ public:
         Bytes built;
         for (std::size_t i = 0; i < kinds.size(); ++i) kinds[i] = KindOfKnown(i, built);
         return kinds;
+    }
+
+    [[nodiscard]] BytesView TextOfKnown(std::size_t place) const {
+        return FrameTextAt(text_, starts_[place], KnownFrames[place].Identifier);
     }
 
     [[nodiscard]] Bytes Others(const FrameKinds& kinds, HandOn which) const {
@@ -110,7 +132,7 @@ public:
             if (isKnown) known.append(bytes);
             all.append(bytes);
         }
-        const BytesView rest = text_.substr(End());
+        const BytesView rest = text_.substr(EndOf(frames_));
         if (all.size() == known.size() && IsOnlyNuls(rest)) return known;
         return all.append(rest);
     }
@@ -119,12 +141,22 @@ private:
     [[nodiscard]] FrameKind KindOfKnown(std::size_t place, Bytes& built) const {
         const std::size_t start = starts_[place];
         if (start == BytesView::npos) return FrameKind::Absent;
+        const BytesView identifier = KnownFrames[place].Identifier;
         const auto frame = std::find_if(frames_.begin(), frames_.end(),
                                         [&](const WalkedFrame& f) { return f.Start == start; });
-        if (frame == frames_.end() || !frame->SevenBitSize) return FrameKind::Unshown;
+        if (frame == frames_.end()) return KindOfUnwalked(start, identifier);
+        if (!frame->SevenBitSize) return FrameKind::Unshown;
         const BytesView bytes = text_.substr(start, frame->Length);
-        const BytesView identifier = KnownFrames[place].Identifier;
         return KindOf({identifier, bytes, FrameTextAt(bytes, 0, identifier)}, built);
+    }
+
+    [[nodiscard]] FrameKind KindOfUnwalked(std::size_t start, BytesView identifier) const {
+        const bool isReal =
+            start >= EndOf(frames_) ||
+            std::any_of(frames_.begin(), frames_.end(), [&](const WalkedFrame& frame) {
+                return IdentifierOf(text_, frame) == identifier;
+            });
+        return isReal ? FrameKind::Unshown : FrameKind::Inside;
     }
 
     [[nodiscard]] std::size_t KnownPlaceOf(const WalkedFrame& frame) const {
@@ -132,65 +164,110 @@ private:
                                         starts_.begin());
     }
 
-    [[nodiscard]] std::size_t End() const {
-        return frames_.empty() ? 0 : frames_.back().Start + frames_.back().Length;
-    }
-
     BytesView text_;
     std::vector<WalkedFrame> frames_;
     FramePlaces starts_;
 };
 
-}  // namespace
-
-std::vector<WalkedFrame> WalkFrames(BytesView tagText) {
-    std::vector<WalkedFrame> frames;
-    WalkedFrame frame;
-    while (StartsFrame(tagText.substr(frame.Start)) && MeasureFrame(tagText, frame)) {
-        frames.push_back(frame);
-        frame.Start += frame.Length;
+// The reader does not bare a tag: a field that reads otherwise there is not to be written.
+FrameKinds KindsInFile(const Walk& walk, BytesView fileText) {
+    FrameKinds kinds = walk.Kinds();
+    const FramePlaces starts = PlacesOfFrames(fileText);
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        const BytesView read = FrameTextAt(fileText, starts[i], KnownFrames[i].Identifier);
+        if (kinds[i] != FrameKind::Absent && kinds[i] != FrameKind::Inside &&
+            read != walk.TextOfKnown(i))
+            kinds[i] = FrameKind::Unshown;
     }
-    return frames;
+    return kinds;
 }
 
-Bytes CutWalkedFrame(BytesView tagText, BytesView identifier) {
-    Bytes rest(tagText);
-    for (const WalkedFrame& frame : WalkFrames(tagText)) {
-        if (IdentifierOf(tagText, frame) != identifier) continue;
-        rest.erase(frame.Start, frame.Length);
-        break;
+struct PlacedFrame {
+    WalkedFrame Frame;
+    std::size_t Place = 0;  // among the known frames
+};
+
+// Of the known frames that are handed on those that are found, in the order of the text.
+std::vector<PlacedFrame> FoundFrames(const HeldFrames& held) {
+    const Finder finder(held.OtherFrames);
+    std::vector<PlacedFrame> found;
+    for (std::size_t i = 0; i < KnownFrames.size(); ++i) {
+        if (!IsHandedOn(held.Kinds[i], held.Which)) continue;
+        if (const auto frame = finder.Find(KnownFrames[i].Identifier)) found.push_back({*frame, i});
     }
+    std::sort(found.begin(), found.end(), [](const PlacedFrame& a, const PlacedFrame& b) {
+        return a.Frame.Start < b.Frame.Start;
+    });
+    return found;
+}
+
+void HandOnAlone(ID3v2Tag& record, const HeldFrames& held) {
+    record.OtherFrames.clear();
+    std::size_t end = 0;
+    for (const auto& [frame, place] : FoundFrames(held)) {
+        if (frame.Start < end) continue;
+        record.OtherFrames.append(held.OtherFrames, frame.Start, frame.Length);
+        (record.*KnownFrames[place].Field).clear();
+        end = frame.Start + frame.Length;
+    }
+}
+
+void HandOnAll(ID3v2Tag& record, HeldFrames& held) {
+    for (std::size_t i = 0; i < KnownFrames.size(); ++i)
+        if (IsHandedOn(held.Kinds[i], held.Which) &&
+            held.OtherFrames.find(KnownFrames[i].Identifier) != Bytes::npos)
+            (record.*KnownFrames[i].Field).clear();
+    record.OtherFrames = std::move(held.OtherFrames);
+}
+
+}  // namespace
+
+Bytes CutFoundFrame(BytesView tagText, BytesView identifier) {
+    const Finder finder(tagText);
+    std::optional<WalkedFrame> frame = finder.Find(identifier);
+    if (!frame) frame = finder.FindBroken(identifier);
+    Bytes rest(tagText);
+    if (frame) rest.erase(frame->Start, frame->Length);
     return rest;
 }
 
-FrameKinds KindsOfFrames(BytesView tagText) { return Walk(tagText).Kinds(); }
+FrameKinds KindsOfFrames(const RawTag& tag) {
+    const std::optional<Bytes> bare = BareTagText(tag);
+    return bare ? KindsInFile(Walk(*bare), tag.Text) : Walk(tag.Text).Kinds();
+}
 
 bool IsHandedOn(FrameKind kind, HandOn which) {
-    return kind == FrameKind::InPart || kind == FrameKind::Unshown ||
+    return kind == FrameKind::InPart || kind == FrameKind::Unshown || kind == FrameKind::Inside ||
            (kind == FrameKind::Reference && which == HandOn::NotWhole);
 }
 
-HeldFrames HoldFrames(BytesView tagText, HandOn which) {
-    const Walk walk(tagText);
-    const FrameKinds kinds = walk.Kinds();
+HeldFrames HoldFrames(const RawTag& tag, HandOn which) {
+    const std::optional<Bytes> bare = BareTagText(tag);
+    const Walk walk(bare ? BytesView(*bare) : tag.Text);
+    const FrameKinds kinds = bare ? KindsInFile(walk, tag.Text) : walk.Kinds();
     return {kinds, which, walk.Others(kinds, which)};
+}
+
+void GiveWay(HeldFrames& held, std::size_t place) {
+    FrameKind& kind = held.Kinds[place];
+    if (IsHandedOn(kind, held.Which))
+        held.OtherFrames = CutFoundFrame(held.OtherFrames, KnownFrames[place].Identifier);
+    kind = FrameKind::Absent;
+}
+
+void HandOnTo(ID3v2Tag& record, HeldFrames held, HiddenFrames hidden) {
+    for (std::size_t i = 0; i < KnownFrames.size(); ++i)
+        if (held.Kinds[i] == FrameKind::Inside) (record.*KnownFrames[i].Field).clear();
+    if (hidden == HiddenFrames::Drop)
+        HandOnAlone(record, held);
+    else
+        HandOnAll(record, held);
+    if (IsOnlyNuls(record.OtherFrames)) record.OtherFrames.clear();
 }
 
 bool IsOnlyNuls(BytesView bytes) {
     return bytes.empty() ||
            (bytes.front() == '\0' && bytes.substr(1) == bytes.substr(0, bytes.size() - 1));
-}
-
-Bytes OnlyFrames(BytesView tagText, const std::vector<BytesView>& identifiers) {
-    std::vector<BytesView> wanted = identifiers;
-    Bytes frames;
-    for (const WalkedFrame& frame : WalkFrames(tagText)) {
-        const auto found = std::find(wanted.begin(), wanted.end(), IdentifierOf(tagText, frame));
-        if (found == wanted.end()) continue;
-        frames.append(tagText.substr(frame.Start, frame.Length));
-        wanted.erase(found);
-    }
-    return frames;
 }
 
 }  // namespace mdlPLM

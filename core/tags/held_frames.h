@@ -6,25 +6,16 @@
 // places, the known frames that are to be kept.
 #pragma once
 
-#include <vector>
-
+#include "core/tags/bare_tag.h"
+#include "core/tags/frame_walk.h"
 #include "core/tags/frames.h"
 
 namespace mdlPLM {
 
-/// One frame of a tag text, found by walking from frame to frame.
-struct WalkedFrame {
-    std::size_t Start = 0;
-    std::size_t Length = 0;     ///< header included
-    bool SevenBitSize = false;  ///< its size bytes are 7-bit groups; else one plain number
-};
-
-/// The frames of a tag text in their order. Sizes are taken in whichever form leads to another
-/// frame, to padding or to the end; the walk ends where neither does.
-std::vector<WalkedFrame> WalkFrames(BytesView tagText);
-
-/// `tagText` without the first walked frame of that identifier; unchanged when there is none.
-Bytes CutWalkedFrame(BytesView tagText, BytesView identifier);
+/// `tagText` without the first frame of that identifier: a walked one, else one that stands where
+/// the walk does not come to. Unchanged when there is none; four letters inside another frame are
+/// none.
+Bytes CutFoundFrame(BytesView tagText, BytesView identifier);
 
 /// How much of a known frame its text tells.
 enum class FrameKind {
@@ -33,13 +24,16 @@ enum class FrameKind {
     Reference,  ///< a genre by its number: writing it again makes it a name
     InPart,     ///< the text is right, but a language, a description or flags are beside it
     Unshown,  ///< the text is not the frame's: another encoding, ends in NUL, a plain-text genre, a
-              ///< genre number without a name, letters inside another frame
+              ///< genre number without a name, letters inside another frame, a place that the walk
+              ///< does not come to, a tag whose bytes are not as they were before it was
+              ///< unsynchronised
+    Inside,   ///< the same, and there is no such frame: the letters stand inside another one
 };
 
 using FrameKinds = std::array<FrameKind, KnownFrames.size()>;
 
 /// The kinds of the known frames, in the order of KnownFrames.
-FrameKinds KindsOfFrames(BytesView tagText);
+FrameKinds KindsOfFrames(const RawTag& tag);
 
 /// Which known frames are handed on as they stand as long as nothing else is put in their place.
 enum class HandOn {
@@ -52,16 +46,22 @@ bool IsHandedOn(FrameKind kind, HandOn which);
 struct HeldFrames {
     FrameKinds Kinds{};
     HandOn Which = HandOn::NotWhole;
-    /// The tag text without the known frames that are not handed on. When nothing but NULs is left
-    /// beside those that are, they alone, without the NULs.
+    /// The bare tag text without the known frames that are not handed on. When nothing but NULs is
+    /// left beside those that are, they alone, without the NULs.
     Bytes OtherFrames;
 };
-HeldFrames HoldFrames(BytesView tagText, HandOn which);
+HeldFrames HoldFrames(const RawTag& tag, HandOn which);
+
+/// Another text is put into the field of KnownFrames[place]: its frame is not handed on.
+void GiveWay(HeldFrames& held, std::size_t place);
+
+enum class HiddenFrames { Keep, Drop };
+
+/// What is held becomes the record's other frames; Drop leaves the known ones of them alone. A
+/// field whose frame is among them is emptied. One whose frame is not found there keeps its text.
+void HandOnTo(ID3v2Tag& record, HeldFrames held, HiddenFrames hidden);
 
 /// True for an empty text too.
 bool IsOnlyNuls(BytesView bytes);
-
-/// Of a tag text only the first walked frame of each of these identifiers.
-Bytes OnlyFrames(BytesView tagText, const std::vector<BytesView>& identifiers);
 
 }  // namespace mdlPLM

@@ -78,6 +78,13 @@ std::int64_t DecodeSize(BytesView fourBytes) {
     return size;
 }
 
+std::int64_t DecodePlainSize(BytesView fourBytes) {
+    std::int64_t size = 0;
+    for (const char byte : fourBytes.substr(0, 4))
+        size = size * 256 + static_cast<unsigned char>(byte);
+    return size;
+}
+
 Bytes GetFrameText(BytesView tagText, BytesView identifier) {
     return Bytes(FrameTextAt(tagText, tagText.find(identifier), identifier));
 }

@@ -36,6 +36,9 @@ inline constexpr std::size_t ID3v2HeaderSize = 10;
 /// bytes count as 0.
 std::int64_t DecodeSize(BytesView fourBytes);
 
+/// The first four bytes as one plain number, as other programs write the sizes of frames.
+std::int64_t DecodePlainSize(BytesView fourBytes);
+
 /// The frame's text: the `n - 1` characters behind the encoding byte of the first place where the
 /// identifier stands ("COMM": behind language and empty description); what follows the last NUL.
 Bytes GetFrameText(BytesView tagText, BytesView identifier);

@@ -30,6 +30,8 @@ FrameForm FormOf(BytesView identifier) {
     return {identifier, {}, '\0'};
 }
 
+}  // namespace
+
 // The first group takes all that is left, so that every size below 2^29 reads back.
 void AppendSize(Bytes& bytes, std::int64_t size) {
     bytes.push_back(static_cast<char>(size >> 21));
@@ -38,7 +40,9 @@ void AppendSize(Bytes& bytes, std::int64_t size) {
     bytes.push_back(static_cast<char>(size & 127));
 }
 
-}  // namespace
+void AppendPlainSize(Bytes& bytes, std::int64_t size) {
+    for (const int shift : {24, 16, 8, 0}) bytes.push_back(static_cast<char>(size >> shift & 255));
+}
 
 void AppendFrame(Bytes& bytes, BytesView identifier, BytesView text) {
     if (text.empty()) return;

@@ -6,6 +6,11 @@
 
 namespace mdlPLM {
 
+/// A size below 2^29 as four 7-bit groups, or as one plain number of four bytes, behind other
+/// bytes.
+void AppendSize(Bytes& bytes, std::int64_t size);
+void AppendPlainSize(Bytes& bytes, std::int64_t size);
+
 /// One frame with its header. The empty text gives the empty text: an empty field has no frame.
 /// "COMM" gets the language "eng" and an empty description, "WXXX" an empty description; "TENC" is
 /// marked to be dropped when the audio is altered.

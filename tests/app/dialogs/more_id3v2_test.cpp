@@ -75,12 +75,15 @@ TEST(FramesIn, FindsAFrameBehindAPictureOfAnySize) {
     EXPECT_EQ(FramesIn(Bytes(2'000'000, 'T') + "APIC"), Found{"APIC"});
 }
 
-TEST(AddFrame, JoinsTheFrameBehindTheOtherFrames) {
+// Behind padding no other program looks for frames.
+TEST(AddFrame, JoinsTheFrameInFrontOfTheOtherFrames) {
     HeldText frames("PRIV\0\0\0\3\0\0abc\0\0"s);
     const Bytes before = frames.Held;
     EXPECT_EQ(AddFrame(frames, "TXXX", "hello"), AddResult::Added);
-    EXPECT_EQ(frames.Held, before + "TXXX\0\0\0\6\0\0\0hello"s);
-    EXPECT_EQ(GetFrameText(frames.Held, "TXXX"), "hello");
+    EXPECT_EQ(frames.Held, "TXXX\0\0\0\6\0\0\0hello"s + before);
+    EXPECT_EQ(AddFrame(frames, "TXXX", "again"), AddResult::Added);
+    EXPECT_EQ(frames.Held, "TXXX\0\0\0\6\0\0\0againTXXX\0\0\0\6\0\0\0hello"s + before);
+    EXPECT_EQ(GetFrameText(frames.Held, "TXXX"), "again");
 }
 
 TEST(AddFrame, NeedsFourCharactersAndAContent) {

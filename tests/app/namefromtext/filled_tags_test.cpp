@@ -51,7 +51,7 @@ struct Filling {
     [[nodiscard]] ID3v2Tag Second(TextView name = NewName) const {
         const Bytes header = test::TagHeader(V2Frames.size());
         const ID3v2Tag tag = ParseID3v2(header, V2Frames, ID3v2Parts::FieldsAndText);
-        return FillID3v2({tag, V2Frames}, name, Choices, Values);
+        return FillID3v2({tag, header, V2Frames}, name, Choices, Values);
     }
 };
 
@@ -292,6 +292,47 @@ TEST(FillID3v2, ADescribedCommentStaysWhole) {
     filling.Choices.txtReleaseDate = u"May";
     EXPECT_EQ(filling.Second().OtherFrames, "");
     EXPECT_EQ(filling.Second().Comments, "May");
+}
+
+ID3v2Tag FillHardTag(const test::HardTag& tag, const Filling& filling) {
+    const Bytes header = tag.Whole.substr(0, 10);
+    const Bytes text = tag.Whole.substr(10);
+    return FillID3v2({ParseID3v2(header, text, ID3v2Parts::FieldsAndText), header, text}, NewName,
+                     filling.Choices, filling.Values);
+}
+
+TEST(FillID3v2, TheFilesOwnValuesStayInTagsThatAreHardToWalk) {
+    for (const test::HardTag& tag : test::HardTags()) {
+        SCOPED_TRACE(tag.What);
+        Filling filling;
+        const ID3v2Tag kept = FillHardTag(tag, filling);
+        EXPECT_EQ(kept.Title + kept.Artist + kept.Year, "Old titleOld artist1999");
+        EXPECT_EQ(kept.OtherFrames, tag.Kept + test::HardAlbum + test::Nuls(50));
+        filling.Values.bRemHiddenID3 = true;
+        const ID3v2Tag alone = FillHardTag(tag, filling);
+        EXPECT_EQ(alone.Title + alone.Artist + alone.Year, "Old titleOld artist1999");
+        EXPECT_EQ(alone.OtherFrames, test::HardAlbum);
+    }
+}
+
+TEST(FillID3v2, ANewValueStandsOnceInTagsThatAreHardToWalk) {
+    for (const test::HardTag& tag : test::HardTags()) {
+        SCOPED_TRACE(tag.What);
+        Filling filling;
+        filling.GiveAllForAll();
+        const ID3v2Tag filled = FillHardTag(tag, filling);
+        EXPECT_EQ(filled.Artist + filled.Album, "Box ArtistBox Album");
+        EXPECT_EQ(filled.OtherFrames, tag.Kept + test::Nuls(50));
+    }
+}
+
+TEST(FillID3v2, AFieldWhoseFrameIsNotFoundIsWritten) {
+    Filling filling;
+    filling.Values.bRemHiddenID3 = true;
+    filling.V2Frames = test::Nuls(20) + test::TextFrame("TALB", "Own Album") + "rubbish behind it";
+    const ID3v2Tag tag = filling.Second();
+    EXPECT_EQ(tag.Album, "Own Album");
+    EXPECT_EQ(tag.OtherFrames, "");
 }
 
 TEST(FillID3v2, TextsOfAnyLengthAreTakenInTheCodePage) {

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -18,6 +19,7 @@
 #include "tests/support/qt_main_window.h"
 #include "tests/support/qt_modal.h"
 #include "tests/support/real_mp3.h"
+#include "tests/support/tools.h"
 
 using namespace mdlPLM;
 
@@ -94,6 +96,7 @@ private slots:
     void SavingRenewsPreviewAndNewName();
     void PreviewLineEditedByHandStays();
     void MoreShowsTheOtherFramesAndTheyAreSaved();
+    void AddingInMoreTicksTheTagAndOtherProgramsFindTheFrame();
     void AfterASortThePanelIsBlank();
     void MenuEntriesDoWhatTheButtonsDo();
 
@@ -668,6 +671,27 @@ void FrmPLMTagpanelTest::MoreShowsTheOtherFramesAndTheyAreSaved() {
     QVERIFY(ReadFile(path).find("TPUB") == Bytes::npos);
     QVERIFY(ReadFile(path).find("TBPM") == Bytes::npos);
     QCOMPARE(TagsOf(path).V2.Title, Bytes("SOS"));
+}
+
+void FrmPLMTagpanelTest::AddingInMoreTicksTheTagAndOtherProgramsFindTheFrame() {
+    const Text path = DropTagged(1)[0];
+    plm_->ClickLine("lstFiles", 0);
+    plm_->Get<QCheckBox>("chkID3v2").setChecked(false);
+    OnNextModal<frmMoreID3v2>([](frmMoreID3v2& dialog) {
+        dialog.findChild<QComboBox*>(QStringLiteral("cmbV2Frames"))
+            ->setEditText(QStringLiteral("TMOO"));
+        dialog.findChild<QPlainTextEdit*>(QStringLiteral("txtTagContent"))
+            ->setPlainText(QStringLiteral("cheerful"));
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdAdd"))->click();
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdClose"))->click();
+    });
+    plm_->Click("cmdMore");
+    QVERIFY(Checked("chkID3v2"));
+    plm_->Click("cmdSaveID3");
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("The tags were saved."));
+    const Bytes told = test::OutputOf({"id3v2", "-R", NativePath(path)});
+    QVERIFY2(told.find("TMOO") != Bytes::npos, told.c_str());
+    QVERIFY2(told.find("TIT2: title 1") != Bytes::npos, told.c_str());
 }
 
 void FrmPLMTagpanelTest::AfterASortThePanelIsBlank() {

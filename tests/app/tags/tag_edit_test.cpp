@@ -219,17 +219,18 @@ TEST(EditedV1, AFileWithoutATrailerGetsAnEmptyOneWithoutGenre) {
 // --- ID3v2 ---
 
 struct Tag {
+    Bytes Header;
     Bytes Text;
     ID3v2Tag Record;
 };
-Tag MakeTag(const Bytes& tagText) {
-    return {tagText,
-            ParseID3v2(test::TagHeader(tagText.size()), tagText, ID3v2Parts::FieldsAndText)};
+Tag MakeTag(const Bytes& tagText, char flags = '\0') {
+    const Bytes header = test::TagHeader(tagText.size(), 3, flags);
+    return {header, tagText, ParseID3v2(header, tagText, ID3v2Parts::FieldsAndText)};
 }
 
 ID3v2Tag Edit(const Tag& tag, const BoxChanges& changes, HandOn which = HandOn::NotWhole,
               HiddenFrames hidden = HiddenFrames::Keep) {
-    return EditedV2(tag.Record, HoldFrames(tag.Text, which), changes, hidden);
+    return EditedV2(tag.Record, HoldFrames({tag.Header, tag.Text}, which), changes, hidden);
 }
 
 const Bytes Utf16Title = Frame("TIT2", "\1\xFF\xFE" + Bytes("a\0b\0", 4));
@@ -324,6 +325,28 @@ TEST(EditedV2, DroppingHiddenFramesKeepsTheKnownOnesThatNoBoxShows) {
     const ID3v2Tag replaced =
         Edit(tag, Change(TagBox::txtV2Title, u"x"), HandOn::NotWhole, HiddenFrames::Drop);
     EXPECT_EQ(replaced.OtherFrames, "");
+}
+
+// The inserted NUL ends the text for the reader, and then it is not what the box shows.
+TEST(EditedV2, ATextThatUnsynchronisationChangedIsHandedOnAsItWasBefore) {
+    const Bytes title = TextFrame("TIT2", "\xFF\xE4h");
+    const Bytes picture = test::PlainSizeFrame("APIC", test::LikeJpeg(900));
+    const Tag tag = MakeTag(test::Unsynchronised(title + picture + TextFrame("TPE1", "Artist")),
+                            test::UnsynchronisedFlag);
+    EXPECT_EQ(BuildFrames(Edit(tag, {})), BuildFrame("TPE1", "Artist") + title + picture);
+    EXPECT_EQ(BuildFrames(Edit(tag, Change(TagBox::txtV2Title, u"New"))),
+              BuildFrame("TIT2", "New") + BuildFrame("TPE1", "Artist") + picture);
+    EXPECT_EQ(BuildFrames(Edit(tag, {}, HandOn::NotWhole, HiddenFrames::Drop)),
+              BuildFrame("TPE1", "Artist") + title);
+}
+
+TEST(EditedV2, DroppingHiddenFramesWritesTheTextOfAFrameThatIsNotFound) {
+    const Tag tag = MakeTag(Picture + Nuls(20) + TextFrame("TIT2", "A title") + "rubbish");
+    EXPECT_EQ(BuildFrames(Edit(tag, {}, HandOn::NotWhole, HiddenFrames::Drop)),
+              BuildFrame("TIT2", "A title"));
+    EXPECT_EQ(BuildFrames(
+                  Edit(tag, Change(TagBox::txtV2Title, u""), HandOn::NotWhole, HiddenFrames::Drop)),
+              "");
 }
 
 TEST(ChangesBetween, NamesWhatDiffers) {

@@ -478,6 +478,108 @@ TEST_F(Panel, FramesEditedElsewhereAreSaved) {
     EXPECT_NE(ReadFile(path).find(frames), Bytes::npos);
 }
 
+// --- tags that are hard to walk ---
+
+std::size_t Count(const Bytes& text, BytesView part) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != Bytes::npos; at = text.find(part, at + 1)) ++count;
+    return count;
+}
+
+TEST_F(Panel, AnEditedFieldStandsOnceAndTheOthersStay) {
+    for (const test::HardTag& tag : test::HardTags()) {
+        SCOPED_TRACE(tag.What);
+        const Text path = Show(tag.Whole + Audio);
+        EXPECT_EQ(panel_.Boxes().txtV2Artist, u"Old artist");
+        panel_.Enter(TagBox::txtV2Title, u"New");
+        EXPECT_EQ(panel_.SaveID3().Outcome, SaveOutcome::Written);
+        const Bytes frames = BuildFrame("TIT2", "New") + BuildFrame("TPE1", "Old artist") +
+                             BuildFrame("TYER", "1999") + tag.Kept + test::HardAlbum + Nuls(50);
+        EXPECT_EQ(ReadFile(path).substr(10, frames.size()), frames);
+        EXPECT_EQ(Count(ReadFile(path), "TIT2"), 1U);
+    }
+}
+
+TEST_F(Panel, AnEmptiedBoxStaysEmpty) {
+    for (const test::HardTag& tag : test::HardTags()) {
+        SCOPED_TRACE(tag.What);
+        const Text path = Show(tag.Whole + Audio);
+        panel_.Enter(TagBox::txtV2Title, u"");
+        EXPECT_EQ(panel_.SaveID3().Outcome, SaveOutcome::Written);
+        EXPECT_EQ(panel_.Boxes().txtV2Title, u"");
+        EXPECT_EQ(Count(ReadFile(path), "TIT2"), 0U);
+        EXPECT_EQ(panel_.Boxes().txtV2Artist, u"Old artist");
+    }
+}
+
+TEST_F(Panel, FieldsThatNobodyEditedStayWhenHiddenFramesAreDropped) {
+    settings_.bRemHiddenID3 = true;
+    for (const test::HardTag& tag : test::HardTags()) {
+        SCOPED_TRACE(tag.What);
+        const Text path = Show(tag.Whole + Audio);
+        EXPECT_EQ(panel_.SaveID3().Outcome, SaveOutcome::Written);
+        const Bytes frames = BuildFrame("TIT2", "Old title") + BuildFrame("TPE1", "Old artist") +
+                             BuildFrame("TYER", "1999") + test::HardAlbum;
+        EXPECT_EQ(ReadFile(path).substr(10, frames.size()), frames);
+        EXPECT_EQ(Count(ReadFile(path), tag.Kept), 0U);
+    }
+}
+
+TEST_F(Panel, ASaveWithoutAnEditKeepsEveryFrame) {
+    for (const test::HardTag& tag : test::HardTags()) {
+        SCOPED_TRACE(tag.What);
+        const Text path = Show(tag.Whole + Audio);
+        EXPECT_EQ(panel_.SaveID3().Outcome, SaveOutcome::Written);
+        const Bytes saved = ReadFile(path);
+        for (const Bytes& frame : {BuildFrame("TIT2", "Old title"), tag.Kept, test::HardAlbum})
+            EXPECT_EQ(Count(saved, frame), 1U);
+    }
+}
+
+// As another save may have left them: behind padding, where no walk comes to.
+TEST_F(Panel, AFieldBehindThePaddingIsEditedAndEmptiedToo) {
+    const Bytes picture = Frame("APIC", Nul + "image/png" + Nuls(2) + Noise(300));
+    const Bytes tag = WholeTag(picture + Nuls(20) + TextFrame("TIT2", "Old") + picture, 20) + Audio;
+    for (const TextView title : {u"New", u""}) {
+        const Text path = Show(tag);
+        panel_.Enter(TagBox::txtV2Title, title);
+        panel_.SaveID3();
+        EXPECT_EQ(panel_.Boxes().txtV2Title, title);
+        EXPECT_EQ(Count(ReadFile(path), "TIT2"), title.empty() ? 0U : 1U);
+        EXPECT_EQ(Count(ReadFile(path), picture), 2U);
+    }
+}
+
+// --- further frames ---
+
+TEST_F(Panel, FramesAddedOrRemovedTickTheTag) {
+    const Bytes frames = BuildFrame("TIT3", "Subtitle");
+    for (const Bytes& start : {Bytes(), WholeTag(Frame("PRIV", Noise(20)), 10)}) {
+        const Text path = Show(start + Audio);
+        panel_.TickID3v2(false);
+        panel_.SetOtherFrames(panel_.OtherFrames());
+        EXPECT_FALSE(panel_.Boxes().chkID3v2);
+        panel_.SetOtherFrames(frames);
+        EXPECT_TRUE(panel_.Boxes().chkID3v2);
+        EXPECT_TRUE(panel_.CanCopyToV1());
+        EXPECT_EQ(panel_.SaveID3().Outcome, SaveOutcome::Written);
+        EXPECT_EQ(ReadFile(path).substr(10, frames.size()), frames);
+        EXPECT_EQ(Count(ReadFile(path), "PRIV"), 0U);
+    }
+}
+
+// Its list shows those frames of the boxes too that are handed on as they stand.
+TEST_F(Panel, RemovingAllFurtherFramesLeavesWhatTheBoxesShow) {
+    const Bytes comment = test::CommentFrame("what", "A comment");
+    const Text path = Show(WholeTag(Frame("PRIV", Noise(20)) + comment, 10) + Audio);
+    panel_.SetOtherFrames({});
+    panel_.SaveID3();
+    EXPECT_EQ(panel_.Boxes().txtV2Comments, u"A comment");
+    const Bytes frames = BuildFrame("COMM", "A comment");
+    EXPECT_EQ(ReadFile(path).substr(10, frames.size()), frames);
+    EXPECT_EQ(Count(ReadFile(path), "PRIV"), 0U);
+}
+
 // --- what may happen between showing and saving ---
 
 constexpr TextView Changed = u"The file has changed since it was shown. It was not saved.";

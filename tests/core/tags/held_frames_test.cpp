@@ -10,6 +10,7 @@ namespace {
 
 using test::CommentFrame;
 using test::Frame;
+using test::LikeJpeg;
 using test::Noise;
 using test::Nul;
 using test::Nuls;
@@ -20,51 +21,10 @@ const Bytes Picture = Frame("APIC", Nul + "image/png" + Nuls(2) + Noise(5000));
 const Bytes TenBytes = "\xFF\xFB\x90\x64" + Bytes("audio!");
 
 FrameKind KindOf(BytesView identifier, const Bytes& tagText) {
-    const FrameKinds kinds = KindsOfFrames(tagText);
+    const FrameKinds kinds = KindsOfFrames({{}, tagText});
     for (std::size_t i = 0; i < KnownFrames.size(); ++i)
         if (KnownFrames[i].Identifier == identifier) return kinds[i];
     throw std::logic_error("no known frame");
-}
-
-std::vector<std::size_t> Starts(const Bytes& tagText) {
-    std::vector<std::size_t> starts;
-    for (const WalkedFrame& frame : WalkFrames(tagText)) starts.push_back(frame.Start);
-    return starts;
-}
-
-using Positions = std::vector<std::size_t>;
-
-TEST(WalkFrames, GoesFromFrameToFrameUpToThePadding) {
-    const Bytes title = TextFrame("TIT2", "A title");
-    EXPECT_EQ(Starts(title + Picture + title + Nuls(50) + TenBytes),
-              (Positions{0, title.size(), title.size() + Picture.size()}));
-    EXPECT_EQ(Starts(title + TenBytes), Positions{0});
-    EXPECT_EQ(Starts(title), Positions{0});
-    EXPECT_EQ(Starts(""), Positions{});
-    EXPECT_EQ(Starts(Nuls(100)), Positions{});
-    EXPECT_EQ(Starts("TIT2"), Positions{});
-}
-
-TEST(WalkFrames, TakesSizesInEitherForm) {
-    const Bytes longText = PlainSizeFrame("COMM", Nul + "eng" + Nul + Bytes(400, 'c'));
-    const Bytes title = TextFrame("TIT2", "A title");
-    const std::vector<WalkedFrame> frames = WalkFrames(longText + title + Nuls(20) + TenBytes);
-    ASSERT_EQ(frames.size(), 2U);
-    EXPECT_FALSE(frames[0].SevenBitSize);
-    EXPECT_EQ(frames[0].Length, longText.size());
-    EXPECT_TRUE(frames[1].SevenBitSize);
-}
-
-TEST(WalkFrames, EndsWhereAFrameLeadsNowhere) {
-    const Bytes broken = Bytes("TPE1") + Nuls(3) + "\x20" + Nuls(2) + "abc";
-    EXPECT_EQ(Starts(TextFrame("TIT2", "A title") + broken), Positions{0});
-    EXPECT_EQ(Starts("APIC\x7F\x7F\x7F\x7F" + Noise(300)), Positions{});
-    EXPECT_EQ(Starts("tit2" + TextFrame("TIT2", "x").substr(4)), Positions{});
-}
-
-TEST(WalkFrames, PassesAnEmptyFrame) {
-    const Bytes empty = Frame("TXXX", "");
-    EXPECT_EQ(Starts(empty + TextFrame("TIT2", "a") + Nuls(10)), (Positions{0, 10}));
 }
 
 TEST(FrameKinds, WhatTheWriterWritesIsWhole) {
@@ -154,7 +114,7 @@ TEST(OtherFrames, AreThoseOfTheReaderWhenEveryKnownFrameIsWhole) {
         const Bytes tagText = text + end;
         const ID3v2Tag read =
             ParseID3v2(test::TagHeader(tagText.size()), tagText, ID3v2Parts::Everything);
-        EXPECT_EQ(HoldFrames(tagText, HandOn::NotWholeNoName).OtherFrames, read.OtherFrames);
+        EXPECT_EQ(HoldFrames({{}, tagText}, HandOn::NotWholeNoName).OtherFrames, read.OtherFrames);
     }
 }
 
@@ -163,23 +123,23 @@ TEST(OtherFrames, KeepInTheirPlacesWhatIsHandedOn) {
     const Bytes genre = TextFrame("TCON", "(17)");
     const Bytes artist = TextFrame("TPE1", "Artist");
     const Bytes tagText = title + Picture + artist + genre + Nuls(20) + TenBytes;
-    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames,
+    EXPECT_EQ(HoldFrames({{}, tagText}, HandOn::NotWhole).OtherFrames,
               title + Picture + genre + Nuls(20) + TenBytes);
-    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWholeNoName).OtherFrames,
+    EXPECT_EQ(HoldFrames({{}, tagText}, HandOn::NotWholeNoName).OtherFrames,
               title + Picture + Nuls(20) + TenBytes);
 }
 
 TEST(OtherFrames, AreEmptyWhenOnlyNulsAreLeft) {
     const Bytes tagText = TextFrame("TIT2", "a") + Nuls(20);
-    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames, "");
+    EXPECT_EQ(HoldFrames({{}, tagText}, HandOn::NotWhole).OtherFrames, "");
 }
 
 TEST(OtherFrames, PaddingIsNotHandedOnBesideKnownFramesAlone) {
     const Bytes title = Frame("TIT2", "\1\xFF\xFE" + Bytes("a\0", 2));
     const Bytes genre = TextFrame("TCON", "(17)");
     const Bytes tagText = title + TextFrame("TPE1", "Artist") + genre + Nuls(200);
-    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames, title + genre);
-    EXPECT_EQ(HoldFrames(tagText + TenBytes, HandOn::NotWhole).OtherFrames,
+    EXPECT_EQ(HoldFrames({{}, tagText}, HandOn::NotWhole).OtherFrames, title + genre);
+    EXPECT_EQ(HoldFrames({{}, tagText + TenBytes}, HandOn::NotWhole).OtherFrames,
               title + genre + Nuls(200) + TenBytes);
 }
 
@@ -187,25 +147,135 @@ TEST(OtherFrames, ALookalikeInsideAPictureStaysWhole) {
     const Bytes picture =
         Frame("APIC", Nul + "image/png" + Nuls(2) + TextFrame("TPE1", "x") + Noise(300));
     const Bytes tagText = picture + TextFrame("TIT2", "A title") + Nuls(20);
-    EXPECT_EQ(HoldFrames(tagText, HandOn::NotWhole).OtherFrames, picture + Nuls(20));
+    EXPECT_EQ(HoldFrames({{}, tagText}, HandOn::NotWhole).OtherFrames, picture + Nuls(20));
 }
 
-TEST(CutWalkedFrame, CutsTheFirstRealFrameOnly) {
+TEST(CutFoundFrame, CutsTheFirstRealFrameOnly) {
     const Bytes lyrics = Frame("USLT", Nul + "eng" + Nul + "a TIT2 inside");
     const Bytes title = TextFrame("TIT2", "one");
-    EXPECT_EQ(CutWalkedFrame(lyrics + title + title + Nuls(20), "TIT2"), lyrics + title + Nuls(20));
-    EXPECT_EQ(CutWalkedFrame(lyrics + Nuls(20), "TIT2"), lyrics + Nuls(20));
+    EXPECT_EQ(CutFoundFrame(lyrics + title + title + Nuls(20), "TIT2"), lyrics + title + Nuls(20));
+    EXPECT_EQ(CutFoundFrame(lyrics + Nuls(20), "TIT2"), lyrics + Nuls(20));
     const Bytes plain = PlainSizeFrame("TIT2", Nul + Bytes(300, 't'));
-    EXPECT_EQ(CutWalkedFrame(plain + lyrics + Nuls(20), "TIT2"), lyrics + Nuls(20));
+    EXPECT_EQ(CutFoundFrame(plain + lyrics + Nuls(20), "TIT2"), lyrics + Nuls(20));
 }
 
-TEST(OnlyFrames, OfEachIdentifierTheFirst) {
-    const Bytes one = CommentFrame("", "one");
-    const Bytes two = CommentFrame("", "two");
-    const Bytes title = TextFrame("TIT2", "t");
-    EXPECT_EQ(OnlyFrames(Picture + one + two + title + Nuls(20), {"COMM", "TIT2", "TPE1"}),
-              one + title);
-    EXPECT_EQ(OnlyFrames(Picture + one, {}), "");
+TEST(CutFoundFrame, FindsOneThatTheWalkDoesNotComeTo) {
+    const Bytes before = TextFrame("TPE1", "Artist") + Nuls(20) + TenBytes;
+    const Bytes title = TextFrame("TIT2", "one");
+    EXPECT_EQ(CutFoundFrame(before + title + before, "TIT2"), before + before);
+    const Bytes plain = PlainSizeFrame("TIT2", "\1" + Nuls(300));
+    EXPECT_EQ(CutFoundFrame(before + plain + title, "TIT2"), before + title);
+}
+
+TEST(CutFoundFrame, TakesAFrameWhoseSizeLeadsNowhereAsFarAsItIsShown) {
+    const Bytes before = TextFrame("TPE1", "Artist") + Nuls(20);
+    const Bytes title = TextFrame("TIT2", "one");
+    EXPECT_EQ(CutFoundFrame(before + title + "rubbish behind it", "TIT2"),
+              before + "rubbish behind it");
+    EXPECT_EQ(CutFoundFrame(before + title.substr(0, title.size() - 1), "TIT2"), before);
+}
+
+TEST(CutFoundFrame, LettersThatStartNoFrameStay) {
+    const Bytes before = TextFrame("TPE1", "Artist") + Nuls(20);
+    for (const Bytes& letters : {Bytes("COMMON PEOPLE like you and me"), Bytes("COMM"),
+                                 Bytes("COMM\0\0\0\6\0\0xlike you", 19)})
+        EXPECT_EQ(CutFoundFrame(before + letters, "COMM"), before + letters);
+}
+
+struct Handed {
+    Bytes Frames;
+    ID3v2Tag Record;
+};
+Handed HandOver(const Bytes& tagText, HiddenFrames hidden, HandOn which = HandOn::NotWhole) {
+    Handed handed;
+    handed.Record = ParseID3v2(test::TagHeader(tagText.size()), tagText, ID3v2Parts::FieldsAndText);
+    HandOnTo(handed.Record, HoldFrames({{}, tagText}, which), hidden);
+    handed.Frames = BuildFrames(handed.Record);
+    return handed;
+}
+
+TEST(HandOnTo, DroppingTakesOfEachKnownFrameTheFirstAlone) {
+    const Bytes one = CommentFrame("a", "one");
+    const Bytes two = CommentFrame("b", "two");
+    const Bytes title = TextFrame("TIT2", "t" + Nul);
+    const Bytes tagText = Picture + one + two + title + Nuls(20);
+    EXPECT_EQ(HandOver(tagText, HiddenFrames::Drop).Frames, one + title);
+    EXPECT_EQ(HandOver(tagText, HiddenFrames::Keep).Frames, tagText);
+    EXPECT_EQ(HandOver(Picture + Nuls(20), HiddenFrames::Drop).Frames, "");
+}
+
+TEST(HandOnTo, AFieldWhoseFrameIsNotFoundKeepsItsText) {
+    const Bytes broken = Picture + Nuls(20) + TextFrame("TIT2", "A title") + "rubbish behind it";
+    EXPECT_EQ(HandOver(broken, HiddenFrames::Drop).Frames, BuildFrame("TIT2", "A title"));
+    EXPECT_EQ(HandOver(broken, HiddenFrames::Keep).Frames, broken);
+}
+
+TEST(HandOnTo, AFrameThatTheWalkDoesNotComeToIsHandedOn) {
+    const Bytes title = TextFrame("TIT2", "A title" + Nul);
+    const Bytes genre = TextFrame("TCON", "Rock");
+    const Bytes tagText = Picture + Nuls(20) + TenBytes + title + Picture + genre + Nuls(20);
+    EXPECT_EQ(HandOver(tagText, HiddenFrames::Drop).Frames, title + genre);
+    EXPECT_EQ(HandOver(tagText, HiddenFrames::Keep).Frames, tagText);
+}
+
+TEST(HandOnTo, LettersInsideAnotherFrameAreNoField) {
+    const Bytes lyrics = Frame("USLT", Nul + "eng" + Nul + "COMMON PEOPLE like you");
+    EXPECT_EQ(KindOf("COMM", lyrics + Nuls(20)), FrameKind::Inside);
+    EXPECT_EQ(HandOver(lyrics + Nuls(20), HiddenFrames::Drop).Frames, "");
+    EXPECT_EQ(HandOver(lyrics + Nuls(20), HiddenFrames::Keep).Frames, lyrics + Nuls(20));
+}
+
+TEST(GiveWay, TakesTheFrameOut) {
+    const Bytes title = TextFrame("TIT2", "t" + Nul);
+    HeldFrames held = HoldFrames({{}, title + Picture}, HandOn::NotWhole);
+    std::size_t place = 0;
+    while (KnownFrames[place].Identifier != "TIT2") ++place;
+    GiveWay(held, place);
+    EXPECT_EQ(held.OtherFrames, Picture);
+    EXPECT_EQ(held.Kinds[place], FrameKind::Absent);
+}
+
+// A tag as its file has it, with flags in its header.
+struct FlaggedTag {
+    Bytes Header;
+    Bytes Text;
+
+    FlaggedTag(char major, char flags, const Bytes& inner)
+        : Header(test::TagHeader(inner.size(), major, flags)), Text(inner + TenBytes) {}
+    [[nodiscard]] HeldFrames Held() const { return HoldFrames({Header, Text}, HandOn::NotWhole); }
+    [[nodiscard]] FrameKind KindOf(BytesView identifier) const {
+        const FrameKinds kinds = KindsOfFrames({Header, Text});
+        EXPECT_EQ(Held().Kinds, kinds);
+        std::size_t place = 0;
+        while (KnownFrames[place].Identifier != identifier) ++place;
+        return kinds[place];
+    }
+};
+
+TEST(HeldFrames, BehindAnExtendedHeaderAreThoseWithoutIt) {
+    const Bytes unshown = TextFrame("TCON", "Rock");
+    const FlaggedTag tag(3, test::ExtendedFlag,
+                         test::ExtendedHeader + TextFrame("TIT2", "A title") + unshown + Nuls(30));
+    EXPECT_EQ(tag.Held().OtherFrames, unshown + Nuls(30) + TenBytes);
+    EXPECT_EQ(tag.KindOf("TIT2"), FrameKind::Whole);
+    EXPECT_EQ(tag.KindOf("TCON"), FrameKind::Unshown);
+}
+
+TEST(HeldFrames, OfAnUnsynchronisedTagAreAsTheyWereBefore) {
+    const Bytes picture = PlainSizeFrame("APIC", LikeJpeg(3000));
+    const Bytes frames = TextFrame("TIT2", "A title") + picture + TextFrame("TPE1", "Artist");
+    const FlaggedTag tag(3, test::UnsynchronisedFlag, test::Unsynchronised(frames) + Nuls(30));
+    EXPECT_EQ(tag.Held().OtherFrames, picture + Nuls(30) + TenBytes);
+    EXPECT_EQ(tag.KindOf("TIT2"), FrameKind::Whole);
+    EXPECT_EQ(tag.KindOf("TPE1"), FrameKind::Whole);
+}
+
+// The reader takes the inserted NUL for a part of the text.
+TEST(HeldFrames, ATextThatUnsynchronisationChangedIsUnshown) {
+    const Bytes title = TextFrame("TIT2", "\xFF\xE4h");
+    const FlaggedTag tag(3, test::UnsynchronisedFlag, test::Unsynchronised(title) + Nuls(30));
+    EXPECT_EQ(tag.KindOf("TIT2"), FrameKind::Unshown);
+    EXPECT_EQ(tag.Held().OtherFrames, title + Nuls(30) + TenBytes);
 }
 
 }  // namespace
