@@ -234,16 +234,6 @@ Bytes ShortFrame(const Bytes& identifier, const Bytes& text) {
     return identifier + Nuls(2) + static_cast<char>(text.size() + 1) + Nul + text;
 }
 
-// Of every 0xFF that a reader could take for sync a NUL follows.
-Bytes Unsynchronised(const Bytes& bytes) {
-    Bytes result;
-    for (const char c : bytes) {
-        result.push_back(c);
-        if (c == '\xFF') result.push_back('\0');
-    }
-    return result;
-}
-
 Bytes PictureFrame(const Bytes& picture) {
     return Frame("APIC", Nul + "image/png" + Nul + "\x03" + Nul + picture);
 }
