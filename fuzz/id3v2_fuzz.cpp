@@ -67,27 +67,37 @@ void CheckWalk(BytesView text) {
     }
 }
 
+// Every shown field has a frame when the hidden ones go, unless its letters stand inside another.
+void CheckDropping(const ID3v2Tag& old, const HeldFrames& held) {
+    const ID3v2Tag dropped = EditedV2(old, held, {}, HiddenFrames::Drop);
+    Require(dropped.OtherFrames.size() <= held.OtherFrames.size(), "dropping made frames");
+    const Bytes frames = BuildFrames(dropped);
+    for (std::size_t i = 0; i < KnownFrames.size(); ++i)
+        if (!(old.*KnownFrames[i].Field).empty() && held.Kinds[i] != FrameKind::Inside)
+            Require(Holds(frames, KnownFrames[i].Identifier), "a field was lost");
+}
+
 // Every frame stands in what is saved, but the ones whose fields are written again.
-void CheckHandOn(BytesView text, HandOn which) {
-    const HeldFrames held = HoldFrames(text, which);
-    const ID3v2Tag old = Parsed(text, ID3v2Parts::FieldsAndText);
+void CheckHandOn(const RawTag& tag, HandOn which) {
+    const HeldFrames held = HoldFrames(tag, which);
+    const ID3v2Tag old = Parsed(tag.Text, ID3v2Parts::FieldsAndText);
     const Bytes saved = BuildFrames(EditedV2(old, held, {}, HiddenFrames::Keep));
-    for (const WalkedFrame& frame : WalkFrames(text)) {
-        const BytesView raw = text.substr(frame.Start, frame.Length);
+    const Bytes bare = BareTagText(tag).value_or(Bytes(tag.Text));
+    for (const WalkedFrame& frame : WalkFrames(bare)) {
+        const BytesView raw = BytesView(bare).substr(frame.Start, frame.Length);
         const bool genre = raw.substr(0, 4) == "TCON" && which == HandOn::NotWholeNoName;
         const bool onlyNuls = raw.find_first_not_of('\0') == BytesView::npos;
         if (!genre && !onlyNuls) Require(Holds(saved, raw), "a frame was lost");
     }
-    const ID3v2Tag dropped = EditedV2(old, held, {}, HiddenFrames::Drop);
-    Require(dropped.OtherFrames.size() <= held.OtherFrames.size(), "dropping made frames");
+    CheckDropping(old, held);
 }
 
-void CheckReplacing(BytesView text) {
+void CheckReplacing(const RawTag& raw) {
     BoxChanges changes;
     for (const TagBoxRow& row : TagBoxTable) changes[IndexOf(row.Box)] = u"x";
-    const ID3v2Tag old = Parsed(text, ID3v2Parts::FieldsAndText);
+    const ID3v2Tag old = Parsed(raw.Text, ID3v2Parts::FieldsAndText);
     const ID3v2Tag tag =
-        EditedV2(old, HoldFrames(text, HandOn::NotWhole), changes, HiddenFrames::Keep);
+        EditedV2(old, HoldFrames(raw, HandOn::NotWhole), changes, HiddenFrames::Keep);
     const Bytes frames = BuildFrames(tag);
     for (const KnownFrame& frame : KnownFrames)
         RequireEqual(GetFrameText(frames, frame.Identifier), "x", "a new text is not read");
@@ -97,13 +107,14 @@ void CheckReplacing(BytesView text) {
 
 void FuzzID3v2(BytesView input) {
     CheckFile(input);
-    const BytesView text =
-        input.substr(0, 3) == "ID3" && input.size() > 10 ? TagTextOf(input) : input;
-    CheckReader(text);
-    CheckWalk(text);
-    CheckHandOn(text, HandOn::NotWhole);
-    CheckHandOn(text, HandOn::NotWholeNoName);
-    CheckReplacing(text);
+    const bool isTag = input.substr(0, 3) == "ID3" && input.size() > 10;
+    const RawTag tag = isTag ? RawTag{input.substr(0, 10), TagTextOf(input)} : RawTag{{}, input};
+    Require(BareTagText(tag).value_or(Bytes()).size() <= tag.Text.size(), "a bare tag grew");
+    CheckReader(tag.Text);
+    CheckWalk(tag.Text);
+    CheckHandOn(tag, HandOn::NotWhole);
+    CheckHandOn(tag, HandOn::NotWholeNoName);
+    CheckReplacing(tag);
 }
 
 }  // namespace mdlPLM::fuzz
