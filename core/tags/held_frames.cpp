@@ -82,10 +82,13 @@ public:
         return {};
     }
 
-    // What a box shows of a frame whose size leads nowhere.
-    [[nodiscard]] std::optional<WalkedFrame> FindBroken(BytesView identifier) const {
+    // The one that a box shows, where the walk does not come to, even if its size leads nowhere:
+    // then as far as it is shown.
+    [[nodiscard]] std::optional<WalkedFrame> FindShown(BytesView identifier) const {
         const std::size_t at = text_.find(identifier);
         if (at == BytesView::npos || at < EndOf(frames_) || Next(identifier, at) != at) return {};
+        const std::vector<WalkedFrame> more = WalkFrames(text_.substr(at));
+        if (!more.empty()) return WalkedFrame{at, more[0].Length, more[0].SevenBitSize};
         const auto size =
             static_cast<std::size_t>(DecodeSize(text_.substr(at + IdentifierSize, IdentifierSize)));
         return WalkedFrame{at, std::min(FrameHeaderSize + size, text_.size() - at), true};
@@ -224,8 +227,8 @@ void HandOnAll(ID3v2Tag& record, HeldFrames& held) {
 
 Bytes CutFoundFrame(BytesView tagText, BytesView identifier) {
     const Finder finder(tagText);
-    std::optional<WalkedFrame> frame = finder.Find(identifier);
-    if (!frame) frame = finder.FindBroken(identifier);
+    std::optional<WalkedFrame> frame = finder.FindShown(identifier);
+    if (!frame) frame = finder.Find(identifier);
     Bytes rest(tagText);
     if (frame) rest.erase(frame->Start, frame->Length);
     return rest;

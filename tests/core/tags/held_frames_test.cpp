@@ -175,6 +175,15 @@ TEST(CutFoundFrame, TakesAFrameWhoseSizeLeadsNowhereAsFarAsItIsShown) {
     EXPECT_EQ(CutFoundFrame(before + title.substr(0, title.size() - 1), "TIT2"), before);
 }
 
+TEST(CutFoundFrame, OfTwoThatTheWalkDoesNotComeToTakesTheOneThatIsShown) {
+    const Bytes before = TextFrame("TPE1", "Artist") + Nuls(20);
+    const Bytes broken = TextFrame("TIT2", "one");
+    const Bytes second = "rubbish" + TextFrame("TIT2", "two") + Nuls(20);
+    EXPECT_EQ(CutFoundFrame(before + broken + second, "TIT2"), before + second);
+    const Bytes letters = "TIT2 is no frame here";
+    EXPECT_EQ(CutFoundFrame(before + letters + TextFrame("TIT2", "two"), "TIT2"), before + letters);
+}
+
 TEST(CutFoundFrame, LettersThatStartNoFrameStay) {
     const Bytes before = TextFrame("TPE1", "Artist") + Nuls(20);
     for (const Bytes& letters : {Bytes("COMMON PEOPLE like you and me"), Bytes("COMM"),
