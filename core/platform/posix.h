@@ -1,6 +1,8 @@
 // What the POSIX sources of this room share. Not for other rooms.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstdint>
 
 #include "core/platform/errors.h"
@@ -100,6 +102,15 @@ Status RenameError(const Bytes& from, const Bytes& to, int code);
 int RenameByFlag(const Bytes& from, const Bytes& to);
 int RenameByLink(const Bytes& from, const Bytes& to);
 int RenameByClaim(const Bytes& from, const Bytes& to);
+
+/// Gives the file open as `to` the `user.*` attributes and the POSIX access control list of the one
+/// open as `from`, as far as its file system takes them: no failure.
+void CopyExtendedAttributes(int from, int to);
+
+/// Makes the file open as `to` the successor of the one open as `from`, which has `old`: owner and
+/// group as far as the system lets them be set, CopyExtendedAttributes, and last the mode. The
+/// times are left to the caller.
+void CopyMetadata(const struct stat& old, int from, int to);
 
 /// Copies the attributes that have no file mode, as far as the target's file system takes them.
 void CopyDosAttributes(int from, int to);
