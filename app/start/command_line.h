@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/list/file_failures.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
@@ -48,12 +49,15 @@ struct BatchResult {
     std::size_t Renamed = 0;
     std::size_t Unchanged = 0;
     std::size_t Failed = 0;
+    /// Those of them that have no new name, with the reason. A rename that fails has none.
+    std::vector<FileFailure> Nameless;
     [[nodiscard]] int ExitStatus() const;
 };
 
 /// Renames the files of a job; one that cannot be renamed (missing, a folder, a new name that is
-/// taken or is no file name) is counted and passed over silently. Nothing is ever replaced.
-BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk);
+/// taken) is counted and passed over. Nothing is ever replaced.
+BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk,
+                     const Language& words = {});
 
 /// The new path of one file under "+ext": up to and including the last "." of its name, then the
 /// extension; a name without a "." gets it appended with no dot.

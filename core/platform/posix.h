@@ -1,6 +1,7 @@
 // What the POSIX sources of this room share. Not for other rooms.
 #pragma once
 
+#include <dirent.h>
 #include <sys/stat.h>
 
 #include <cstdint>
@@ -42,6 +43,9 @@ private:
 /// open(2), begun again when a signal interrupts it; the descriptor is not handed to child
 /// processes, and a FIFO does not hold the caller up.
 Handle OpenHandle(const Bytes& path, int flags, unsigned mode = 0);
+
+/// opendir(3), begun again when a signal interrupts it; null when the folder cannot be opened.
+DIR* OpenFolder(const Bytes& path);
 
 /// Reads up to `count` bytes at `offset`; fewer only at the end of the file.
 Status ReadFully(int descriptor, std::int64_t offset, char* buffer, std::size_t count,
@@ -111,8 +115,5 @@ void CopyExtendedAttributes(int from, int to);
 /// group as far as the system lets them be set, CopyExtendedAttributes, and last the mode. The
 /// times are left to the caller.
 void CopyMetadata(const struct stat& old, int from, int to);
-
-/// Copies the attributes that have no file mode, as far as the target's file system takes them.
-void CopyDosAttributes(int from, int to);
 
 }  // namespace mdlPLM::posix

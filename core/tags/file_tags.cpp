@@ -92,6 +92,15 @@ Status ReadRecord(const File& file, BytesView head, ID3v2Parts parts, FileTags& 
     return {};
 }
 
+// The errors that speak of the file's contents, and of folders and pipes, are told apart from those
+// that a permission or another disk would take away.
+void NoteUnreadable(FileTags& tags, Status status) {
+    const ErrorNumber error = status.Number();
+    if (error != ErrorNumber::InputPastEnd && error != ErrorNumber::BadRecordNumber &&
+        error != ErrorNumber::PathFileAccess)
+        tags.Unreadable = error;
+}
+
 void NoteV1Failure(FileTags& tags) {
     tags.V1Failed = true;
     tags.V1.Genre = NoGenre;
@@ -113,11 +122,14 @@ void Read(const Reading& reading, FileTags& tags) {
     const Status v1 = ReadRecord(file, head.View(), reading.Parts, tags);
     if (!v1.Ok()) {
         NoteV1Failure(tags);
+        NoteUnreadable(tags, v1);
         reading.Errors.Report(v1.Number(), reading.Path);
     }
     const Status v2 = first.Ok() ? ReadTag(file, head.View(), reading.Parts, tags) : first;
     tags.V2Failed = !v2.Ok();
-    if (tags.V2Failed) reading.Errors.Report(v2.Number(), reading.Path);
+    if (!tags.V2Failed) return;
+    NoteUnreadable(tags, v2);
+    reading.Errors.Report(v2.Number(), reading.Path);
 }
 
 }  // namespace
@@ -139,6 +151,7 @@ FileTags ReadFileTags(TextView path, ID3v2Parts parts, ErrorSink& errors) {
     }
     NoteV1Failure(tags);
     tags.V2Failed = true;
+    NoteUnreadable(tags, status);
     errors.Report(status.Number(), path);
     return tags;
 }

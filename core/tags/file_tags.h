@@ -14,6 +14,9 @@ struct FileTags {
     ID3v2Tag V2;
     bool V1Failed = false;  ///< an error was reported while reading it
     bool V2Failed = false;
+    /// What kept the file from being read (no permission, the disk), as opposed to a tag that is
+    /// not as it should be, or a thing that holds no bytes.
+    ErrorNumber Unreadable = ErrorNumber::None;
     bool V1HasTrackByte = false;  ///< the trailer is of the ID3v1.1 form
     std::int64_t FileSize = 0;    ///< bytes
     std::int64_t V2Length = 0;    ///< header included; 0 without a tag
