@@ -1,4 +1,6 @@
 // Copying, moving and renaming single files, and what can go wrong with them.
+#include <sys/stat.h>
+
 #include <algorithm>
 
 #include "core/text/letter_case.h"
@@ -290,7 +292,7 @@ TEST_F(SortFiles, ANewNameThatIsNoFileNameIsNamedInTheMessageAndTheFileStays) {
 
 TEST_F(SortFiles, ANameOfNothingButItsExtensionIsNeverUsed) {
     choices_.OutPattern = u"%title.mp3";
-    for (const BytesView title : {".", "???", "\r\n", " "}) {
+    for (const Bytes& title : std::vector<Bytes>{".", "???", "\r\n"}) {
         for (const SortMethod method : Methods) {
             list_.Clear();
             choices_.chkConvert = true;
@@ -317,6 +319,47 @@ TEST_F(SortFiles, AFileThatKeepsItsNameKeepsAnyName) {
         EXPECT_EQ(Sort(), Counts(1));
         EXPECT_EQ(ReadFile(choices_.txtTargetDir + u"/.mp3"), "sound");
     }
+}
+
+// Its tags may say something else than its old name does.
+TEST_F(SortFiles, AFileThatCannotBeReadIsNotRenamedByItsOldName) {
+    choices_.chkConvert = true;
+    for (const SortMethod method : Methods) {
+        list_.Clear();
+        choices_.Method = method;
+        const Text source = Add(u"abba_-_one.mp3", "sound");
+        ASSERT_EQ(::chmod(NativePath(source).c_str(), 0), 0);
+        EXPECT_EQ(RunInChild([&] {
+                      ObeyPermissions();
+                      return Sort() == Failed(source, u"Permission denied") ? 0 : 1;
+                  }),
+                  0);
+        EXPECT_EQ(InSource(), Tree{"abba_-_one.mp3"});
+        EXPECT_EQ(InTarget(), Tree{});
+    }
+}
+
+TEST_F(SortFiles, AFileThatCannotBeReadIsRenamedWhereItsTagsAreNotAsked) {
+    choices_.chkConvert = true;
+    choices_.Method = SortMethod::Rename;
+    AddPath(temp_.Unopenable(u"abba_-_one.mp3"));
+    EXPECT_EQ(Sort(), Failed(temp_ / u"abba_-_one.mp3", u"Device unavailable"));
+    settings_.bID3 = false;
+    EXPECT_EQ(Sort(), Counts(1));
+    EXPECT_TRUE(IsThere(temp_ / u"Abba - One.mp3"));
+}
+
+TEST_F(SortFiles, AFileThatCannotBeReadTakesANameThatIsWrittenByHand) {
+    choices_.chkConvert = true;
+    choices_.txtNewName = u"Mine.mp3";
+    choices_.Method = SortMethod::Move;
+    AddPath(temp_.Unopenable(u"abba_-_one.mp3"));
+    // Its artist is not known, though.
+    choices_.chkSubFolder = true;
+    EXPECT_EQ(Sort(), Failed(temp_ / u"abba_-_one.mp3", u"Device unavailable"));
+    choices_.chkSubFolder = false;
+    EXPECT_EQ(Sort(), Counts(1));
+    EXPECT_EQ(InTarget(), Tree{"Mine.mp3"});
 }
 
 TEST_F(SortFiles, ANameLongerThanTheFileSystemTakesIsNamedInTheMessage) {

@@ -307,12 +307,12 @@ TEST(FixFileName, LineBreaksOfTagsDoNotGetIntoNames) {
     naming.Tags.V2.Artist = "Ab\r\nba";
     naming.Tags.V2.Title = "\x01Water\tloo\x7F!";
     naming.Tags.V2.Track = "1";
-    EXPECT_EQ(naming.FromTags(Pattern), u"01 - Ab Ba - Water Loo !.mp3");
+    EXPECT_EQ(naming.FromTags(Pattern), u"01 - Ab ba - Water loo !.mp3");
     naming.Boxes.chkID3v2 = true;
     naming.Boxes.txtV2Artist = u"Ab\r\nba";
     naming.Boxes.txtV2Title = u"\x01Water\tloo\x7F!";
     naming.Boxes.txtV2Track = u"1";
-    EXPECT_EQ(naming.FromBoxes(Pattern), u"01 - Ab Ba - Water Loo !.mp3");
+    EXPECT_EQ(naming.FromBoxes(Pattern), u"01 - Ab ba - Water loo !.mp3");
 }
 
 // Five blanks and a parenthesis separate name and folder in a line of the list; here they are part

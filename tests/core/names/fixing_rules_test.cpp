@@ -74,7 +74,7 @@ TEST(RemoveChars, TakeBytesInNoEncodingByThemselves) {
 TEST(FirstLetter, TheFirstCharacterIsRaisedAsItStands) {
     // Their small letters have another capital, or none: dotted I, sharp S, ohm, kelvin, angstrom,
     // theta symbol.
-    for (const char16_t c : {0x130, 0x1E9E, 0x2126, 0x212A, 0x212B, 0x3F4})
+    for (const char16_t c : Text(u"\u0130\u1E9E\u2126\u212A\u212B\u03F4"))
         EXPECT_EQ(FirstLetterUpper(Text(1, c) + u"AB"), Text(1, c) + u"ab") << int{c};
     EXPECT_EQ(FirstLetterUpper(u"\u00E5BC"), u"\u00C5bc");
     EXPECT_EQ(FirstLetterUpper(u"ABC"), u"Abc");
@@ -172,7 +172,7 @@ TEST(FileNameRules, ControlCharactersBecomeBlanksAtTheEnd) {
     EXPECT_EQ(Rename(u"\tA\r\nB", With(&Settings::bSpaces)), u" A B");
     EXPECT_EQ(Rename(u"\tA\r\nB\n", With(&Settings::bMisses)), u"A  B");
     Settings usual;
-    EXPECT_EQ(Rename(u"\nwhat\r\n now\x7F?.mp3", usual), u"What Now .mp3");
+    EXPECT_EQ(Rename(u"\nwhat\r\n now\x7F?.mp3", usual), u"what Now .mp3");
     // From a replacement and from the extension, too.
     EXPECT_EQ(Rename(u"axb", With(&Settings::bReplace), {{u"x", u"\n"}}), u"a b");
     usual.Extension = u"m\tp3";
