@@ -4,7 +4,6 @@
 #include <optional>
 #include <vector>
 
-#include "app/list/file_failures.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
@@ -43,14 +42,20 @@ inline constexpr TextView ExtensionPrompt = u"Enter new file extension (excludin
 /// left empty): then nothing can be done.
 bool SettleExtension(BatchJob& job, Prompts& prompts);
 
+/// A file that has no new name, and why.
+struct NamelessFile {
+    Text Path;
+    Text Reason;
+};
+
 /// Counts of a batch run; ExitStatus is 0 when every file was renamed or needed no renaming, 1 when
 /// some could not be, 2 when there was nothing that could be done.
 struct BatchResult {
     std::size_t Renamed = 0;
     std::size_t Unchanged = 0;
     std::size_t Failed = 0;
-    /// Those of them that have no new name, with the reason. A rename that fails has none.
-    std::vector<FileFailure> Nameless;
+    /// Those of them that have no new name. A rename that fails is not told.
+    std::vector<NamelessFile> Nameless;
     [[nodiscard]] int ExitStatus() const;
 };
 

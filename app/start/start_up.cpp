@@ -61,7 +61,7 @@ int Refuse(std::ostream& errors, TextView text) {
 Text Refusal(TextView reason) { return Text(u"pellmore: ").append(reason).append(u"\n"); }
 
 /// On one line and harmless to a terminal, whatever the name holds.
-Text Nameless(const FileFailure& failure) {
+Text Nameless(const NamelessFile& failure) {
     return Refusal(BlankControlCharacters(failure.Path + u": " + failure.Reason));
 }
 
@@ -78,7 +78,7 @@ int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
     SystemDisk disk;
     const NamingContext context{data.Values, data.Replacements, data.Values.InPattern};
     const BatchResult result = RunBatch(job, context, disk, words);
-    for (const FileFailure& failure : result.Nameless)
+    for (const NamelessFile& failure : result.Nameless)
         Print(surroundings.Errors, Nameless(failure));
     return result.ExitStatus();
 }

@@ -92,15 +92,6 @@ Status ReadRecord(const File& file, BytesView head, ID3v2Parts parts, FileTags& 
     return {};
 }
 
-// The errors that speak of the file's contents, and of folders and pipes, are told apart from those
-// that a permission or another disk would take away.
-void NoteUnreadable(FileTags& tags, Status status) {
-    const ErrorNumber error = status.Number();
-    if (error != ErrorNumber::InputPastEnd && error != ErrorNumber::BadRecordNumber &&
-        error != ErrorNumber::PathFileAccess)
-        tags.Unreadable = error;
-}
-
 void NoteV1Failure(FileTags& tags) {
     tags.V1Failed = true;
     tags.V1.Genre = NoGenre;
@@ -133,6 +124,16 @@ void Read(const Reading& reading, FileTags& tags) {
 }
 
 }  // namespace
+
+// The errors that speak of the file's contents, and of folders and pipes, are told apart from those
+// that a permission or another disk would take away.
+void NoteUnreadable(FileTags& tags, Status status) {
+    const ErrorNumber error = status.Number();
+    if (status.Ok() || error == ErrorNumber::InputPastEnd ||
+        error == ErrorNumber::BadRecordNumber || error == ErrorNumber::PathFileAccess)
+        return;
+    tags.Unreadable = error;
+}
 
 FileTags ReadFileTags(const File& file, TextView path, ID3v2Parts parts, ErrorSink& errors) {
     FileTags tags;

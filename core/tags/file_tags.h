@@ -26,6 +26,9 @@ struct FileTags {
     Bytes V2Text;    ///< the tag text
 };
 
+/// Sets Unreadable where the file's opening or reading ended so.
+void NoteUnreadable(FileTags& tags, Status status);
+
 /// ReadID3v1 and ReadID3v2 together.
 FileTags ReadFileTags(TextView path, ID3v2Parts parts, ErrorSink& errors);
 
