@@ -129,7 +129,8 @@ Text PlainName(Text line, const ScanChoices& choices, const Settings& settings) 
     if (Trim(line).empty()) return {};
     if (choices.chkIgnoreFirst) line = Mid(line, IntegerPart(choices.txtIgnoreFirst));
     const long long last = IntegerPart(choices.txtIgnoreLast);
-    if (choices.chkIgnoreLast && last < Length(line)) line = Left(line, Length(line) - last);
+    if (choices.chkIgnoreLast && last < Length(line))
+        line = Left(line, Length(line) - std::max(last, 0LL));
     const PlainPattern pattern(choices.InPattern);
     Line values;
     if (!pattern.Has(1)) values.Artist = choices.txtArtist;

@@ -1,11 +1,13 @@
 // New names of any file with any settings: the same name each time, from the file or from what was
 // read of it, no forbidden character, and the file stays as it was.
+#include <algorithm>
+
 #include "app/sort/sort_folders.h"
 #include "app/tags/tag_edit.h"
 #include "app/tags/tag_fix.h"
 #include "core/names/fix_file_name.h"
 #include "core/names/fixing_rules.h"
-#include "core/names/list_entry.h"
+#include "core/names/new_name.h"
 #include "core/platform/path.h"
 #include "fuzz/property.h"
 #include "fuzz/targets.h"
@@ -15,6 +17,10 @@ namespace mdlPLM::fuzz {
 namespace {
 
 bool HasForbidden(TextView name) { return name.find_first_of(u"\\/:?\"<>|*") != TextView::npos; }
+
+bool HasControl(TextView name) {
+    return std::any_of(name.begin(), name.end(), [](char16_t c) { return c < 32 || c == 127; });
+}
 
 bool MayBring(const NamingContext& context) {
     const Settings& settings = context.Values;
@@ -31,14 +37,15 @@ Text FromGathered(TextView path, TextView outPattern, const FileTags& tags,
             *text = FirstLetterUpper(std::move(*text));
     bool filled = false;
     Text name = FillPattern(outPattern, values, context.Values, filled);
-    if (!filled) name = GetListEntryFileName(path);
+    if (!filled) name = FileNameOfPath(path);
     return ApplyRules(FileNameRules(), name, {context.Values, context.Replacements});
 }
 
 void CheckFolders(TextView name) {
     for (const Text& folder :
          {FolderName(name), FolderName(LetterOf(name)), FolderName(ArtistOf(name).value_or(u""))})
-        Require(folder.empty() || (IsUsableFileName(folder) && !HasForbidden(folder)),
+        Require(folder.empty() || (IsUsableFileName(folder) && !HasForbidden(folder) &&
+                                   !HasControl(folder) && !Trimmed(folder).empty()),
                 "a folder's name that is none");
 }
 
@@ -75,6 +82,10 @@ void FuzzNames(BytesView bytes) {
     const Text name = FixFileName(path, outPattern, context);
     RequireEqual(FixFileName(path, outPattern, context), name, "a second name differs");
     Require(MayBring(context) || !HasForbidden(name), "a character that no name may hold");
+    Require(!HasControl(name), "a control character in a name");
+    Require(FaultOfNewName(name, settings).empty() ==
+                (IsUsableFileName(name) && !IsNothingLeft(name, settings)),
+            "a name is refused for no reason, or taken in spite of one");
     SilentErrors silent;
     const FileTags tags = ReadFileTags(path, ID3v2Parts::NameFields, silent);
     RequireEqual(FixFileName(path, outPattern, tags, context), name, "another name from its tags");

@@ -4,6 +4,7 @@
 
 #include "core/names/list_entry.h"
 #include "core/names/patterns.h"
+#include "core/platform/path.h"
 #include "core/text/letter_case.h"
 #include "fuzz/property.h"
 #include "fuzz/targets.h"
@@ -18,7 +19,10 @@ constexpr TextView Words[] = {u"artist", u"title", u"album",  u"track",
 
 Pos Length(TextView text) { return static_cast<Pos>(text.size()); }
 
-Text Name(TextView file, TextView pattern, const Settings& settings) {
+// How the name is taken where the pattern names no folders.
+using NamePart = Text (*)(TextView);
+
+Text Name(TextView file, TextView pattern, const Settings& settings, NamePart part) {
     Pos levels = 0;
     for (const char16_t c : pattern) levels += c == u'\\' ? 1 : 0;
     Text name;
@@ -33,18 +37,25 @@ Text Name(TextView file, TextView pattern, const Settings& settings) {
             ++met;
         }
     } else {
-        name = GetListEntryFileName(file);
+        name = part(file);
     }
     if (settings.b20toSpace) name = Replace(name, u"%20", u" ");
     if (settings.bScoreToSpace) name = Replace(name, u"_", u" ");
     return Mid(name, InStr(pattern, u"%"));
 }
 
-Text Transcribed(TextView fileName, TextView field, TextView inPattern, const Settings& settings) {
+struct Subject {
+    TextView FileName;
+    NamePart Part;
+};
+
+Text Transcribed(const Subject& subject, TextView field, TextView inPattern,
+                 const Settings& settings) {
+    const TextView fileName = subject.FileName;
     const Text pattern = Replace(inPattern, u"/", u"\\");
     const Text lower = LCase(pattern);
     if (Trim(fileName).empty() || InStr(lower, u"%" + LCase(field)) == 0) return {};
-    Text name = Name(Replace(fileName, u"/", u"\\"), pattern, settings);
+    Text name = Name(Replace(fileName, u"/", u"\\"), pattern, settings, subject.Part);
     Pos pos[8] = {};
     Pos own[7] = {};
     for (int i = 0; i < 7; ++i) own[i] = pos[i] = InStr(lower, u"%" + Text(Words[i]));
@@ -102,8 +113,12 @@ void FuzzPatterns(BytesView bytes) {
     FieldValues values;
     for (const FieldWord& field : FieldWords) {
         values.*field.Value = GetFieldFromPattern(path, field.Word, inPattern, settings);
-        RequireEqual(values.*field.Value, Transcribed(path, field.Word, inPattern, settings),
+        RequireEqual(values.*field.Value,
+                     Transcribed({path, GetListEntryFileName}, field.Word, inPattern, settings),
                      "the pattern parse differs");
+        RequireEqual(GetFieldFromPath(path, field.Word, inPattern, settings),
+                     Transcribed({path, FileNameOfPath}, field.Word, inPattern, settings),
+                     "the parse of a path differs");
         RequireEqual(GetFieldFromPattern(path, UCase(field.Word), inPattern, settings),
                      values.*field.Value, "the case of a field's word matters");
     }

@@ -1,5 +1,8 @@
 // The chains of fixing rules over any text with any settings agree with a plain transcription, and
 // bring no separator into a name unless a replacement or the extension does.
+#include <algorithm>
+#include <vector>
+
 #include "core/names/fixing_rules.h"
 #include "core/text/letter_case.h"
 #include "fuzz/property.h"
@@ -11,9 +14,27 @@ namespace {
 
 Pos Length(TextView text) { return static_cast<Pos>(text.size()); }
 
-Text Removed(Text text, TextView chars) {
-    for (const char16_t c : chars) text = Replace(text, TextView(&c, 1), {});
-    return text;
+// One character to an element; one beyond the basic plane holds both of its halves.
+std::vector<Text> Characters(TextView text) {
+    std::vector<Text> characters;
+    for (const char16_t c : text) {
+        const bool second = c >= 0xDC00 && c <= 0xDFFF && !characters.empty() &&
+                            characters.back().size() == 1 && characters.back()[0] >= 0xD800 &&
+                            characters.back()[0] <= 0xDBFF;
+        if (second)
+            characters.back() += c;
+        else
+            characters.emplace_back(1, c);
+    }
+    return characters;
+}
+
+Text Removed(TextView text, TextView chars) {
+    const std::vector<Text> listed = Characters(chars);
+    Text left;
+    for (const Text& character : Characters(text))
+        if (std::find(listed.begin(), listed.end(), character) == listed.end()) left += character;
+    return left;
 }
 
 Text Repeated(Text text, TextView from, TextView to) {
@@ -91,6 +112,24 @@ Text Replaced(Text text, const ReplacementList& pairs) {
     return text;
 }
 
+Text WithoutControls(Text text, const Settings& settings) {
+    bool any = false;
+    for (char16_t& c : text) {
+        if (c >= 32 && c != 127) continue;
+        c = u' ';
+        any = true;
+    }
+    if (any && settings.bSpaces) text = Repeated(text, u"  ", u" ");
+    return any && settings.bMisses ? Trim(text) : text;
+}
+
+Text WithExtension(Text text, const Settings& settings) {
+    if (!settings.bExtension && !settings.bLowExtension) return text;
+    const Pos dot = InStrRev(text, u".") > 0 ? InStrRev(text, u".") : Length(text);
+    if (settings.bExtension) text = Left(text, dot) + settings.Extension;
+    return settings.bLowExtension ? Left(text, dot) + LCase(Mid(text, dot + 1)) : text;
+}
+
 Text NameChain(Text text, const Settings& settings, const ReplacementList& pairs) {
     if (settings.bRemoveChars) text = Removed(text, settings.strSettings);
     text = BlanksFor(Legal(text), settings);
@@ -104,10 +143,7 @@ Text NameChain(Text text, const Settings& settings, const ReplacementList& pairs
         text = Replaced(Left(text, Length(text) - Length(extension)), pairs) + extension;
         if (settings.bSpaces) text = Repeated(text, u"  ", u" ");
     }
-    if (!settings.bExtension && !settings.bLowExtension) return text;
-    const Pos dot = InStrRev(text, u".") > 0 ? InStrRev(text, u".") : Length(text);
-    if (settings.bExtension) text = Left(text, dot) + settings.Extension;
-    return settings.bLowExtension ? Left(text, dot) + LCase(Mid(text, dot + 1)) : text;
+    return WithoutControls(WithExtension(text, settings), settings);
 }
 
 Text TextChain(Text text, const Settings& settings, const ReplacementList& pairs) {
@@ -129,6 +165,10 @@ Text TextChain(Text text, const Settings& settings, const ReplacementList& pairs
 
 bool HasForbidden(TextView name) { return name.find_first_of(u"\\/:?\"<>|*") != TextView::npos; }
 
+bool HasControl(TextView name) {
+    return std::any_of(name.begin(), name.end(), [](char16_t c) { return c < 32 || c == 127; });
+}
+
 }  // namespace
 
 void FuzzRules(BytesView bytes) {
@@ -143,6 +183,7 @@ void FuzzRules(BytesView bytes) {
     const bool brought = (settings.bReplace && HasForbidden(pairs[0].Put)) ||
                          (settings.bExtension && HasForbidden(settings.Extension));
     Require(brought || !HasForbidden(name), "a character that no name may hold");
+    Require(!HasControl(name), "a control character in a name");
     Require(!HasForbidden(ReplaceIllegalCharacters(text)), "an illegal character stays");
     const Text kept = RemoveChars(text, settings.strSettings, RemoveMode::KeepOnly);
     const Text gone = RemoveChars(text, settings.strSettings, RemoveMode::Remove);

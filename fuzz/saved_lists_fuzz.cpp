@@ -48,32 +48,129 @@ Text Completed(const Text& path, TextView playlist) {
     return absolute ? path : Left(playlist, LastSeparator(playlist)) + path;
 }
 
-std::vector<Text> PlainNames(BytesView contents, ListFileKind kind, TextView playlist) {
-    if (contents.substr(0, 3) == "\xEF\xBB\xBF") contents.remove_prefix(3);
-    std::vector<Text> names;
-    for (Text line : SplitLines(PathFromNative(contents))) {
-        if (kind == ListFileKind::M3u && Left(line, 1) == u"#") continue;
-        if (kind == ListFileKind::Pls) {
-            const Pos equals = InStr(4, line, u"=");
-            if (UCase(Left(line, 4)) != u"FILE" || equals == 0) continue;
-            line = Mid(line, equals + 1);
+struct PlainLine {
+    Text Words;
+    bool CrLf = false;  ///< how it ends
+};
+
+std::vector<PlainLine> PlainLines(const Text& text) {
+    std::vector<PlainLine> lines;
+    PlainLine line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != u'\r' && text[i] != u'\n') {
+            line.Words += text[i];
+            continue;
         }
-        if (Trim(line).empty() || line.find(u'\0') != Text::npos) continue;
-        names.push_back(kind == ListFileKind::SortingList ? line : Completed(line, playlist));
+        line.CrLf = text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n';
+        if (line.CrLf) ++i;
+        lines.push_back(line);
+        line = PlainLine();
     }
+    if (!line.Words.empty()) lines.push_back(line);
+    return lines;
+}
+
+bool Blank(const Text& line) { return Trim(line).empty(); }
+
+bool Absolute(const Text& line) { return !line.empty() && (line[0] == u'/' || line[0] == u'\\'); }
+
+bool NamesInPls(const Text& line) {
+    const Pos equals = InStr(4, line, u"=");
+    return UCase(Left(line, 4)) == u"FILE" && equals > 0 && !Mid(line, equals + 1).empty();
+}
+
+// Where one line goes on after a line break.
+bool GoesOn(const std::vector<PlainLine>& lines, std::size_t first, std::size_t next,
+            ListFileKind kind) {
+    if (kind != ListFileKind::Pls) return lines[0].CrLf && !lines[next - 1].CrLf;
+    const Text& line = lines[next].Words;
+    return NamesInPls(lines[first].Words) && !Blank(line) && InStr(line, u"=") == 0 &&
+           line[0] != u'[' && line[0] != u';';
+}
+
+bool OneSortingLine(const std::vector<PlainLine>& lines) {
+    Text whole;
+    bool piece = false;
+    for (const PlainLine& line : lines) {
+        whole += line.Words;
+        piece = piece || (!Blank(line.Words) && InStr(line.Words, u"     (") == 0);
+    }
+    return piece && InStr(whole, u"     (") > 0 && Right(whole, 1) == u")";
+}
+
+bool OneM3uLine(const std::vector<PlainLine>& lines) {
+    if (Left(lines[0].Words, 1) == u"#") return false;
+    std::vector<Text> named;
+    for (const PlainLine& line : lines)
+        if (!Blank(line.Words) && Left(line.Words, 1) != u"#") named.push_back(line.Words);
+    bool one = false;
+    for (std::size_t i = 1; i < named.size(); ++i) {
+        if (InStr(FileNameOfPath(named[i - 1]), u".") == 0) one = true;
+        if (Absolute(named[0]) && !Absolute(named[i])) one = true;
+    }
+    return one;
+}
+
+bool OneName(const std::vector<PlainLine>& lines, ListFileKind kind) {
+    if (lines.size() < 2) return false;
+    if (kind == ListFileKind::SortingList) return OneSortingLine(lines);
+    return kind == ListFileKind::M3u ? OneM3uLine(lines) : true;
+}
+
+void TakePlainLine(Text line, ListFileKind kind, TextView playlist, std::vector<Text>& names) {
+    if (kind == ListFileKind::M3u && Left(line, 1) == u"#") return;
+    if (kind == ListFileKind::Pls) {
+        const Pos equals = InStr(4, line, u"=");
+        if (UCase(Left(line, 4)) != u"FILE" || equals == 0) return;
+        line = Mid(line, equals + 1);
+    }
+    if (Trim(line).empty() || line.find(u'\0') != Text::npos) return;
+    names.push_back(kind == ListFileKind::SortingList ? line : Completed(line, playlist));
+}
+
+struct PlainList {
+    std::vector<Text> Names;
+    std::size_t Refused = 0;
+};
+
+PlainList PlainNames(BytesView contents, ListFileKind kind, TextView playlist) {
+    if (contents.substr(0, 3) == "\xEF\xBB\xBF") contents.remove_prefix(3);
+    const std::vector<PlainLine> lines = PlainLines(PathFromNative(contents));
+    PlainList list;
+    for (std::size_t first = 0; first < lines.size();) {
+        std::size_t next = first + 1;
+        while (next < lines.size() && GoesOn(lines, first, next, kind)) ++next;
+        const std::vector<PlainLine> group(lines.begin() + static_cast<Pos>(first),
+                                           lines.begin() + static_cast<Pos>(next));
+        first = next;
+        if (OneName(group, kind)) {
+            ++list.Refused;
+            continue;
+        }
+        for (const PlainLine& line : group) TakePlainLine(line.Words, kind, playlist, list.Names);
+    }
+    return list;
+}
+
+std::vector<Text> Parsed(BytesView contents, ListFileKind kind, TextView playlist,
+                         std::size_t refusals) {
+    std::vector<Text> refused;
+    std::vector<Text> names = ParseListFile(contents, kind, playlist, refused);
+    Require(refused.size() == refusals, "another number of names is refused");
     return names;
 }
 
 // What was read is written and read again; lines that a list cannot hold cannot have been read.
 void CheckWrittenList(const FileList& list) {
     const Bytes sorting = RenderListFile(list, ListFileKind::SortingList);
-    Require(ParseListFile(sorting, ListFileKind::SortingList, {}) == EntriesOf(list),
+    Require(NamesWithLineBreak(list).empty(), "a name with a line break was read");
+    Require(Parsed(sorting, ListFileKind::SortingList, {}, 0) == EntriesOf(list),
             "a sorting list is not read back line for line");
     std::vector<Text> paths = PathsOf(list);
     const auto isPlain = [](const Text& path) { return !path.empty() && path[0] == u'/'; };
     if (!std::all_of(paths.begin(), paths.end(), isPlain)) return;
     const Bytes playlist = RenderListFile(list, ListFileKind::M3u);
-    Require(ParseListFile(playlist, ListFileKind::M3u, u"/x/y.m3u") == paths,
+    Require(Parsed(playlist, ListFileKind::M3u, u"/x/y.m3u", 0) == paths,
             "a playlist is not read back path for path");
 }
 
@@ -82,13 +179,15 @@ void CheckLoading(BytesView contents, TextView ending, ListFileKind kind) {
     FileList list;
     NoPrompts prompts;
     Require(LoadListFile(scratch.Path(), list, prompts).Ok(), "a list file cannot be read");
-    const std::vector<Text> names = PlainNames(contents, kind, scratch.Path());
+    const PlainList plain = PlainNames(contents, kind, scratch.Path());
+    const std::vector<Text>& names = plain.Names;
     Require(list.Count() == names.size(), "another number of files");
     const std::vector<Text> loaded =
         kind == ListFileKind::SortingList ? EntriesOf(list) : PathsOf(list);
     Require(loaded == names, "other files than the list names");
     Require(LoadListFile(scratch.Path(), list, prompts).Ok(), "a second load fails");
-    Require(list.Count() == 2 * names.size() && prompts.Informed == 0, "loading does not append");
+    Require(list.Count() == 2 * names.size(), "loading does not append");
+    Require(prompts.Informed == (plain.Refused > 0 ? 2 : 0), "what is refused is not told");
     RequireEqual(scratch.Contents(), contents, "a list file changed while it was read");
     CheckWrittenList(list);
 }
@@ -105,7 +204,8 @@ void FuzzSavedLists(BytesView bytes) {
           {u".m3u", ListFileKind::M3u},
           {u".pls", ListFileKind::Pls}}) {
         Require(KindOfListFile(path + UCase(ending)) == kind, "another kind by its ending");
-        Require(ParseListFile(contents, kind, path) == PlainNames(contents, kind, path),
+        const PlainList plain = PlainNames(contents, kind, path);
+        Require(Parsed(contents, kind, path, plain.Refused) == plain.Names,
                 "other names than stand there");
         CheckLoading(contents, ending, kind);
     }

@@ -8,6 +8,7 @@ class ActionLog::Copy final : public PiecewiseCopy {
 public:
     Copy(ActionLog& log, std::unique_ptr<PiecewiseCopy> inner, Action action)
         : log_(log), inner_(std::move(inner)), action_(std::move(action)) {}
+    void WaitForDisk() override { inner_->WaitForDisk(); }
     Status Step(bool& done) override {
         const Status status = inner_->Step(done);
         return done ? log_.Note(status, action_) : status;

@@ -7,6 +7,7 @@
 #include "app/list/folder_walk.h"
 #include "app/list/saved_lists.h"
 #include "core/platform/path.h"
+#include "core/text/code_page.h"
 
 namespace mdlPLM::cli {
 
@@ -90,7 +91,9 @@ void Gathering::Walk(TextView folder) {
         walk.Step(files_);
         session_.Results.Progress(NumberText(static_cast<long long>(files_.size())) + u" files");
     }
-    if (files_.size() == before) CheckFolder(folder);
+    for (const Text& tooDeep : walk.TooDeep())
+        session_.Results.Fail(spelling_.Shown(tooDeep), FromUtf8(TooDeepReason));
+    if (files_.size() == before && walk.TooDeep().empty()) CheckFolder(folder);
 }
 
 // A walk passes over what it cannot list, but the folder that was named is not to be.

@@ -58,9 +58,14 @@ bool MayWrite(Session& session, TextView path, IfExists choice) {
     return false;
 }
 
-void PutWritten(Session& session, TextView path, const FileList& list) {
-    Report& report = session.Results;
-    const auto files = static_cast<long long>(list.Count());
+/// What the written list does not hold.
+void TellLeftOut(Session& session, const PathSpelling& spelling, const FileList& list) {
+    for (const Text& name : NamesWithLineBreak(list))
+        session.Results.Fail(spelling.Shown(name), FromUtf8(LineBreakReason));
+}
+
+void PutWritten(Report& report, TextView path, std::size_t count) {
+    const auto files = static_cast<long long>(count);
     if (!report.Json()) {
         report.Line((report.DryRun() ? "would write " : "written ") + report.Shown(path) + ": " +
                     std::to_string(files) + " files");
@@ -79,7 +84,7 @@ void WriteList(Session& session, const FileList& list, ListFileKind kind, IfExis
         const Status written = SaveListFile(list, path, kind);
         if (!written.Ok()) return session.Results.Fail(path, Describe(written.Number()));
     }
-    PutWritten(session, path, list);
+    PutWritten(session.Results, path, list.Count() - NamesWithLineBreak(list).size());
 }
 
 }  // namespace
@@ -97,8 +102,10 @@ void RunList(Session& session) {
     if (options.Existing) RemoveNonExistent(list);
     if (options.Output) {
         WriteList(session, list, *kind, *choice);
+        TellLeftOut(session, spelling, list);
     } else if (kind && !session.Results.Json()) {
         session.Streams.Out(RenderListFile(list, *kind));
+        TellLeftOut(session, spelling, list);
     } else {
         PutPaths(session, spelling, list);
     }

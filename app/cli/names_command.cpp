@@ -2,6 +2,7 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/records.h"
+#include "core/names/new_name.h"
 #include "core/platform/path.h"
 
 namespace mdlPLM::cli {
@@ -19,12 +20,14 @@ FileRecord NameFile(const Session& session, const Text& path) {
         record.Reason = Describe(ErrorNumber::FileNotFound);
         return record;
     }
-    record.NewName = FixFileName(path, session.Values.OutPattern, tags, naming);
-    if (!IsUsableFileName(record.NewName)) {
+    if (const Status read = ReadingFault(tags, session.Values); !read.Ok()) {
         record.What = Outcome::Failed;
-        record.Reason =
-            Text(Describe(ErrorNumber::BadFileName)) + u" (\"" + record.NewName + u"\")";
+        record.Reason = Describe(read.Number());
+        return record;
     }
+    record.NewName = FixFileName(path, session.Values.OutPattern, tags, naming);
+    record.Reason = FaultOfNewName(record.NewName, session.Values);
+    if (!record.Reason.empty()) record.What = Outcome::Failed;
     if (session.Results.Json()) {
         record.NewPath = FolderOfPath(path) + record.NewName;
         record.Fields = GatherFields(path, tags, naming);

@@ -47,8 +47,8 @@ std::size_t BeginOfLine(TextView shown, long long line) {
 Text TextOfLines(const SourceText& source, const LineRange& range) {
     const Text shown = source.Shown();
     const std::size_t begin = BeginOfLine(shown, range.First);
-    const std::size_t end =
-        range.Last == NoLine ? shown.size() : BeginOfLine(shown, range.Last + 1);
+    const bool toTheEnd = range.Last == NoLine || range.Last > static_cast<long long>(shown.size());
+    const std::size_t end = toTheEnd ? shown.size() : BeginOfLine(shown, range.Last + 1);
     return source.Range(begin, end);
 }
 

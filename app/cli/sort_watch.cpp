@@ -30,7 +30,7 @@ void SortWatch::Expect(const Text& path) {
     if (!disk_.Exists(path)) return;
     SilentErrors silent;
     const FileTags tags = ReadFileTags(disk_.ContentsAt(path), ID3v2Parts::NameFields, silent);
-    fields_ = GatherFields(path, tags, *naming_);
+    if (ReadingFault(tags, naming_->Values).Ok()) fields_ = GatherFields(path, tags, *naming_);
 }
 
 void SortWatch::Look(const SortRun& run, SortMethod method) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "app/list/file_failures.h"
 #include "core/platform/path.h"
 #include "core/text/letter_case.h"
 
@@ -18,6 +19,13 @@ Text WithSeparator(TextView folder) {
     Text path(folder);
     if (path.empty() || path.back() != Separator) path.push_back(Separator);
     return path;
+}
+
+/// Such a path would fill the screen.
+Text Shortened(TextView path) {
+    constexpr Pos End = 100;
+    if (static_cast<Pos>(path.size()) <= 2 * End) return Text(path);
+    return Left(path, End) + u"..." + Right(path, End);
 }
 }  // namespace
 
@@ -38,10 +46,12 @@ void FolderWalk::OpenNext() {
     if (Finished()) return;
     folder_ = std::move(folders_[next_++]);
     FileIdentity identity;
-    if (!IdentityOf(folder_, identity)) return;
-    if (!visited_.emplace(identity.Device, identity.Node).second) return;
-    // One that cannot be opened is passed over.
-    static_cast<void>(reader_.Open(folder_));
+    const bool known = IdentityOf(folder_, identity);
+    if (known && !visited_.emplace(identity.Device, identity.Node).second) return;
+    // One that cannot be opened is passed over. The system gave the name itself: where it does not
+    // take it, the path is too long.
+    const Status opened = reader_.Open(folder_);
+    if (opened.Number() == ErrorNumber::BadFileName) tooDeep_.push_back(folder_);
 }
 
 void FolderWalk::ReadSome() {
@@ -73,6 +83,15 @@ void FolderWalk::HandOutSome(std::vector<Text>& paths) {
     if (handedOut_ < items_.size()) return;
     items_.clear();
     handedOut_ = 0;
+}
+
+Message TooDeepMessage(const std::vector<Text>& folders, const Language& words) {
+    std::vector<FileFailure> failures;
+    for (const Text& folder : folders)
+        failures.push_back({Shortened(folder), words(TooDeepReason)});
+    return {u"PLM",
+            FailureBox(words(PLM_TRANSLATE("Texts", "These were not searched:")), failures, words),
+            {}};
 }
 
 DroppedKind KindOfDropped(TextView path) {

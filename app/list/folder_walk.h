@@ -6,12 +6,14 @@
 #include <vector>
 
 #include "core/platform/disk.h"
+#include "core/platform/prompts.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
 /// A walk that can be taken a step at a time. Files come before subfolders, level by level, sorted
 /// by name; a folder is visited once (device and inode), so a loop of links ends. Folders that
-/// cannot be listed are passed over.
+/// cannot be listed are passed over, but those that are too deep are told.
 class FolderWalk {
 public:
     /// Files whose name ends in "." & `extension` (letter case ignored) below `folder`.
@@ -21,6 +23,8 @@ public:
     /// thousand items takes several steps.
     void Step(std::vector<Text>& paths);
     [[nodiscard]] std::size_t FoldersSeen() const { return next_; }
+    /// The folders so far whose path is too long for the system: nothing in them can be opened.
+    [[nodiscard]] const std::vector<Text>& TooDeep() const { return tooDeep_; }
 
 private:
     void OpenNext();
@@ -32,11 +36,18 @@ private:
     std::size_t next_ = 0;
     Text ending_;
     std::set<std::pair<std::uint64_t, std::uint64_t>> visited_;
+    std::vector<Text> tooDeep_;
     Text folder_;  ///< the one that is being listed
     FolderReader reader_;
     std::vector<FolderItem> items_;  ///< of that folder: the wanted files and its subfolders
     std::size_t handedOut_ = 0;
 };
+
+/// Why a folder of TooDeep is not searched.
+inline constexpr const char* TooDeepReason =
+    PLM_TRANSLATE("Texts", "the folder is too deep: its path is too long to be opened");
+/// Those folders in a message box.
+Message TooDeepMessage(const std::vector<Text>& folders, const Language& words);
 
 enum class DroppedKind { Folder, ListFile, SingleFile, Nothing };
 /// A dropped item, or one named on the command line behind +list.

@@ -39,7 +39,7 @@ bool AddTask::Step() {
 
 void AddTask::TakeNext() {
     const Text& path = request_.Paths[next_++];
-    walk_.reset();
+    EndWalk();
     switch (request_.As) {
         case AddAs::Dropped:
             return TakeDropped(path);
@@ -65,11 +65,22 @@ void AddTask::TakeDropped(const Text& path) {
 
 void AddTask::AddFolder(const Text& folder) { walk_.emplace(folder, request_.Extension); }
 
+void AddTask::EndWalk() {
+    if (walk_) tooDeep_.insert(tooDeep_.end(), walk_->TooDeep().begin(), walk_->TooDeep().end());
+    walk_.reset();
+}
+
+void AddTask::Finish(bool /*stopped*/) {
+    Publish();
+    EndWalk();
+    if (!tooDeep_.empty()) prompts_.Critical(TooDeepMessage(tooDeep_, request_.Words));
+}
+
 void AddTask::Load(const Text& path) {
     Publish();  // what was found before stands before it in the list
     const std::size_t before = list_.Count();
     // A list file that cannot be read is not reported; what was added before stays.
-    const Status loaded = LoadListFile(path, list_, prompts_);
+    const Status loaded = LoadListFile(path, list_, prompts_, request_.Words);
     static_cast<void>(loaded);
     added_ += list_.Count() - before;
 }

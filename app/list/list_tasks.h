@@ -73,6 +73,7 @@ public:
     AddTask(FileList& list, AddRequest request, Prompts& prompts);
     bool Step() override;
     void Publish() override;
+    void Finish(bool stopped) override;
     [[nodiscard]] TaskProgress Progress() const override;
 
 private:
@@ -85,12 +86,14 @@ private:
     void AddFolder(const Text& folder);
     void Load(const Text& path);
     void MakeReady();
+    void EndWalk();
 
     FileList& list_;
     AddRequest request_;
     Prompts& prompts_;
     std::size_t next_ = 0;
     std::optional<FolderWalk> walk_;
+    std::vector<Text> tooDeep_;
     std::deque<Found> found_;
     std::vector<Text> readyPaths_;
     std::vector<Text> readyNames_;

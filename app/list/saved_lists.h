@@ -6,6 +6,7 @@
 #include "app/list/file_list.h"
 #include "core/platform/errors.h"
 #include "core/platform/prompts.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -13,6 +14,14 @@ enum class ListFileKind { SortingList, M3u, Pls, Other };
 
 /// By the last four characters of the path, letter case ignored.
 ListFileKind KindOfListFile(TextView path);
+
+/// No list file can hold a name with a line break: such a name is left out, and told.
+inline constexpr const char* LineBreakReason =
+    PLM_TRANSLATE("Texts", "a list file cannot hold a name with a line break");
+/// The paths of those files of the list.
+std::vector<Text> NamesWithLineBreak(const FileList& list);
+/// They in a message box, after the list was saved at `path`.
+Message NotWrittenMessage(const std::vector<Text>& names, TextView path, const Language& words);
 
 /// The contents of a list file as it is written (bytes). `kind` is SortingList or M3u.
 Bytes RenderListFile(const FileList& list, ListFileKind kind);
@@ -24,11 +33,13 @@ Status SaveListFile(const FileList& list, TextView path, ListFileKind kind);
 /// before; else it belongs to the playlist's folder.
 Text CompletePlaylistPath(TextView entry, TextView playlistPath);
 
-/// The lines (SortingList: list entries) or paths that a list file's contents name, in order.
-std::vector<Text> ParseListFile(BytesView contents, ListFileKind kind, TextView playlistPath);
+/// The lines (SortingList: list entries) or paths that a list file's contents name, in order. Lines
+/// that are pieces of one name with a line break go into `refused`, as one text each.
+std::vector<Text> ParseListFile(BytesView contents, ListFileKind kind, TextView playlistPath,
+                                std::vector<Text>& refused);
 
 /// Appends the files of a list file. Another kind gives the message and reads nothing; a file that
-/// cannot be read is returned as a status and not reported.
-Status LoadListFile(TextView path, FileList& list, Prompts& prompts);
+/// cannot be read is returned as a status and not reported. Names that are refused are told.
+Status LoadListFile(TextView path, FileList& list, Prompts& prompts, const Language& words = {});
 
 }  // namespace mdlPLM

@@ -57,7 +57,7 @@ struct NameFields {
     const Settings& Values;
 
     [[nodiscard]] Text operator()(TextView word) const {
-        return GetFieldFromPattern(Name, word, Pattern, Values);
+        return GetFieldFromPath(Name, word, Pattern, Values);
     }
 };
 

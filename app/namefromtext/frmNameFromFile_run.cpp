@@ -99,6 +99,7 @@ RunChoices frmNameFromFile::ReadRunChoices() const {
     choices.chkSaveID3v2 = ui_->chkSaveID3v2->isChecked();
     choices.chkConvert = host_.chkConvert();
     choices.Exists = host_.ExistsChoice();
+    choices.Words = UserLanguage();
     RunTagChoices& tags = choices.Tags;
     tags.chkArtist4All = ui_->chkArtist4All->isChecked();
     tags.chkAlbum4All = ui_->chkAlbum4All->isChecked();

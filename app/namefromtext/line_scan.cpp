@@ -128,7 +128,7 @@ Text LineScan::Cut(TextView line) const {
     if (choices_.chkIgnoreFirst) rest = Mid(rest, IntegerPart(choices_.txtIgnoreFirst));
     const long long last = IntegerPart(choices_.txtIgnoreLast);
     const auto length = static_cast<Pos>(rest.size());
-    if (choices_.chkIgnoreLast && last < length) rest = Left(rest, length - last);
+    if (choices_.chkIgnoreLast && last < length) rest = Left(rest, length - std::max(last, 0LL));
     return Trim(rest);
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/names/existing_target.h"
+#include "core/names/new_name.h"
 #include "core/platform/path.h"
 #include "core/tags/file_tags.h"
 #include "core/text/letter_case.h"
@@ -103,9 +104,16 @@ void RenameRun::Stop() {
     finished_ = true;
 }
 
+Message RenameRun::NoNameLeft(const RenamePair& pair) const {
+    return {Text(BoxTitle), FaultOfNewName(pair.NewName, settings_, choices_.Words), pair.OldPath};
+}
+
 void RenameRun::HandlePair(const RenamePair& pair) {
+    if (IsNothingLeft(pair.NewName, settings_)) return Fail(pair.OldPath, NoNameLeft(pair));
     if (!IsUsableFileName(pair.NewName))
         return Fail(pair.OldPath, RenameMessage(ErrorNumber::BadFileName, pair.OldPath));
+    // A list can name folders, but nobody asked for a new name of a whole folder.
+    if (disk_.IsFolder(pair.OldPath)) return FailWith(pair.OldPath, ErrorNumber::PathFileAccess);
     const Text newPath = JoinPath(FolderOfPath(pair.OldPath), pair.NewName);
     OwnTags own;
     Outcome outcome = Outcome::Missing;
@@ -179,7 +187,7 @@ RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
         ID3v1Tag tag = ReadID3v1(contents, errors);
         if (errors.Numbers.empty()) own.V1 = std::move(tag);
     }
-    for (const ErrorNumber number : errors.Numbers) FailTag(path, number);
+    for (const ErrorNumber number : errors.Numbers) FailWith(path, number);
     return own;
 }
 
@@ -206,7 +214,7 @@ SaveResult RenameRun::SaveV2(const Text& path, const ID3v2Tag& tag) {
 }
 
 void RenameRun::Note(const Text& path, SaveResult result) {
-    if (result.Outcome == SaveOutcome::Failed) FailTag(path, result.Error);
+    if (result.Outcome == SaveOutcome::Failed) FailWith(path, result.Error);
 }
 
 void RenameRun::CountOutcome(Outcome outcome) {
@@ -233,7 +241,7 @@ void RenameRun::Fail(TextView path, const Message& message) {
     report_.Failures.push_back({Text(path), message.Body});
 }
 
-void RenameRun::FailTag(TextView path, ErrorNumber number) {
+void RenameRun::FailWith(TextView path, ErrorNumber number) {
     Fail(path, {Text(BoxTitle), ErrorMessage(number), Text(path)});
 }
 

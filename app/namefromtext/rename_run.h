@@ -28,6 +28,7 @@ struct RunChoices {
     bool chkSaveID3v2 = false;
     bool chkConvert = false;  ///< the main window's "Fix Filenames": attributes are set with it
     IfExists Exists = IfExists::Prompt;
+    Language Words;  ///< why a file is not renamed is said in it
 };
 
 struct RunFailure {
@@ -72,6 +73,7 @@ private:
     struct OwnTags;
 
     void HandlePair(const RenamePair& pair);
+    [[nodiscard]] Message NoNameLeft(const RenamePair& pair) const;
     Outcome RenameTo(const RenamePair& pair, const Text& newPath);
     Outcome RenameFile(const RenamePair& pair, const Text& newPath, IfTargetExists ifExists);
     Outcome TakeExistingTarget(const RenamePair& pair, const Text& newPath);
@@ -83,7 +85,7 @@ private:
     void Note(const Text& path, SaveResult result);
     void CountOutcome(Outcome outcome);
     void Fail(TextView path, const Message& message);
-    void FailTag(TextView path, ErrorNumber number);
+    void FailWith(TextView path, ErrorNumber number);
 
     std::vector<RenamePair> pairs_;
     RunChoices choices_;

@@ -83,7 +83,7 @@ FileTransfer::Result FileTransfer::Transfer(TextView source, TextView destinatio
 
 FileTransfer::Result FileTransfer::Rename(TextView from, TextView to, IfTargetExists ifExists) {
     const Result renamed = Settle(disk_.Rename(from, to, ifExists));
-    if (renamed == Result::Handled) NoteMoved(to);
+    if (renamed == Result::Handled) NoteMade(to);
     return renamed;
 }
 
@@ -94,6 +94,7 @@ FileTransfer::Result FileTransfer::BeginCopy(TextView source, TextView destinati
         copy_.reset();
         return Settle(status);
     }
+    if (choices_.Method == SortMethod::Move) copy_->WaitForDisk();
     source_ = source;
     destination_ = destination;
     return Continue();
@@ -108,17 +109,18 @@ FileTransfer::Result FileTransfer::Continue() {
 }
 
 FileTransfer::Result FileTransfer::EndCopy() {
+    NoteMade(destination_);
+    if (choices_.Method != SortMethod::Move) return Settle({});
     // A move to another file system: the source goes only when the target stands, and stands on the
-    // disk. What the system still holds in memory would go with a power failure or a pulled stick.
-    if (choices_.Method != SortMethod::Move) return Result::Handled;
-    NoteMoved(destination_);
+    // disk under its name. What the system still holds in memory would go with a power failure or a
+    // pulled stick.
     const Status flushed = disk_.Flush(destination_);
     const Result removed = Settle(flushed.Ok() ? disk_.DeleteFile(source_) : flushed);
     sourceStays_ = removed == Result::Failed;
     return removed;
 }
 
-void FileTransfer::NoteMoved(TextView to) {
+void FileTransfer::NoteMade(TextView to) {
     if (choices_.Exists == IfExists::Replace) ownFiles_.Add(to, disk_);
 }
 

@@ -24,7 +24,8 @@ public:
     };
 
     /// `ownFiles` are the files that the run works on: where one of them is in the way of another,
-    /// "Replace" asks. Files that are moved are added to them.
+    /// "Replace" asks. What is copied, moved or renamed to is
+    /// added to them.
     FileTransfer(const SortRules& rules, Disk& disk, Prompts& prompts, OwnFiles& ownFiles);
 
     /// With a target that is left as it is ("No", "Skip") the entry leaves the list all the same.
@@ -51,7 +52,7 @@ private:
     Result Rename(TextView from, TextView to, IfTargetExists ifExists);
     Result EndCopy();
     [[nodiscard]] TargetDecision Decide(TextView destination);
-    void NoteMoved(TextView to);
+    void NoteMade(TextView to);
     Result Settle(Status status);
     void SetAttributes(TextView path);
 

@@ -154,9 +154,7 @@ SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& s
     if (kind == PathKind::Folder)
         return Fail(Rules.Choices.Words(Describe(ErrorNumber::PathFileAccess)));
     const SortNames names = NamesOf(source, Rules, Files);
-    if (!IsUsableFileName(names.NewName)) {
-        return Fail(ReasonWith(ErrorNumber::BadFileName, names.NewName, Rules.Choices.Words));
-    }
+    if (!names.Fault.empty()) return Fail(names.Fault);
     return Rules.Choices.Method == SortMethod::Rename ? RenameFile(source, names)
                                                       : SortFile(source, names);
 }

@@ -4,6 +4,7 @@
 
 #include "core/names/fix_file_name.h"
 #include "core/names/fixing_rules.h"
+#include "core/names/new_name.h"
 #include "core/platform/path.h"
 #include "core/tags/genres.h"
 #include "core/tags/id3v1.h"
@@ -23,6 +24,23 @@ bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 /// and the text stays the user's. Intended.
 Text Below(TextView folder, TextView name) { return Text(folder) + Separator + Text(name); }
 
+bool WantsArtist(const SortChoices& choices) {
+    return choices.chkSubFolder && choices.Method != SortMethod::Rename;
+}
+
+Text FaultOfPresentName(TextView name, const Language& words) {
+    if (IsUsableFileName(name)) return {};
+    return words(Describe(ErrorNumber::BadFileName)) + u" (\"" + Text(name) + u"\")";
+}
+
+SortNames PresentNames(TextView source, const SortChoices& choices, Disk& disk) {
+    SilentErrors silent;
+    const Text present = FileNameOfPath(source);
+    const Text contents = disk.ContentsAt(source);
+    return {present, present, choices.chkGenre ? GetFileGenre(contents, silent) : Text(),
+            FaultOfPresentName(present, choices.Words)};
+}
+
 /// What GetFileGenre gives, from tags that have been read already.
 Text GenreOf(const FileTags& tags) {
     if (!tags.Exists) return {};
@@ -32,8 +50,8 @@ Text GenreOf(const FileTags& tags) {
 }  // namespace
 
 Text FolderName(TextView text) {
-    Text name = ReplaceIllegalCharacters(Text(text));
-    return IsUsableFileName(name) ? name : Text();
+    Text name = BlankControlCharacters(ReplaceIllegalCharacters(Text(text)));
+    return IsUsableFileName(name) && !Trimmed(name).empty() ? name : Text();
 }
 
 Text LetterOf(TextView newName) {
@@ -50,16 +68,19 @@ std::optional<Text> ArtistOf(TextView name) {
 
 SortNames NamesOf(TextView source, const SortRules& rules, Disk& disk) {
     const SortChoices& choices = rules.Choices;
+    if (!choices.chkConvert) return PresentNames(source, choices, disk);
     SilentErrors silent;
-    if (!choices.chkConvert) {
-        const Text present = FileNameOfPath(source);
-        const Text contents = disk.ContentsAt(source);
-        return {present, present, choices.chkGenre ? GetFileGenre(contents, silent) : Text()};
-    }
     const FileTags tags = ReadFileTags(disk.ContentsAt(source), ID3v2Parts::NameFields, silent);
     const Text fixed = FixFileName(source, choices.OutPattern, tags, rules.Context);
     const bool fromBox = !rules.Multiple && !choices.txtNewName.empty();
-    return {fromBox ? choices.txtNewName : fixed, fixed, choices.chkGenre ? GenreOf(tags) : Text()};
+    SortNames names{
+        fromBox ? choices.txtNewName : fixed, fixed, choices.chkGenre ? GenreOf(tags) : Text(), {}};
+    const Status read = ReadingFault(tags, rules.Context.Values);
+    // A name that is written down in the box needs no tag.
+    const bool lacksName = !read.Ok() && (!fromBox || WantsArtist(choices));
+    names.Fault = lacksName ? choices.Words(Describe(read.Number()))
+                            : FaultOfNewName(names.NewName, rules.Context.Values, choices.Words);
+    return names;
 }
 
 void Descend(FolderLevels& levels, TextView text) {

@@ -12,7 +12,7 @@
 namespace mdlPLM {
 
 /// `text` as one folder name, with the characters replaced that no file name may hold; empty when
-/// it is no usable name.
+/// it is no usable name, or nothing but blanks.
 Text FolderName(TextView text);
 
 /// The letter folder of a name: its first character in upper case, a surrogate pair whole.
@@ -26,6 +26,7 @@ struct SortNames {
     Text NewName;     ///< the name it gets
     Text ArtistName;  ///< the name whose beginning is its artist
     Text Genre;       ///< of its trailer, when a genre folder is wanted
+    Text Fault;       ///< why it gets no name, in words; empty when it gets one
 };
 
 /// What all names and folders of one sort depend on.

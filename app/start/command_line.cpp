@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/names/fix_file_name.h"
+#include "core/names/new_name.h"
 #include "core/platform/path.h"
 #include "core/text/letter_case.h"
 
@@ -103,9 +104,27 @@ Text NameWithExtension(TextView name, TextView extension) {
     return (dot > 0 ? Left(name, dot) : Text(name)).append(extension);
 }
 
-Text NewName(const BatchJob& job, TextView path, const NamingContext& context) {
-    return job.Mode == BatchMode::Rename ? FixFileName(path, job.Argument, context)
-                                         : NameWithExtension(FileNameOfPath(path), job.Argument);
+struct NewName {
+    Text Name;
+    Text Fault;  // why there is none, in words
+};
+
+NewName NameByPattern(TextView path, TextView pattern, const NamingContext& context,
+                      const Language& words) {
+    SilentErrors silent;
+    const FileTags tags = ReadFileTags(path, ID3v2Parts::NameFields, silent);
+    if (const Status read = ReadingFault(tags, context.Values); !read.Ok())
+        return {{}, words(Describe(read.Number()))};
+    return {FixFileName(path, pattern, tags, context), {}};
+}
+
+NewName NewNameOf(const BatchJob& job, TextView path, const NamingContext& context,
+                  const Language& words) {
+    NewName made = job.Mode == BatchMode::Rename
+                       ? NameByPattern(path, job.Argument, context, words)
+                       : NewName{NameWithExtension(FileNameOfPath(path), job.Argument), {}};
+    if (made.Fault.empty()) made.Fault = FaultOfNewName(made.Name, context.Values, words);
+    return made;
 }
 
 enum class Outcome { Renamed, Unchanged, Failed };
@@ -113,10 +132,15 @@ enum class Outcome { Renamed, Unchanged, Failed };
 Outcome RenameTo(TextView path, TextView newName, Disk& disk) {
     const Text newPath = FolderOfPath(path).append(newName);
     if (newPath == path) return Outcome::Unchanged;
-    if (!IsUsableFileName(newName)) return Outcome::Failed;
     const Status renamed = disk.Rename(path, newPath, IfTargetExists::Fail);
     if (renamed.Ok()) return Outcome::Renamed;
     return disk.IsSameFile(path, newPath) ? Outcome::Unchanged : Outcome::Failed;
+}
+
+void Count(Outcome outcome, BatchResult& result) {
+    if (outcome == Outcome::Renamed) ++result.Renamed;
+    if (outcome == Outcome::Unchanged) ++result.Unchanged;
+    if (outcome == Outcome::Failed) ++result.Failed;
 }
 
 bool HasWork(const BatchJob& job) {
@@ -170,16 +194,16 @@ int BatchResult::ExitStatus() const {
     return Renamed + Unchanged > 0 ? 0 : 2;
 }
 
-BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk) {
+BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk,
+                     const Language& words) {
     BatchResult result;
     if (!HasWork(job)) return result;
     for (const Text& path : job.Paths) {
         const bool isFile = disk.Exists(path) && !disk.IsFolder(path);
-        const Outcome outcome =
-            isFile ? RenameTo(path, NewName(job, path, context), disk) : Outcome::Failed;
-        if (outcome == Outcome::Renamed) ++result.Renamed;
-        if (outcome == Outcome::Unchanged) ++result.Unchanged;
-        if (outcome == Outcome::Failed) ++result.Failed;
+        const NewName made = isFile ? NewNameOf(job, path, context, words) : NewName();
+        const bool canBe = isFile && made.Fault.empty();
+        if (!made.Fault.empty()) result.Nameless.push_back({path, made.Fault});
+        Count(canBe ? RenameTo(path, made.Name, disk) : Outcome::Failed, result);
     }
     return result;
 }

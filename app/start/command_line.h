@@ -42,18 +42,27 @@ inline constexpr TextView ExtensionPrompt = u"Enter new file extension (excludin
 /// left empty): then nothing can be done.
 bool SettleExtension(BatchJob& job, Prompts& prompts);
 
+/// A file that has no new name, and why.
+struct NamelessFile {
+    Text Path;
+    Text Reason;
+};
+
 /// Counts of a batch run; ExitStatus is 0 when every file was renamed or needed no renaming, 1 when
 /// some could not be, 2 when there was nothing that could be done.
 struct BatchResult {
     std::size_t Renamed = 0;
     std::size_t Unchanged = 0;
     std::size_t Failed = 0;
+    /// Those of them that have no new name. A rename that fails is not told.
+    std::vector<NamelessFile> Nameless;
     [[nodiscard]] int ExitStatus() const;
 };
 
 /// Renames the files of a job; one that cannot be renamed (missing, a folder, a new name that is
-/// taken or is no file name) is counted and passed over silently. Nothing is ever replaced.
-BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk);
+/// taken) is counted and passed over. Nothing is ever replaced.
+BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk,
+                     const Language& words = {});
 
 /// The new path of one file under "+ext": up to and including the last "." of its name, then the
 /// extension; a name without a "." gets it appended with no dot.

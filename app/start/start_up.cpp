@@ -5,6 +5,7 @@
 #include <istream>
 #include <ostream>
 
+#include "core/names/fixing_rules.h"
 #include "core/platform/disk.h"
 #include "core/settings/user_lists.h"
 #include "core/text/code_page.h"
@@ -59,6 +60,11 @@ int Refuse(std::ostream& errors, TextView text) {
 /// What the program refuses to do is said under its name, as programs of the command line do.
 Text Refusal(TextView reason) { return Text(u"pellmore: ").append(reason).append(u"\n"); }
 
+/// On one line and harmless to a terminal, whatever the name holds.
+Text Nameless(const NamelessFile& failure) {
+    return Refusal(BlankControlCharacters(failure.Path + u": " + failure.Reason));
+}
+
 int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
     const Language& words = surroundings.Words;
     if (job.Paths.empty())
@@ -71,7 +77,10 @@ int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
                       Refusal(words(PLM_TRANSLATE("Texts", "there is no extension to give."))));
     SystemDisk disk;
     const NamingContext context{data.Values, data.Replacements, data.Values.InPattern};
-    return RunBatch(job, context, disk).ExitStatus();
+    const BatchResult result = RunBatch(job, context, disk, words);
+    for (const NamelessFile& failure : result.Nameless)
+        Print(surroundings.Errors, Nameless(failure));
+    return result.ExitStatus();
 }
 
 int RunWindow(const std::vector<Text>& listPaths, const Surroundings& surroundings) {

@@ -15,7 +15,7 @@ bool IsInScope(const TagBoxRow& row, const FixScope& scope) {
 Text FixedText(const TagBoxRow& row, Text text, TextView path, const NamingContext& context) {
     if (row.Cleaned) text = FixText(text, context.Values, context.Replacements);
     if (text.empty() && !row.PatternField.empty())
-        text = GetFieldFromPattern(path, row.PatternField, context.InPattern, context.Values);
+        text = GetFieldFromPath(path, row.PatternField, context.InPattern, context.Values);
     if (!row.KeptByFix.empty()) text = RemoveChars(text, row.KeptByFix, RemoveMode::KeepOnly);
     return text;
 }

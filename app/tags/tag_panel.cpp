@@ -39,6 +39,7 @@ void TagPanel::ShowFile(TextView path, ErrorSink& errors) {
     const Status opened = OpenForTags(path_, file, exists);
     if (!opened.Ok()) errors.Report(opened.Number(), path_);
     FileTags tags;
+    NoteUnreadable(tags, opened);
     if (exists && opened.Ok()) {
         tags = ReadFileTags(file, path_, ID3v2Parts::FieldsAndText, errors);
         stream_ = ReadStream(file, tags);

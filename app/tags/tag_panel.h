@@ -6,7 +6,7 @@
 #include "app/tags/tag_box_table.h"
 #include "app/tags/tag_edit.h"
 #include "app/tags/tag_run.h"
-#include "core/settings/settings.h"
+#include "core/names/fix_file_name.h"
 #include "core/tags/stream_info.h"
 
 namespace mdlPLM {
@@ -44,6 +44,8 @@ public:
     [[nodiscard]] State Now() const { return state_; }
     [[nodiscard]] const Text& Path() const { return path_; }  ///< of the shown file
     [[nodiscard]] const TagBoxes& Boxes() const { return boxes_; }
+    /// What kept the shown file from being read, so that it gets no name.
+    [[nodiscard]] Status ReadingFault() const { return mdlPLM::ReadingFault(tags_, settings_); }
     [[nodiscard]] const StreamLines& Stream() const { return stream_; }
     /// The "Remove!" boxes are seen.
     [[nodiscard]] bool ShowsRemoveBoxes() const { return state_ == State::Batch; }

@@ -156,7 +156,9 @@ void frmPLM::cmdSave_Click() {
         list_, path,
         chosen.FilterIndex == SortingFileFilter ? ListFileKind::SortingList : ListFileKind::M3u);
     if (!saved.Ok()) return context_.Ask.Critical({u"PLM", ErrorMessage(saved.Number()), path});
-    SetStatus(tr("%1 saved to %2").arg(Files(list_.Count()), ToQt(path)));
+    const std::vector<Text> refused = NamesWithLineBreak(list_);
+    SetStatus(tr("%1 saved to %2").arg(Files(list_.Count() - refused.size()), ToQt(path)));
+    if (!refused.empty()) context_.Ask.Inform(NotWrittenMessage(refused, path, UserLanguage()));
 }
 
 void frmPLM::cmdClear_Click() {

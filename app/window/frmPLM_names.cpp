@@ -177,10 +177,12 @@ void frmPLM::ShowNameOf(FileList::Index row) {
 }
 
 void frmPLM::ShowNewName() {
+    const TagPanel& panel = tags_->Panel();
+    if (!panel.ReadingFault().Ok()) return ui_->txtNewName->clear();
     const Text inPattern = InPattern();
     const NamingContext naming{context_.Values, context_.Replacements, inPattern};
     SetBoxText(*ui_->txtNewName,
-               ToQt(FixFileName2(shownPath_, OutPattern(), tags_->Panel().Boxes(), naming)));
+               ToQt(FixFileName2(shownPath_, OutPattern(), panel.Boxes(), naming)));
 }
 
 void frmPLM::ShowComputedName() {

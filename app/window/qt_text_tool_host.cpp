@@ -47,6 +47,8 @@ public:
     bool Step(std::vector<Text>& paths) override {
         if (walk_ && !walk_->Finished()) {
             walk_->Step(paths);
+            if (walk_->Finished() && !walk_->TooDeep().empty())
+                context_.Ask.Critical(TooDeepMessage(walk_->TooDeep(), UserLanguage()));
         } else if (next_ < dropped_.size()) {
             Take(dropped_[next_++], paths);
         } else {
@@ -73,7 +75,7 @@ private:
     void TakeListed(const Text& path, std::vector<Text>& paths) {
         FileList listed;
         // As in the main list, a list file that cannot be read is not reported.
-        const Status loaded = LoadListFile(path, listed, context_.Ask);
+        const Status loaded = LoadListFile(path, listed, context_.Ask, UserLanguage());
         static_cast<void>(loaded);
         for (FileList::Index row = 0; row < listed.Count(); ++row)
             paths.push_back(listed.Path(row));

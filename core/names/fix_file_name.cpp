@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/names/fixing_rules.h"
-#include "core/names/list_entry.h"
+#include "core/platform/path.h"
 #include "core/tags/genres.h"
 #include "core/text/code_page.h"
 #include "core/text/letter_case.h"
@@ -26,7 +26,7 @@ struct Work {
 
 void TakeFromPattern(Work& work, const FieldWord& field) {
     work.Fields.*field.Value =
-        GetFieldFromPattern(work.Path, field.Word, work.Context.InPattern, work.Values());
+        GetFieldFromPath(work.Path, field.Word, work.Context.InPattern, work.Values());
 }
 
 void TakeAllFromPattern(Work& work) {
@@ -76,7 +76,7 @@ Text CleanName(Work& work) {
             work.Fields.*field = FirstLetterUpper(std::move(work.Fields.*field));
     bool filled = false;
     Text name = FillPattern(work.OutPattern, work.Fields, work.Values(), filled);
-    if (!filled) name = GetListEntryFileName(work.Path);
+    if (!filled) name = FileNameOfPath(work.Path);
     return ApplyRules(FileNameRules(), std::move(name), {work.Values(), work.Context.Replacements});
 }
 
@@ -165,10 +165,14 @@ Text FixFileName(TextView path, TextView outPattern, const NamingContext& contex
 
 Text FixFileName(TextView path, TextView outPattern, const FileTags& tags,
                  const NamingContext& context) {
-    if (!tags.Exists) return {};
+    if (!tags.Exists || !ReadingFault(tags, context.Values).Ok()) return {};
     Work work{path, outPattern, context, {}};
     Gather(work, tags);
     return CleanName(work);
+}
+
+Status ReadingFault(const FileTags& tags, const Settings& settings) {
+    return TagsAllowed(settings) ? Status(tags.Unreadable) : Status();
 }
 
 GatheredFields GatherFields(TextView path, const FileTags& tags, const NamingContext& context) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bitset>
-#include <iterator>
 #include <utility>
 
 #include "core/text/letter_case.h"
@@ -35,6 +34,39 @@ Text TidyMp3Ending(Text text, TextView ending, Pos drop) {
     if (!EqualIgnoringCase(Right(text, static_cast<Pos>(ending.size())), ending)) return text;
     return Trim(Left(text, static_cast<Pos>(text.size()) - drop)).append(Mp3Ending);
 }
+
+// A character beyond the basic plane takes two places. A half without the other one stands for a
+// byte of a file name in no encoding, and for itself.
+TextView FirstCharacter(TextView text) {
+    const bool pair = text.size() > 1 && text[0] >= 0xD800 && text[0] <= 0xDBFF &&
+                      text[1] >= 0xDC00 && text[1] <= 0xDFFF;
+    return text.substr(0, pair ? 2 : 1);
+}
+
+class ListedCharacters {
+public:
+    explicit ListedCharacters(TextView chars) {
+        while (!chars.empty()) {
+            const TextView character = FirstCharacter(chars);
+            if (character.size() == 1) {
+                single_.set(character[0]);
+            } else {
+                pairs_.push_back(character);
+            }
+            chars.remove_prefix(character.size());
+        }
+    }
+    [[nodiscard]] bool Contains(TextView character) const {
+        if (character.size() == 1) return single_.test(character[0]);
+        return std::find(pairs_.begin(), pairs_.end(), character) != pairs_.end();
+    }
+
+private:
+    std::bitset<0x10000> single_;
+    std::vector<TextView> pairs_;
+};
+
+bool IsControl(char16_t c) { return c < 0x20 || c == 0x7F; }
 
 constexpr char16_t Gone = 0xFFFF;  // no character
 
@@ -206,16 +238,24 @@ Text ChangeExtension(Text text, const RuleContext& context) {
     return text;
 }
 
+// Collapsed and trimmed once more only where blanks have come: every other name stays as it is.
+Text BlankControls(Text text, const RuleContext& context) {
+    if (std::none_of(text.begin(), text.end(), IsControl)) return text;
+    return TrimMisses(CollapseSpaces(BlankControlCharacters(std::move(text)), context), context);
+}
+
 }  // namespace
 
 Text RemoveChars(TextView text, TextView chars, RemoveMode mode) {
-    std::bitset<0x10000> listed;
-    for (const char16_t c : chars) listed.set(c);
+    const ListedCharacters listed(chars);
     const bool keep = mode == RemoveMode::KeepOnly;
     Text result;
     result.reserve(text.size());
-    std::copy_if(text.begin(), text.end(), std::back_inserter(result),
-                 [&](char16_t c) { return listed.test(c) == keep; });
+    while (!text.empty()) {
+        const TextView character = FirstCharacter(text);
+        if (listed.Contains(character) == keep) result.append(character);
+        text.remove_prefix(character.size());
+    }
     return result;
 }
 
@@ -230,9 +270,17 @@ Text ReplaceIllegalCharacters(Text text) {
     return text;
 }
 
+Text BlankControlCharacters(Text text) {
+    std::replace_if(text.begin(), text.end(), IsControl, u' ');
+    return text;
+}
+
+// The first character as it stands: of some the small letter has another capital than they.
 Text FirstLetterUpper(Text text) {
+    if (text.empty()) return text;
+    const char16_t first = UCase(text[0]);
     Lower(text);
-    if (!text.empty()) text[0] = UCase(text[0]);
+    text[0] = first;
     return text;
 }
 
@@ -256,6 +304,7 @@ const std::vector<Rule>& FileNameRules() {
         {"lower case", AllLower},
         {"replacement list", ReplacePairsInName},
         {"extension", ChangeExtension},
+        {"control characters", BlankControls},
     };
     return rules;
 }

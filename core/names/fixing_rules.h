@@ -8,7 +8,8 @@
 
 namespace mdlPLM {
 
-/// Removes every character of `chars` from `text`, or keeps only those (in their order).
+/// Removes every character of `chars` from `text`, or keeps only those (in their order). A
+/// character beyond the basic plane is one, never two halves.
 enum class RemoveMode { Remove, KeepOnly };
 Text RemoveChars(TextView text, TextView chars, RemoveMode mode);
 
@@ -35,7 +36,10 @@ Text ApplyRules(const std::vector<Rule>& rules, Text text, const RuleContext& co
 /// "\", "/", ":", "<", ">", "|" and "*" become blanks; "?" and the double quote are removed.
 Text ReplaceIllegalCharacters(Text text);
 
-/// First character upper, rest lower.
+/// U+0000 to U+001F and U+007F become blanks.
+Text BlankControlCharacters(Text text);
+
+/// The first character in upper case, the others in lower case.
 Text FirstLetterUpper(Text text);
 
 /// Cleans one tag text.

@@ -1,6 +1,6 @@
-// The files that a run works on. "Replace" is meant for files that were there before: where a
-// target belongs to the run itself (a name that repeats, names that change places) the user is
-// asked, because one of the run's own files would be lost.
+// The files that a run works on, and those that it makes. "Replace" is meant for files that were
+// there before: where a target belongs to the run itself (a name that repeats, names that change
+// places) the user is asked, because one of the run's own files would be lost.
 #pragma once
 
 #include <set>

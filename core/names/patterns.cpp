@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/names/list_entry.h"
+#include "core/platform/path.h"
 #include "core/text/letter_case.h"
 
 namespace mdlPLM {
@@ -76,11 +77,20 @@ TextView LastComponents(TextView path, std::ptrdiff_t levels) {
     return {};
 }
 
-Text NameToMatch(TextView fileName, TextView pattern, const Settings& settings) {
-    const Text path = WithBackslashes(fileName);
+// How the name is taken from what was given.
+using NamePart = Text (*)(TextView);
+
+// What was given, and how it is to be read.
+struct Subject {
+    TextView Given;
+    NamePart Name;
+};
+
+Text NameToMatch(const Subject& subject, TextView pattern, const Settings& settings) {
+    const Text path = WithBackslashes(subject.Given);
     const auto levels = std::count(pattern.begin(), pattern.end(), u'\\');
     Text name = levels > 0 && path.find(u'\\') != Text::npos ? Text(LastComponents(path, levels))
-                                                             : GetListEntryFileName(path);
+                                                             : subject.Name(path);
     if (settings.b20toSpace) name = Replace(name, u"%20", u" ");
     if (settings.bScoreToSpace) std::replace(name.begin(), name.end(), u'_', u' ');
     return name;
@@ -130,24 +140,33 @@ Text Fill(TextView pattern, const FieldValues& values) {
 constexpr TextView ForbiddenInPaths = u":?\"<>|*";
 constexpr TextView Separators = u"/\\";
 
-}  // namespace
-
-Text GetFieldFromPattern(TextView fileName, TextView fieldName, TextView pattern,
-                         const Settings& settings) {
+Text Field(const Subject& subject, TextView fieldName, TextView pattern, const Settings& settings) {
     const Placeholder* const wanted = FindPlaceholder(LCase(fieldName));
-    if (wanted == nullptr || Trim(fileName).empty()) return {};
+    if (wanted == nullptr || Trim(subject.Given).empty()) return {};
     const Text lower = LCase(pattern);
     if (lower.find(wanted->Word) == Text::npos) return {};
     Slots slots = FindSlots(lower);
     const Text levelled = WithBackslashes(pattern);
     FindSeparators(levelled, slots);
 
-    Text name = Mid(NameToMatch(fileName, levelled, settings), InStr(levelled, u"%"));
+    Text name = Mid(NameToMatch(subject, levelled, settings), InStr(levelled, u"%"));
     const Pos tail = static_cast<Pos>(levelled.size()) - slots.back().At -
                      static_cast<Pos>(wanted->FieldName().size());
     name = WithPlainEnd(name, tail, settings);
     Text field = Extract(name, slots, *wanted);
     return wanted->DigitsOnly && !IsAllDigits(field) ? Text() : field;
+}
+
+}  // namespace
+
+Text GetFieldFromPattern(TextView fileName, TextView fieldName, TextView pattern,
+                         const Settings& settings) {
+    return Field({fileName, GetListEntryFileName}, fieldName, pattern, settings);
+}
+
+Text GetFieldFromPath(TextView path, TextView fieldName, TextView pattern,
+                      const Settings& settings) {
+    return Field({path, FileNameOfPath}, fieldName, pattern, settings);
 }
 
 Text FillPattern(TextView outPattern, const FieldValues& values, const Settings& settings,

@@ -37,6 +37,11 @@ inline constexpr std::array<FieldWord, 7> FieldWords = {{{&FieldValues::Artist, 
 Text GetFieldFromPattern(TextView fileName, TextView fieldName, TextView pattern,
                          const Settings& settings);
 
+/// The same of what is known to be a path or a file name: its last part is the name, also where
+/// that holds what separates name and folder in a list line.
+Text GetFieldFromPath(TextView path, TextView fieldName, TextView pattern,
+                      const Settings& settings);
+
 /// The output pattern with its placeholders (exact, lower case) replaced. `filled` is false when no
 /// field put anything in; the result is then of no use and the old file name takes its place.
 Text FillPattern(TextView outPattern, const FieldValues& values, const Settings& settings,

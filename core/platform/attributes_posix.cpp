@@ -59,22 +59,6 @@ mode_t WithReadOnly(mode_t mode, bool readOnly) {
 
 }  // namespace
 
-namespace posix {
-
-void CopyDosAttributes(int from, int to) {
-#ifdef __linux__
-    std::array<char, 256> buffer{};
-    const ssize_t length = ::fgetxattr(from, AttributeName, buffer.data(), buffer.size());
-    if (length > 0)
-        (void)::fsetxattr(to, AttributeName, buffer.data(), static_cast<std::size_t>(length), 0);
-#else
-    (void)from;
-    (void)to;
-#endif
-}
-
-}  // namespace posix
-
 int GetAttributes(TextView path) {
     const Bytes native = posix::SystemPath(path);
     struct stat data {};

@@ -20,12 +20,16 @@ constexpr mode_t KeptMode = 0777;
 class PosixCopy final : public PiecewiseCopy {
 public:
     PosixCopy(posix::Handle source, Bytes target, IfTargetExists ifExists)
-        : source_(std::move(source)), target_(std::move(target)), ifExists_(ifExists) {}
+        : source_(std::move(source)),
+          target_(std::move(target)),
+          ifExists_(ifExists),
+          waits_(ifExists == IfTargetExists::Replace) {}
     ~PosixCopy() override { Abandon(); }
     PosixCopy(const PosixCopy&) = delete;
     PosixCopy& operator=(const PosixCopy&) = delete;
 
     Status Begin();
+    void WaitForDisk() override { waits_ = true; }
     Status Step(bool& done) override;
     [[nodiscard]] std::int64_t Copied() const override { return copied_; }
     [[nodiscard]] std::int64_t Total() const override { return sourceData_.st_size; }
@@ -33,7 +37,7 @@ public:
 private:
     [[nodiscard]] Status CheckTarget() const;
     Status Finish();
-    void KeepModeAndTimes() const;
+    void KeepMetadata() const;
     Status TakeTargetName() const;
     void Abandon();
 
@@ -45,6 +49,7 @@ private:
     Bytes temporaryPath_;  // empty: there is none (any more)
     std::int64_t copied_ = 0;
     posix::RangeCopier copier_;
+    bool waits_ = false;
     bool done_ = false;
     Status failure_;
 };
@@ -81,7 +86,9 @@ Status PosixCopy::Step(bool& done) {
 
 Status PosixCopy::Finish() {
     if (copied_ < Total()) return ErrorNumber::InputPastEnd;
-    KeepModeAndTimes();
+    KeepMetadata();
+    if (waits_)
+        if (const Status flushed = posix::Flush(temporary_.Get()); !flushed.Ok()) return flushed;
     if (const Status closed = temporary_.Close(); !closed.Ok()) return closed;
     if (const Status taken = TakeTargetName(); !taken.Ok()) return taken;
     temporaryPath_.clear();
@@ -89,9 +96,10 @@ Status PosixCopy::Finish() {
     return {};
 }
 
-// A file system without modes or such times keeps what it can: no failure.
-void PosixCopy::KeepModeAndTimes() const {
-    posix::CopyDosAttributes(source_.Get(), temporary_.Get());
+// A file system without attributes, modes or such times keeps what it can: no failure. The mode
+// goes last, it may take the permission away that the attributes need to be set.
+void PosixCopy::KeepMetadata() const {
+    posix::CopyExtendedAttributes(source_.Get(), temporary_.Get());
     (void)::fchmod(temporary_.Get(), sourceData_.st_mode & KeptMode);
     const std::array<timespec, 2> times = {sourceData_.st_atim, sourceData_.st_mtim};
     (void)::futimens(temporary_.Get(), times.data());

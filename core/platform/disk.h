@@ -75,6 +75,10 @@ Status ListFolder(TextView folder, std::vector<FolderItem>& items);
 class PiecewiseCopy {
 public:
     virtual ~PiecewiseCopy() = default;
+    /// The contents are to be on the disk before the target's name is taken: asked for where the
+    /// source is to go. Where a target is replaced they are in any case. Before the first step; a
+    /// disk in memory has nothing to wait for.
+    virtual void WaitForDisk() {}
     /// Copies the next piece (a megabyte). `done` is set when the target stands complete.
     virtual Status Step(bool& done) = 0;
     /// Bytes copied so far and in all.
@@ -107,8 +111,8 @@ public:
     /// that appears between two looks; source and target being two spellings of the same file (a
     /// change of letter case where the file system does not tell them apart) succeeds.
     virtual Status Rename(TextView from, TextView to, IfTargetExists ifExists) = 0;
-    /// Begins a copy that keeps mode bits and modification time. The attributes that have no file
-    /// mode travel along as far as the target's file system takes them.
+    /// Begins a copy that keeps mode bits and modification time. The user's extended attributes and
+    /// the access control list travel along as far as the target's file system takes them.
     virtual Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
                              std::unique_ptr<PiecewiseCopy>& copy) = 0;
     /// One level; FileAlreadyExists when something of that name is there, PathNotFound when the

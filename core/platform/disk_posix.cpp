@@ -54,7 +54,7 @@ void SortByName(std::vector<FolderItem>& items) {
 
 Status FolderReader::Open(TextView folder) {
     Close();
-    folder_ = ::opendir(posix::SystemPath(folder).c_str());
+    folder_ = posix::OpenFolder(posix::SystemPath(folder));
     return IsOpen() ? Status() : posix::LastErrorOfNewName();
 }
 

@@ -62,6 +62,13 @@ Handle OpenHandle(const Bytes& path, int flags, unsigned mode) {
     }
 }
 
+DIR* OpenFolder(const Bytes& path) {
+    for (;;) {
+        DIR* const folder = ::opendir(path.c_str());
+        if (folder != nullptr || errno != EINTR) return folder;
+    }
+}
+
 Status ReadFully(int descriptor, std::int64_t offset, char* buffer, std::size_t count,
                  std::size_t& got) {
     got = 0;

@@ -1,6 +1,9 @@
 // What the POSIX sources of this room share. Not for other rooms.
 #pragma once
 
+#include <dirent.h>
+#include <sys/stat.h>
+
 #include <cstdint>
 
 #include "core/platform/errors.h"
@@ -40,6 +43,9 @@ private:
 /// open(2), begun again when a signal interrupts it; the descriptor is not handed to child
 /// processes, and a FIFO does not hold the caller up.
 Handle OpenHandle(const Bytes& path, int flags, unsigned mode = 0);
+
+/// opendir(3), begun again when a signal interrupts it; null when the folder cannot be opened.
+DIR* OpenFolder(const Bytes& path);
 
 /// Reads up to `count` bytes at `offset`; fewer only at the end of the file.
 Status ReadFully(int descriptor, std::int64_t offset, char* buffer, std::size_t count,
@@ -101,7 +107,13 @@ int RenameByFlag(const Bytes& from, const Bytes& to);
 int RenameByLink(const Bytes& from, const Bytes& to);
 int RenameByClaim(const Bytes& from, const Bytes& to);
 
-/// Copies the attributes that have no file mode, as far as the target's file system takes them.
-void CopyDosAttributes(int from, int to);
+/// Gives the file open as `to` the `user.*` attributes and the POSIX access control list of the one
+/// open as `from`, as far as its file system takes them: no failure.
+void CopyExtendedAttributes(int from, int to);
+
+/// Makes the file open as `to` the successor of the one open as `from`, which has `old`: owner and
+/// group as far as the system lets them be set, CopyExtendedAttributes, and last the mode. The
+/// times are left to the caller.
+void CopyMetadata(const struct stat& old, int from, int to);
 
 }  // namespace mdlPLM::posix

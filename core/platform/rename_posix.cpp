@@ -64,7 +64,7 @@ bool DifferInLetterCaseOnly(const Bytes& a, const Bytes& b) {
 // True when the folder has an entry of exactly this spelling.
 bool IsSpeltSo(const Bytes& path) {
     const Bytes folder = FolderOfNative(path);
-    const std::unique_ptr<DIR, int (*)(DIR*)> open(::opendir(folder.empty() ? "." : folder.c_str()),
+    const std::unique_ptr<DIR, int (*)(DIR*)> open(OpenFolder(folder.empty() ? "." : folder),
                                                    ::closedir);
     if (!open) return true;
     while (const dirent* item = ::readdir(open.get()))

@@ -113,14 +113,27 @@ void Read(const Reading& reading, FileTags& tags) {
     const Status v1 = ReadRecord(file, head.View(), reading.Parts, tags);
     if (!v1.Ok()) {
         NoteV1Failure(tags);
+        NoteUnreadable(tags, v1);
         reading.Errors.Report(v1.Number(), reading.Path);
     }
     const Status v2 = first.Ok() ? ReadTag(file, head.View(), reading.Parts, tags) : first;
     tags.V2Failed = !v2.Ok();
-    if (tags.V2Failed) reading.Errors.Report(v2.Number(), reading.Path);
+    if (!tags.V2Failed) return;
+    NoteUnreadable(tags, v2);
+    reading.Errors.Report(v2.Number(), reading.Path);
 }
 
 }  // namespace
+
+// The errors that speak of the file's contents, and of folders and pipes, are told apart from those
+// that a permission or another disk would take away.
+void NoteUnreadable(FileTags& tags, Status status) {
+    const ErrorNumber error = status.Number();
+    if (status.Ok() || error == ErrorNumber::InputPastEnd ||
+        error == ErrorNumber::BadRecordNumber || error == ErrorNumber::PathFileAccess)
+        return;
+    tags.Unreadable = error;
+}
 
 FileTags ReadFileTags(const File& file, TextView path, ID3v2Parts parts, ErrorSink& errors) {
     FileTags tags;
@@ -139,6 +152,7 @@ FileTags ReadFileTags(TextView path, ID3v2Parts parts, ErrorSink& errors) {
     }
     NoteV1Failure(tags);
     tags.V2Failed = true;
+    NoteUnreadable(tags, status);
     errors.Report(status.Number(), path);
     return tags;
 }

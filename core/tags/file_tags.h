@@ -14,6 +14,9 @@ struct FileTags {
     ID3v2Tag V2;
     bool V1Failed = false;  ///< an error was reported while reading it
     bool V2Failed = false;
+    /// What kept the file from being read (no permission, the disk), as opposed to a tag that is
+    /// not as it should be, or a thing that holds no bytes.
+    ErrorNumber Unreadable = ErrorNumber::None;
     bool V1HasTrackByte = false;  ///< the trailer is of the ID3v1.1 form
     std::int64_t FileSize = 0;    ///< bytes
     std::int64_t V2Length = 0;    ///< header included; 0 without a tag
@@ -22,6 +25,9 @@ struct FileTags {
     Bytes V2Header;  ///< the ten bytes before the tag text; empty without a tag
     Bytes V2Text;    ///< the tag text
 };
+
+/// Sets Unreadable where the file's opening or reading ended so.
+void NoteUnreadable(FileTags& tags, Status status);
 
 /// ReadID3v1 and ReadID3v2 together.
 FileTags ReadFileTags(TextView path, ID3v2Parts parts, ErrorSink& errors);

@@ -64,7 +64,7 @@ Text Right(TextView text, Pos count) {
 Text Mid(TextView text, Pos start) { return Mid(text, start, std::numeric_limits<Pos>::max()); }
 
 Text Mid(TextView text, Pos start, Pos count) {
-    const std::size_t from = ClampCount(start - 1, text.size());
+    const std::size_t from = start < 1 ? 0 : ClampCount(start - 1, text.size());
     return Text(text.substr(from, ClampCount(count, text.size() - from)));
 }
 
@@ -166,13 +166,17 @@ Text NumberText(double value, int decimals) {
 
 long long IntegerPart(TextView text) {
     const NumberScan scan = ScanNumber(text);
+    using Range = std::numeric_limits<long long>;
     long long value = 0;
-    constexpr long long limit = std::numeric_limits<long long>::max() / 10 - 1;
     for (std::size_t i = scan.IntegerBegin; i < scan.IntegerEnd; ++i) {
-        if (value > limit) return scan.Negative ? -limit * 10 : limit * 10;
-        value = value * 10 + (text[i] - u'0');
+        const int digit = text[i] - u'0';
+        // Counted down where the number is negative: that end of the range lies further out.
+        const bool beyond = scan.Negative ? value < (Range::min() + digit) / 10
+                                          : value > (Range::max() - digit) / 10;
+        if (beyond) return scan.Negative ? Range::min() : Range::max();
+        value = value * 10 + (scan.Negative ? -digit : digit);
     }
-    return scan.Negative ? -value : value;
+    return value;
 }
 
 bool IsNumber(TextView text) {

@@ -84,7 +84,7 @@ Text NumberText(long long value);
 Text NumberText(double value, int decimals);
 
 /// The number a text starts with, as its integer part: blanks in front are skipped, "7.9x" gives 7,
-/// a text without a number gives 0. Values beyond the range are clamped to it.
+/// a text without a number gives 0. A value beyond the range is the end of the range.
 long long IntegerPart(TextView text);
 
 /// True when the whole text (blanks around it aside) is one decimal number such as "-3" or "2.5".

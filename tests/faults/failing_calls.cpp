@@ -151,7 +151,7 @@ int setxattr(const char* path, const char* name, const void* value, unsigned lon
 }
 
 void* opendir(const char* path) {
-    if (Fails("opendir", Looks, path)) return nullptr;
+    if (Fails("opendir", Looks | Restarts, path)) return nullptr;
     return Real<void*(const char*)>("opendir")(path);
 }
 

@@ -60,6 +60,18 @@ TEST_F(BatchMode, RenamesFilesWithoutTagsByTheirNames) {
     EXPECT_EQ(Names(), std::vector<Bytes>{"Dancing Queen (Abba).mp3"});
 }
 
+TEST_F(BatchMode, AFileWithoutANewNameIsNamedWithTheReason) {
+    const Text closed = Music.Unopenable(u"abba - one.mp3");
+    const Text dots = Song(u"abba - two.mp3", {"id3v2", "--id3v2-only", "-t", "???"});
+    const ProgramResult result = Rename("%title.mp3", {closed, dots});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Out, "");
+    EXPECT_EQ(result.Errors, "pellmore: " + NativePath(closed) +
+                                 ": Device unavailable\npellmore: " + NativePath(dots) +
+                                 ": no name is left (\".mp3\")\n");
+    EXPECT_EQ(Names(), (std::vector<Bytes>{"abba - one.mp3", "abba - two.mp3"}));
+}
+
 TEST_F(BatchMode, UsesTheStoredSettings) {
     WriteFile(Program.SettingsFile(),
               "[Settings]\nChange=3\nbLowExtension=False\nbExtension=False\n");

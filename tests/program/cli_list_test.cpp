@@ -39,6 +39,23 @@ TEST_F(CliList, AFileIsWrittenByItsNameOrAsAskedAndReadBack) {
               (std::vector<Json>{{{"path", "one.m3u"}, {"files", 1}, {"outcome", "written"}}}));
 }
 
+TEST_F(CliList, ANameWithALineBreakIsRefusedAndTheOthersAreWritten) {
+    (void)Folder.File(u"n/a.mp3");
+    (void)Folder.File(u"n/b\nc.mp3");
+    (void)Folder.File(u"n/d.mp3");
+    const Bytes refused =
+        "pellmore-cli: n/b?c.mp3: a list file cannot hold a name with a line break\n";
+    ExpectResult(Cli({"list", "n", "-o", "out.m3u"}), 1, "written out.m3u: 2 files\n", refused);
+    EXPECT_EQ(ReadFile(Folder / u"out.m3u"), folder_ + "n/a.mp3\r\n" + folder_ + "n/d.mp3\r\n");
+    ExpectResult(Cli({"list", "n", "--as", "srt"}), 1,
+                 "a.mp3     (" + folder_ + "n/)\r\nd.mp3     (" + folder_ + "n/)\r\n", refused);
+    WriteFile(Folder / u"old.m3u", "n/a.mp3\r\nn/b\nc.mp3\r\nn/d.mp3\r\n");
+    const ProgramResult read = Cli({"list", "old.m3u"});
+    EXPECT_EQ(read.Status, 1);
+    EXPECT_EQ(read.Out, "n/a.mp3\nn/d.mp3\n");
+    EXPECT_NE(read.Errors.find("\"n/b c.mp3\": a list file cannot hold"), Bytes::npos);
+}
+
 TEST_F(CliList, AnExistingListIsReplacedOnlyWhenAsked) {
     const Text path = Folder.File(u"old.m3u", "old");
     ExpectResult(Cli({"list", "m", "-o", "old.m3u"}), 1, "",

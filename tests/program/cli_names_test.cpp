@@ -51,6 +51,34 @@ TEST_F(CliNames, AFileThatIsMissingIsNamedAndTheOthersAreDone) {
                                            {"reason", "File not found"}}}));
 }
 
+TEST_F(CliNames, AFileWithoutANewNameIsNamedWithTheReason) {
+    (void)Folder.File(u"x.mp3", Tagged(TextFrame("TIT2", "???")));
+    (void)Folder.Unopenable(u"y - z.mp3");
+    ExpectResult(Cli({"names", "--setting", "OutPattern=%title.mp3", "x.mp3", "y - z.mp3"}), 1, "",
+                 "pellmore-cli: x.mp3: no name is left (\".mp3\")\n"
+                 "pellmore-cli: y - z.mp3: Device unavailable\n");
+    const std::vector<Json> objects = Objects(Cli({"names", "--json", "y - z.mp3"}));
+    EXPECT_EQ(objects, (std::vector<Json>{{{"path", "y - z.mp3"},
+                                           {"new_path", nullptr},
+                                           {"outcome", "failed"},
+                                           {"reason", "Device unavailable"}}}));
+    ExpectPrints({"names", "--setting", "bID3=False", "y - z.mp3"}, "y - z.mp3 -> Y - Z.mp3\n");
+}
+
+TEST_F(CliNames, AFolderThatIsTooDeepIsNamed) {
+    (void)Folder.TooDeep(u"in");
+    const ProgramResult result = Cli({"names", "in"});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Out, "in/a.mp3 -> A.mp3\n");
+    EXPECT_NE(result.Errors.find("d/: the folder is too deep"), Bytes::npos);
+}
+
+TEST_F(CliNames, WhatSeparatesNameAndFolderInAListIsPartOfAName) {
+    (void)Folder.File(u"in (x)/abba - song     (live).mp3", Noise(200));
+    ExpectPrints({"names", "in (x)"},
+                 "in (x)/abba - song     (live).mp3 -> Abba - Song (Live).mp3\n");
+}
+
 TEST_F(CliNames, WithoutFilesItIsUsedWrongly) {
     ExpectResult(Cli({"names"}), 2, "", "pellmore-cli: no files were given\n");
     ExpectPrints({"names", "."}, "");
@@ -74,7 +102,7 @@ TEST_F(CliNames, PathsComeFromStandardInputLineByLineOrEndedByNul) {
                  "a - b.mp3 -> A - B.mp3\nc - d.mp3 -> C - D.mp3\n", "");
     const Bytes nul(1, '\0');
     ExpectResult(Cli({"names", "--null"}, "e\nf - g.mp3" + nul + "a - b.mp3" + nul), 0,
-                 "e\nf - g.mp3 -> E\nf - G.mp3\na - b.mp3 -> A - B.mp3\n", "");
+                 "e\nf - g.mp3 -> E f - G.mp3\na - b.mp3 -> A - B.mp3\n", "");
     ExpectResult(Cli({"names", "-0", "-"}, "a - b.mp3"), 0, "a - b.mp3 -> A - B.mp3\n", "");
     ExpectResult(Cli({"names", "c - d.mp3", "-"}, "a - b.mp3\n"), 0,
                  "c - d.mp3 -> C - D.mp3\na - b.mp3 -> A - B.mp3\n", "");

@@ -155,6 +155,16 @@ TEST_F(CliScan, ATargetThatExistsIsKept) {
     EXPECT_EQ(ReadFile(Folder / u"m/02 - Abba - S O S.mp3"), "there");
 }
 
+TEST_F(CliScan, AFolderThatAListNamesIsNotRenamed) {
+    (void)Folder.File(u"album/inside.mp3", "sound");
+    (void)Folder.File(u"list.m3u", "album\nm/y.mp3\nm/z.mp3\n");
+    const ProgramResult result = Cli(Scan({"--apply", "--no-tags", "--to-files", "list.m3u"}));
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_NE(result.Errors.find("album: Error: 75 Path/File access error"), Bytes::npos);
+    EXPECT_EQ(ReadFile(Folder / u"album/inside.mp3"), "sound");
+    EXPECT_TRUE(IsThere(Folder / u"m/02 - Abba - S O S.mp3"));
+}
+
 TEST_F(CliScan, AskingWithoutATerminalIsMisuse) {
     const ProgramResult result = Cli(Scan({"--apply", "--if-exists", "ask", "--to-files", "m"}));
     EXPECT_EQ(result.Status, 2);

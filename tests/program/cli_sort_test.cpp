@@ -1,4 +1,5 @@
 #include <sys/stat.h>
+#include <sys/xattr.h>
 
 #include "tests/program/cli_fixture.h"
 
@@ -31,6 +32,25 @@ TEST_F(CliSort, CopiesUnderNewNamesIntoTheTargetFolder) {
     EXPECT_EQ(TreeOf(u"out"),
               (Lines{"Abba - Sos.mp3", "Alone.mp3", "An Artist - W.mp3", "Kent - 747.mp3"}));
     EXPECT_EQ(TreeOf(u"in").size(), 4U);
+}
+
+TEST_F(CliSort, ACopyAndAMoveKeepTheUsersAttributes) {
+    const auto attribute = [this](TextView name) {
+        char value[20];
+        const ssize_t length =
+            ::getxattr(NativePath(Folder / name).c_str(), "user.comment", value, sizeof value);
+        return length < 0 ? Bytes("none") : Bytes(value, static_cast<std::size_t>(length));
+    };
+    const Text source = Folder.File(u"in/abba - sos.mp3", Noise(200));
+    // A file system that takes none keeps none.
+    (void)::setxattr(NativePath(source).c_str(), "user.comment", "mine", 4, 0);
+    const Bytes before = attribute(u"in/abba - sos.mp3");
+    (void)Folder.Folder(u"copied");
+    (void)Folder.Folder(u"moved");
+    EXPECT_EQ(Cli({"sort", "--to", "copied", "--method", "copy", "in"}).Status, 0);
+    EXPECT_EQ(attribute(u"copied/Abba - Sos.mp3"), before);
+    EXPECT_EQ(Cli({"sort", "--to", "moved", "--method", "move", "in"}).Status, 0);
+    EXPECT_EQ(attribute(u"moved/Abba - Sos.mp3"), before);
 }
 
 TEST_F(CliSort, MovesIntoGenreLetterAndArtistFolders) {
@@ -94,6 +114,45 @@ TEST_F(CliSort, AnExistingTargetIsSkippedOrReplaced) {
                  "copied a - b.mp3 -> out/A - B.mp3, replacing the file there\n"
                  "1 done, 0 skipped, 0 failed\n");
     EXPECT_EQ(ReadFile(target), "new" + Noise(200));
+}
+
+// Three songs of one new name: none of them takes the place of another.
+TEST_F(CliSort, UnderReplaceACopyOfTheRunIsAskedAboutAndKeptWithoutATerminal) {
+    for (const TextView name : {u"a", u"b", u"c"})
+        (void)Folder.File(u"in/" + Text(name) + u".mp3",
+                          WholeTag(TextFrame("TPE1", "Abba") + TextFrame("TIT2", "SOS")) +
+                              Noise(200) + ToUtf8(name));
+    const Arguments call = {"sort", "--to",        "out",     "--method",
+                            "copy", "--if-exists", "replace", "in"};
+    const Bytes question = "already exists!\nDo you want to replace it?";
+    (void)Folder.Folder(u"out");
+    const ProgramResult nobody = Cli(call);
+    EXPECT_EQ(nobody.Status, 1);
+    EXPECT_EQ(nobody.Out,
+              "copied in/a.mp3 -> out/Abba - Sos.mp3\n"
+              "kept in/b.mp3 -> out/Abba - Sos.mp3: There is a file of its new name\n"
+              "kept in/c.mp3 -> out/Abba - Sos.mp3: There is a file of its new name\n"
+              "1 done, 2 skipped, 0 failed\n");
+    EXPECT_NE(nobody.Errors.find(question + "\n(There is no terminal to ask at.)"), Bytes::npos);
+    const Bytes copied = ReadFile(Folder / u"out/Abba - Sos.mp3");
+    EXPECT_EQ(copied.back(), 'a');
+    WriteFile(Folder / u"out/Abba - Sos.mp3", "there before");
+    const Bytes asked = "already exists!\r\nDo you want to replace it? [Yes/No/Cancel] ";
+    const ProgramResult answered = RunAtTerminal(Call(call), {{asked, "n\n"}, {asked, "yes\n"}});
+    EXPECT_EQ(answered.Status, 0);
+    EXPECT_EQ(ReadFile(Folder / u"out/Abba - Sos.mp3").back(), 'c');
+    EXPECT_EQ(TreeOf(u"in").size(), 3U);
+}
+
+TEST_F(CliSort, AFileThatCannotBeReadIsNotRenamedByItsOldName) {
+    (void)Folder.Unopenable(u"abba_-_sos.mp3");
+    (void)Folder.File(u"x.mp3", WholeTag(TextFrame("TIT2", ".")) + Noise(200));
+    ExpectResult(Cli({"sort", "--method", "rename", "--setting", "OutPattern=%title.mp3",
+                      "abba_-_sos.mp3", "x.mp3"}),
+                 1, "0 done, 0 skipped, 2 failed\n",
+                 "pellmore-cli: abba_-_sos.mp3: Device unavailable\n"
+                 "pellmore-cli: x.mp3: no name is left (\".mp3\")\n");
+    EXPECT_EQ(ListTree(Folder.Path()), (Lines{"abba_-_sos.mp3", "x.mp3"}));
 }
 
 TEST_F(CliSort, TheStoredChoiceIsForTerminalsOnly) {

@@ -27,6 +27,12 @@ public:
         : disk_(disk), call_(std::move(call)), inner_(std::move(inner)) {
         call_.Operation = DiskOperation::CopyStep;
     }
+    void WaitForDisk() override {
+        DiskCall call = call_;
+        call.Operation = DiskOperation::CopyWaits;
+        disk_.calls_.push_back(std::move(call));
+        inner_->WaitForDisk();
+    }
     Status Step(bool& done) override {
         done = false;
         const Status noted = disk_.Note(call_);
@@ -56,7 +62,7 @@ std::vector<DiskCall> RecordingDisk::Changes() const {
     std::vector<DiskCall> changes;
     std::copy_if(calls_.begin(), calls_.end(), std::back_inserter(changes), [](const auto& call) {
         return !IsQuestion(call) && call.Operation != DiskOperation::CopyStep &&
-               call.Operation != DiskOperation::Flush;
+               call.Operation != DiskOperation::CopyWaits && call.Operation != DiskOperation::Flush;
     });
     return changes;
 }

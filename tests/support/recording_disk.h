@@ -17,6 +17,7 @@ enum class DiskOperation {
     Rename,
     BeginCopy,
     CopyStep,
+    CopyWaits,
     CreateFolder,
     DeleteFile,
     Flush,

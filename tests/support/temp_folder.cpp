@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -67,6 +68,31 @@ Text TempFolder::Folder(TextView name) const {
 Text TempFolder::Link(TextView name, TextView target) const {
     Text path = *this / name;
     fs::create_symlink(Native(target), Native(path));
+    return path;
+}
+
+Text TempFolder::TooDeep(TextView name) const {
+    constexpr int Levels = 20;
+    const Bytes longName(250, 'd');
+    Text path = Folder(name);
+    (void)File(Text(name) + u"/a.mp3");
+    int folder = ::open(NativePath(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    for (int level = 0; level < Levels; ++level) {
+        if (::mkdirat(folder, longName.c_str(), 0777) != 0) Fail("cannot create", path);
+        const int next = ::openat(folder, longName.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        ::close(folder);
+        folder = next;
+    }
+    const int file = ::openat(folder, "a.mp3", O_WRONLY | O_CREAT | O_CLOEXEC, 0666);
+    if (file < 0) Fail("cannot create a file below", path);
+    ::close(file);
+    ::close(folder);
+    return path;
+}
+
+Text TempFolder::Unopenable(TextView name) const {
+    Text path = *this / name;
+    if (::mknod(NativePath(path).c_str(), S_IFSOCK | 0600, 0) != 0) Fail("cannot create", path);
     return path;
 }
 

@@ -27,6 +27,12 @@ public:
     [[nodiscard]] Text Folder(TextView name) const;
     /// Creates a symbolic link that leads to `target` (a path as the link holds it).
     [[nodiscard]] Text Link(TextView name, TextView target) const;
+    /// Creates folders in each other, the outermost called `name`, until the path of the innermost
+    /// is longer than the system takes, and a file "a.mp3" in the outermost and the innermost one.
+    [[nodiscard]] Text TooDeep(TextView name) const;
+    /// Creates a thing that is there and that nobody can open, the superuser neither; the error is
+    /// DeviceUnavailable.
+    [[nodiscard]] Text Unopenable(TextView name) const;
 
 private:
     Text path_;

@@ -739,6 +739,30 @@ Utan skärm kan filer döpas om i satsläge:</translation>
         <source>Path not found</source>
         <translation>Sökvägen hittades inte</translation>
     </message>
+    <message>
+        <source>These were not searched:</source>
+        <translation>Dessa söktes inte igenom:</translation>
+    </message>
+    <message>
+        <source>the folder is too deep: its path is too long to be opened</source>
+        <translation>mappen ligger för djupt: sökvägen är för lång för att öppnas</translation>
+    </message>
+    <message>
+        <source>These were not written into &quot;%1&quot;:</source>
+        <translation>Dessa skrevs inte i &quot;%1&quot;:</translation>
+    </message>
+    <message>
+        <source>These were not taken from &quot;%1&quot;:</source>
+        <translation>Dessa togs inte från &quot;%1&quot;:</translation>
+    </message>
+    <message>
+        <source>a list file cannot hold a name with a line break</source>
+        <translation>en listfil kan inte innehålla ett namn med radbrytning</translation>
+    </message>
+    <message>
+        <source>no name is left</source>
+        <translation>inget namn blir kvar</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::PairColumn</name>

@@ -71,6 +71,16 @@ TEST(GatherFiles, WithoutAnyPathItIsMisuse) {
     EXPECT_TRUE(Gathered(folder, {"-"}).Good);
 }
 
+TEST(GatherFiles, AFolderThatIsTooDeepIsAFailure) {
+    const TempFolder folder;
+    (void)folder.TooDeep(u"deep");
+    const Gathered gathered(folder, {"deep"});
+    EXPECT_EQ(gathered.Names(), std::vector<Text>{u"a.mp3"});
+    EXPECT_EQ(gathered.Failures, 1U);
+    EXPECT_EQ(gathered.Streams.Told.rfind("pellmore-cli: deep/ddd", 0), 0U);
+    EXPECT_NE(gathered.Streams.Told.find("d/: the folder is too deep"), Bytes::npos);
+}
+
 TEST(GatherFiles, ANamedFolderThatCannotBeReadIsAFailure) {
     const TempFolder folder;
     const Text closed = folder.Folder(u"closed");

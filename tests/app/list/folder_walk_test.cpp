@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "core/platform/path.h"
+#include "core/text/code_page.h"
 #include "tests/support/temp_folder.h"
 
 using namespace mdlPLM;
@@ -51,6 +52,22 @@ TEST_F(FolderWalking, DotFilesAndDotFoldersAreListedToo) {
 TEST_F(FolderWalking, AFolderNamedLikeAFileIsAFolder) {
     Files({u"album.mp3/a.mp3"});
     EXPECT_EQ(Found(), (Paths{u"album.mp3/a.mp3"}));
+}
+
+TEST_F(FolderWalking, AFolderThatIsTooDeepIsTold) {
+    const Text outer = temp_.TooDeep(u"deep");
+    Files({u"z/b.mp3"});
+    FolderWalk walk(temp_.Path(), u"mp3");
+    Paths paths;
+    while (!walk.Finished()) walk.Step(paths);
+    EXPECT_EQ(paths, (Paths{outer + u"/a.mp3", temp_ / u"z/b.mp3"}));
+    ASSERT_EQ(walk.TooDeep().size(), 1U);
+    EXPECT_TRUE(StartsWith(walk.TooDeep()[0], outer + u"/dddd"));
+    EXPECT_GT(walk.TooDeep()[0].size(), 4095U);
+    const Message told = TooDeepMessage(walk.TooDeep(), {});
+    EXPECT_TRUE(StartsWith(told.Body, u"These were not searched:\n\"" + outer));
+    EXPECT_TRUE(EndsWith(told.Body, u"ddd/\": " + FromUtf8(TooDeepReason)));
+    EXPECT_LT(told.Body.size(), 400U);
 }
 
 TEST_F(FolderWalking, NamesThatAreNoValidTextAreFound) {

@@ -60,6 +60,19 @@ protected:
     FileList list_;
 };
 
+TEST_F(ListTasks, AFolderThatIsTooDeepIsToldAtTheEnd) {
+    Add({folder_.TooDeep(u"deep"), folder_.File(u"last.mp3")});
+    EXPECT_EQ(Names(list_), (Texts{u"a.mp3", u"last.mp3"}));
+    ASSERT_EQ(prompts_.Log.size(), 1U);
+    EXPECT_EQ(prompts_.Log[0].Kind, PromptKind::Critical);
+    EXPECT_TRUE(StartsWith(prompts_.Log[0].What.Body, u"These were not searched:\n"));
+}
+
+TEST_F(ListTasks, AFileThatCannotBeReadHasNoNewName) {
+    Add({folder_.Unopenable(u"a - b.mp3")}, AddAs::File, true);
+    EXPECT_EQ(NewNames(list_), Texts{u""});
+}
+
 TEST_F(ListTasks, DroppedFolderGivesItsOwnFilesBeforeThoseOfItsSubfolders) {
     static_cast<void>(folder_.File(u"m/a sub/c.mp3"));
     static_cast<void>(folder_.File(u"m/z.mp3"));

@@ -23,6 +23,24 @@ Lines PathsOf(const FileList& list) {
     return paths;
 }
 
+Lines Parsed(BytesView contents, ListFileKind kind, TextView path) {
+    Lines refused;
+    Lines names = ParseListFile(contents, kind, path, refused);
+    EXPECT_EQ(refused, Lines{});
+    return names;
+}
+
+Lines Refused(BytesView contents, ListFileKind kind) {
+    Lines refused;
+    (void)ParseListFile(contents, kind, u"/x/list", refused);
+    return refused;
+}
+
+Lines Taken(BytesView contents, ListFileKind kind) {
+    Lines refused;
+    return ParseListFile(contents, kind, u"/x/list", refused);
+}
+
 TEST(ListFileKinds, GoByTheLastFourCharactersOnly) {
     EXPECT_EQ(KindOfListFile(u"/m/list.SRT"), ListFileKind::SortingList);
     EXPECT_EQ(KindOfListFile(u"a.m3U"), ListFileKind::M3u);
@@ -32,7 +50,7 @@ TEST(ListFileKinds, GoByTheLastFourCharactersOnly) {
 }
 
 TEST(ListFileKinds, AnotherKindNamesNothing) {
-    EXPECT_EQ(ParseListFile("/m/a.mp3\r\n", ListFileKind::Other, u"/x/list.txt"), Lines{});
+    EXPECT_EQ(Parsed("/m/a.mp3\r\n", ListFileKind::Other, u"/x/list.txt"), Lines{});
 }
 
 TEST(SortingList, HoldsTheLinesAsTheListShowsThem) {
@@ -60,13 +78,13 @@ TEST(SortingList, ANameThatBeginsWithAByteOrderMarkKeepsIt) {
     FileList list;
     list.Append({u"/m/\uFEFFa.mp3", u"/m/b.mp3"});
     const Bytes written = RenderListFile(list, ListFileKind::SortingList);
-    EXPECT_EQ(ParseListFile(written, ListFileKind::SortingList, {}), Entries(list));
+    EXPECT_EQ(Parsed(written, ListFileKind::SortingList, {}), Entries(list));
 }
 
 TEST(SortingList, BlankLinesAreIgnoredAndLineEndsMayBeAny) {
-    EXPECT_EQ(ParseListFile("a     (/)\r\n\r\n   \nb     (/)\rplain", ListFileKind::SortingList,
-                            u"/x.srt"),
-              (Lines{u"a     (/)", u"b     (/)", u"plain"}));
+    EXPECT_EQ(
+        Parsed("a     (/)\r\n\r\n   \nb     (/)\rplain", ListFileKind::SortingList, u"/x.srt"),
+        (Lines{u"a     (/)", u"b     (/)", u"plain"}));
 }
 
 TEST(SortingList, TheChosenKindDecidesNotTheExtension) {
@@ -88,38 +106,38 @@ TEST(M3u, IsWrittenAsFullPaths) {
 }
 
 TEST(M3u, CommentsAndBlankLinesAreNoFiles) {
-    EXPECT_EQ(ParseListFile("#EXTM3U\r\n#EXTINF:249,Artist - Title\r\n/m/a.mp3\r\n\r\n  \r\n"
-                            "/m/b c.mp3",
-                            ListFileKind::M3u, u"/x/list.m3u"),
+    EXPECT_EQ(Parsed("#EXTM3U\r\n#EXTINF:249,Artist - Title\r\n/m/a.mp3\r\n\r\n  \r\n"
+                     "/m/b c.mp3",
+                     ListFileKind::M3u, u"/x/list.m3u"),
               (Lines{u"/m/a.mp3", u"/m/b c.mp3"}));
 }
 
 TEST(M3u, PathsAreTakenAsTheyStand) {
-    EXPECT_EQ(ParseListFile(" #1.mp3 \n  b.mp3", ListFileKind::M3u, u"/x/list.m3u"),
+    EXPECT_EQ(Parsed(" #1.mp3 \n  b.mp3", ListFileKind::M3u, u"/x/list.m3u"),
               (Lines{u"/x/ #1.mp3 ", u"/x/  b.mp3"}));
 }
 
 TEST(M3u, AByteOrderMarkIsNoPartOfAName) {
-    EXPECT_EQ(ParseListFile("\xEF\xBB\xBF#EXTM3U\na.mp3", ListFileKind::M3u, u"/x/list.m3u"),
+    EXPECT_EQ(Parsed("\xEF\xBB\xBF#EXTM3U\na.mp3", ListFileKind::M3u, u"/x/list.m3u"),
               (Lines{u"/x/a.mp3"}));
 }
 
 TEST(Pls, OnlyFileLinesCount) {
-    EXPECT_EQ(ParseListFile("[playlist]\r\nFile1=C:\\x.mp3\r\nTitle1=Song\r\nLength1=249\r\n"
-                            "NumberOfEntries=1\r\nVersion=2\r\n",
-                            ListFileKind::Pls, u"C:\\list.pls"),
+    EXPECT_EQ(Parsed("[playlist]\r\nFile1=C:\\x.mp3\r\nTitle1=Song\r\nLength1=249\r\n"
+                     "NumberOfEntries=1\r\nVersion=2\r\n",
+                     ListFileKind::Pls, u"C:\\list.pls"),
               Lines{u"C:\\x.mp3"});
 }
 
 TEST(Pls, TheKeyIsReadInAnyLetterCaseAndNotBehindBlanks) {
-    EXPECT_EQ(ParseListFile("file1=/a\nFILE22=/b=c.mp3\nFilesystem=/d\n File3=/e\nFile4\nFile=/f\n"
-                            "File5= /g",
-                            ListFileKind::Pls, u"/x/list.pls"),
+    EXPECT_EQ(Parsed("file1=/a\nFILE22=/b=c.mp3\nFilesystem=/d\n File3=/e\nFile4\nFile=/f\n"
+                     "File5= /g",
+                     ListFileKind::Pls, u"/x/list.pls"),
               (Lines{u"/a", u"/b=c.mp3", u"/d", u"/f", u"/x/ /g"}));
 }
 
 TEST(Pls, AFileLineWithoutAPathNamesNothing) {
-    EXPECT_TRUE(ParseListFile("File1=\nFile2=  \n", ListFileKind::Pls, u"/x/list.pls").empty());
+    EXPECT_TRUE(Parsed("File1=\nFile2=  \n", ListFileKind::Pls, u"/x/list.pls").empty());
 }
 
 struct PathCase {
@@ -151,6 +169,52 @@ TEST(PlaylistPaths, AreMadeWhole) {
     };
     for (const PathCase& c : cases)
         EXPECT_EQ(CompletePlaylistPath(c.Entry, c.Playlist), c.Complete);
+}
+
+// A list cannot hold such a name; the others are written as if it were not there.
+TEST(LineBreaks, ANameThatHoldsOneIsNotWritten) {
+    FileList list;
+    list.Append({u"/m/a.mp3", u"/m/b\nc.mp3", u"/m\r/d.mp3", u"/m/e.mp3"});
+    EXPECT_EQ(NamesWithLineBreak(list), (Lines{u"/m/b\nc.mp3", u"/m\r/d.mp3"}));
+    EXPECT_EQ(RenderListFile(list, ListFileKind::M3u), "/m/a.mp3\r\n/m/e.mp3\r\n");
+    EXPECT_EQ(RenderListFile(list, ListFileKind::SortingList),
+              "a.mp3     (/m/)\r\ne.mp3     (/m/)\r\n");
+    const Message told = NotWrittenMessage(NamesWithLineBreak(list), u"/x/l.srt", {});
+    EXPECT_EQ(told.Body,
+              u"These were not written into \"/x/l.srt\":\n"
+              u"\"/m/b c.mp3\": a list file cannot hold a name with a line break\n"
+              u"\"/m /d.mp3\": a list file cannot hold a name with a line break");
+}
+
+// A list that holds one all the same: the pieces are not taken for names.
+TEST(LineBreaks, AListLineWithOneIsRefused) {
+    const Bytes name =
+        "a.mp3     (/m/)\r\nb\nc.mp3     (/m/)\r\nd.mp3     (/m\r/)\r\ne.mp3     (/)\r\n";
+    EXPECT_EQ(Refused(name, ListFileKind::SortingList),
+              (Lines{u"b c.mp3     (/m/)", u"d.mp3     (/m /)"}));
+    EXPECT_EQ(Taken(name, ListFileKind::SortingList),
+              (Lines{u"a.mp3     (/m/)", u"e.mp3     (/)"}));
+}
+
+TEST(LineBreaks, APathOfAPlaylistWithOneIsRefused) {
+    const Bytes playlist = "#EXTM3U\r\n/m/a.mp3\r\n/m/b\nc.mp3\r\n/m/d.mp3\r\n";
+    EXPECT_EQ(Refused(playlist, ListFileKind::M3u), Lines{u"/m/b c.mp3"});
+    EXPECT_EQ(Taken(playlist, ListFileKind::M3u), (Lines{u"/m/a.mp3", u"/m/d.mp3"}));
+    EXPECT_EQ(Refused("/m/a.mp3\r\nb\nc.mp3\r\n", ListFileKind::M3u), Lines{u"b c.mp3"});
+    const Bytes pls = "[playlist]\nFile1=/m/b\nc.mp3\nTitle1=x\nFile2=/m/d.mp3\n\n;e\nVersion=2\n";
+    EXPECT_EQ(Refused(pls, ListFileKind::Pls), Lines{u"File1=/m/b c.mp3"});
+    EXPECT_EQ(Taken(pls, ListFileKind::Pls), Lines{u"/m/d.mp3"});
+}
+
+// Lines that another program has put behind those of a list, with its own line ends.
+TEST(LineBreaks, LinesOfBothKindsAreLines) {
+    EXPECT_EQ(Parsed("/m/a.mp3\r\n/m/b.mp3\n/m/c.mp3\n", ListFileKind::M3u, u"/x/l.m3u"),
+              (Lines{u"/m/a.mp3", u"/m/b.mp3", u"/m/c.mp3"}));
+    EXPECT_EQ(Parsed("a.mp3\r\n#x\nb.mp3\nc.mp3", ListFileKind::M3u, u"/x/l.m3u"),
+              (Lines{u"/x/a.mp3", u"/x/b.mp3", u"/x/c.mp3"}));
+    EXPECT_EQ(
+        Parsed("a     (/)\r\nb     (/)\nc     (/)\rd     (/)", ListFileKind::SortingList, u"/x"),
+        (Lines{u"a     (/)", u"b     (/)", u"c     (/)", u"d     (/)"}));
 }
 
 class Loading : public testing::Test {
@@ -213,6 +277,17 @@ TEST_F(Loading, LinesOfBinaryRubbishAreSkippedSilently) {
     EXPECT_TRUE(Load(folder_.File(u"x.pls", rubbish)).Ok());
     EXPECT_EQ(list_.Count(), 2U);
     EXPECT_TRUE(prompts_.Log.empty());
+}
+
+TEST_F(Loading, ANameWithALineBreakIsToldAndTheOthersAreTaken) {
+    const Text path = folder_.File(u"x.m3u", "/m/a.mp3\r\n/m/b\nc.mp3\r\n/m/d.mp3\r\n");
+    EXPECT_TRUE(Load(path).Ok());
+    EXPECT_EQ(PathsOf(list_), (Lines{u"/m/a.mp3", u"/m/d.mp3"}));
+    ASSERT_EQ(prompts_.Log.size(), 1U);
+    EXPECT_EQ(prompts_.Log[0].Kind, PromptKind::Inform);
+    EXPECT_EQ(prompts_.Log[0].What.Body,
+              u"These were not taken from \"" + path +
+                  u"\":\n\"/m/b c.mp3\": a list file cannot hold a name with a line break");
 }
 
 TEST_F(Loading, AnEmptyFileAddsNothing) {

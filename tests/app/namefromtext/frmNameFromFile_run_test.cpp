@@ -39,6 +39,7 @@ private slots:
     void TheStopFlagEndsTheRunWithoutTheClosingSteps();
     void TheStopFlagCountsBehindTheLastPairToo();
     void FailedFilesAreListedOnRequest();
+    void AFolderAndANameOfNothingAreToldAndTheRunGoesOn();
     void UsesTheMainWindowsChoices();
     void TheControlsRestWhileTheRunIsUnderWay();
     void TheFocusReturnsAfterTheRun();
@@ -364,6 +365,22 @@ void frmNameFromFileRunTest::FailedFilesAreListedOnRequest() {
     const Asked& last = world_->Prompts.Log.back();
     QVERIFY(last.Kind == PromptKind::Inform);
     QVERIFY(last.What.Body.find(path) == 0);
+}
+
+void frmNameFromFileRunTest::AFolderAndANameOfNothingAreToldAndTheRunGoesOn() {
+    Open();
+    ShowNames("One\nTwo\nThree\n");
+    (void)world_->Folder.File(u"album/inside.mp3", "sound");
+    AddFiles({world_->Folder / u"album"});
+    AddFile(u"b.mp3");
+    AddFile(u"c.mp3");
+    world_->Host.Edited = u".mp3";
+    NewList()->SelectRow(1);
+    QTest::keyClick(NewList(), Qt::Key_F2);
+    Run();
+    QCOMPARE(Files(), QStringList({"Three.mp3", "album/inside.mp3", "b.mp3"}));
+    QCOMPARE(world_->Prompts.Bodies(), (std::vector<Text>{u"Error: 75\r\nPath/File access error",
+                                                          u"no name is left (\".mp3\")"}));
 }
 
 void frmNameFromFileRunTest::UsesTheMainWindowsChoices() {

@@ -297,9 +297,8 @@ TEST(RenameRun, ANameTooLongForTheFileSystemIsAMessage) {
 }
 
 TEST(RenameRun, ANameThatIsNoFileNameIsNeverUsed) {
-    for (const TextView name :
-         {TextView(u""), TextView(u"."), TextView(u".."), TextView(u"a/b.mp3"),
-          TextView(u"..\\b.mp3"), TextView(u"a\0b", 3)}) {
+    for (const TextView name : {TextView(u"."), TextView(u".."), TextView(u"a/b.mp3"),
+                                TextView(u"..\\b.mp3"), TextView(u"a\0b", 3)}) {
         Running running;
         running.Choices.chkSaveID3v1 = true;
         running.AddFile(u"a.mp3", name);
@@ -307,6 +306,40 @@ TEST(RenameRun, ANameThatIsNoFileNameIsNeverUsed) {
         EXPECT_EQ(running.Ask.Bodies(), std::vector<Text>{u"Error: 52\r\nBad file name or number"});
         EXPECT_EQ(running.Left(), (Tree{{"a.mp3", "a.mp3"}}));
     }
+}
+
+TEST(RenameRun, ANameOfNothingButItsExtensionIsNeverUsed) {
+    for (const TextView name : {u"", u".mp3", u" .mp3"}) {
+        Running running;
+        running.Choices.chkSaveID3v1 = true;
+        running.AddFile(u"a.mp3", name);
+        const RunReport report = running.Run();
+        ASSERT_EQ(report.Failures.size(), 1U);
+        EXPECT_TRUE(StartsWith(report.Failures[0].Reason, u"no name is left"));
+        ASSERT_EQ(running.Ask.Log.size(), 1U);
+        EXPECT_EQ(running.Ask.Log[0].What.Detail, running.Folder / u"a.mp3");
+        EXPECT_EQ(running.Left(), (Tree{{"a.mp3", "a.mp3"}}));
+    }
+}
+
+// A list can name folders; renaming one would rename the path of everything in it.
+TEST(RenameRun, AFolderIsNotRenamed) {
+    Running running;
+    running.Values.bSetAttributes = running.Choices.chkConvert = true;
+    (void)running.Folder.File(u"album/a.mp3", "sound");
+    (void)running.Folder.Link(u"linked", u"album");
+    running.Add(u"album", u"01 - x.mp3");
+    running.Add(u"linked", u"02 - y.mp3");
+    running.AddFile(u"b.mp3", u"03 - z.mp3");
+    const RunReport report = running.Run();
+    EXPECT_TRUE(report.Completed);
+    EXPECT_EQ(report.Renamed, 1U);
+    ASSERT_EQ(report.Failures.size(), 2U);
+    EXPECT_EQ(report.Failures[0].Path, running.Folder / u"album");
+    EXPECT_EQ(running.Ask.Bodies(), (std::vector<Text>(2, u"Error: 75\r\nPath/File access error")));
+    EXPECT_EQ(ReadFile(running.Folder / u"album/a.mp3"), "sound");
+    EXPECT_TRUE(IsThere(running.Folder / u"linked"));
+    EXPECT_TRUE(IsThere(running.Folder / u"03 - z.mp3"));
 }
 
 TEST(RenameRun, AFileThatVanishedIsPassedOver) {

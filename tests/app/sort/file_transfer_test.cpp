@@ -1,9 +1,12 @@
 // Copying, moving and renaming single files, and what can go wrong with them.
+#include <sys/stat.h>
+
 #include <algorithm>
 
 #include "core/text/letter_case.h"
 #include "tests/app/sort/sort_fixture.h"
 #include "tests/support/child_process.h"
+#include "tests/support/tag_bytes.h"
 
 using namespace mdlPLM;
 
@@ -287,6 +290,78 @@ TEST_F(SortFiles, ANewNameThatIsNoFileNameIsNamedInTheMessageAndTheFileStays) {
     EXPECT_TRUE(disk_.Changes().empty());
 }
 
+TEST_F(SortFiles, ANameOfNothingButItsExtensionIsNeverUsed) {
+    choices_.OutPattern = u"%title.mp3";
+    for (const Bytes& title : std::vector<Bytes>{".", "???", "\r\n"}) {
+        for (const SortMethod method : Methods) {
+            list_.Clear();
+            choices_.chkConvert = true;
+            choices_.Method = method;
+            const Text source =
+                Add(u"a.mp3", test::WholeTag(test::TextFrame("TIT2", title)) + test::Noise(200));
+            EXPECT_EQ(Sort(), Failed(source, u"no name is left (\".mp3\")"));
+            EXPECT_EQ(list_.Count(), 1U);
+        }
+    }
+    for (const TextView byHand : {u".mp3", u" .mp3", u"   "}) {
+        const Text source = OnlyFile(byHand);
+        EXPECT_EQ(Sort(), Failed(source, u"no name is left (\"" + Text(byHand) + u"\")"));
+    }
+    EXPECT_TRUE(disk_.Changes().empty());
+}
+
+TEST_F(SortFiles, AFileThatKeepsItsNameKeepsAnyName) {
+    for (const SortMethod method : CopyAndMove) {
+        list_.Clear();
+        choices_.Method = method;
+        choices_.txtTargetDir = temp_.Folder(u"to " + NumberText(static_cast<long long>(method)));
+        Add(u".mp3", "sound");
+        EXPECT_EQ(Sort(), Counts(1));
+        EXPECT_EQ(ReadFile(choices_.txtTargetDir + u"/.mp3"), "sound");
+    }
+}
+
+// Its tags may say something else than its old name does.
+TEST_F(SortFiles, AFileThatCannotBeReadIsNotRenamedByItsOldName) {
+    choices_.chkConvert = true;
+    for (const SortMethod method : Methods) {
+        list_.Clear();
+        choices_.Method = method;
+        const Text source = Add(u"abba_-_one.mp3", "sound");
+        ASSERT_EQ(::chmod(NativePath(source).c_str(), 0), 0);
+        EXPECT_EQ(RunInChild([&] {
+                      ObeyPermissions();
+                      return Sort() == Failed(source, u"Permission denied") ? 0 : 1;
+                  }),
+                  0);
+        EXPECT_EQ(InSource(), Tree{"abba_-_one.mp3"});
+        EXPECT_EQ(InTarget(), Tree{});
+    }
+}
+
+TEST_F(SortFiles, AFileThatCannotBeReadIsRenamedWhereItsTagsAreNotAsked) {
+    choices_.chkConvert = true;
+    choices_.Method = SortMethod::Rename;
+    AddPath(temp_.Unopenable(u"abba_-_one.mp3"));
+    EXPECT_EQ(Sort(), Failed(temp_ / u"abba_-_one.mp3", u"Device unavailable"));
+    settings_.bID3 = false;
+    EXPECT_EQ(Sort(), Counts(1));
+    EXPECT_TRUE(IsThere(temp_ / u"Abba - One.mp3"));
+}
+
+TEST_F(SortFiles, AFileThatCannotBeReadTakesANameThatIsWrittenByHand) {
+    choices_.chkConvert = true;
+    choices_.txtNewName = u"Mine.mp3";
+    choices_.Method = SortMethod::Move;
+    AddPath(temp_.Unopenable(u"abba_-_one.mp3"));
+    // Its artist is not known, though.
+    choices_.chkSubFolder = true;
+    EXPECT_EQ(Sort(), Failed(temp_ / u"abba_-_one.mp3", u"Device unavailable"));
+    choices_.chkSubFolder = false;
+    EXPECT_EQ(Sort(), Counts(1));
+    EXPECT_EQ(InTarget(), Tree{"Mine.mp3"});
+}
+
 TEST_F(SortFiles, ANameLongerThanTheFileSystemTakesIsNamedInTheMessage) {
     for (const SortMethod method : Methods) {
         const Text source = OnlyFile(Text(300, u'x') + u".mp3");
@@ -433,6 +508,20 @@ TEST_F(SortFiles, MovingAcrossFileSystemsWaitsForTheDiskBeforeTheSourceGoes) {
     EXPECT_EQ(Sort(), Counts(1));
     EXPECT_EQ(disk_.Calls().back().Operation, DiskOperation::DeleteFile);
     EXPECT_EQ(disk_.Count(DiskOperation::Flush), 2U);
+}
+
+TEST_F(SortFiles, MovingAcrossFileSystemsWaitsForTheContentsBeforeTheNameIsTaken) {
+    choices_.Method = SortMethod::Move;
+    (void)Add(u"one.mp3", "sound");
+    disk_.FailCall(DiskOperation::Rename, ErrorNumber::DifferentDrive);
+    EXPECT_EQ(Sort(), Counts(1));
+    EXPECT_EQ(disk_.Count(DiskOperation::CopyWaits), 1U);
+}
+
+TEST_F(SortFiles, APlainCopyDoesNotWaitForTheDisk) {
+    (void)Add(u"one.mp3", "sound");
+    EXPECT_EQ(Sort(), Counts(1));
+    EXPECT_EQ(disk_.Count(DiskOperation::CopyWaits) + disk_.Count(DiskOperation::Flush), 0U);
 }
 
 TEST_F(SortFiles, MovingAcrossFileSystemsReplacesWhenAsked) {

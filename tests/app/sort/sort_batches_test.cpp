@@ -53,7 +53,7 @@ TEST_F(Batches, ANameThatRepeatsIsAskedForEvenUnderReplaceWhereAFileWouldBeLost)
     choices_.Exists = IfExists::Replace;
     choices_.OutPattern = u"%album.mp3";
     const std::vector<Text> names = {u"A - Same - 1.mp3", u"B - Same - 2.mp3", u"C - Same - 3.mp3"};
-    for (const SortMethod method : {SortMethod::Move, SortMethod::Rename}) {
+    for (const SortMethod method : Methods) {
         list_.Clear();
         AddNamed(names);
         choices_.Method = method;
@@ -76,13 +76,26 @@ TEST_F(Batches, AYesReplacesAFileOfTheBatch) {
     EXPECT_EQ(ContentsBelow(temp_.Path()), (Contents{"B - Same - 2.mp3"}));
 }
 
-TEST_F(Batches, ACopyOfOneFileIsReplacedByThatOfAnotherWithoutAQuestionWhenReplaceIsChosen) {
+TEST_F(Batches, ACopyOfOneFileIsNotReplacedByThatOfAnotherWithoutAQuestion) {
     choices_.Exists = IfExists::Replace;
     choices_.OutPattern = u"%album.mp3";
-    AddNamed({u"A - Same - 1.mp3", u"B - Same - 2.mp3"});
-    EXPECT_EQ(Sort(), Counts(2));
-    EXPECT_EQ(ReadFile(target_ + u"/Same.mp3"), "B - Same - 2.mp3");
-    EXPECT_EQ(InSource().size(), 2U);
+    WriteFile(target_ + u"/Same.mp3", "there before");
+    AddNamed({u"A - Same - 1.mp3", u"B - Same - 2.mp3", u"C - Same - 3.mp3"});
+    prompts_.Answers = {Answer::No, Answer::Yes};
+    EXPECT_EQ(Sort(), Counts(3));
+    EXPECT_EQ(prompts_.Log.size(), 2U);
+    EXPECT_EQ(ReadFile(target_ + u"/Same.mp3"), "C - Same - 3.mp3");
+    EXPECT_EQ(InSource().size(), 3U);
+}
+
+TEST_F(Batches, ACopyDoesNotReplaceAFileOfTheBatchThatIsYetToCome) {
+    choices_.Exists = IfExists::Replace;
+    choices_.txtTargetDir = temp_ / u"in";
+    AddNamed({u"A - B - C.mp3", u"B - C - A.mp3"});
+    const Contents before = ContentsBelow(temp_ / u"in");
+    SortSayingNo();
+    EXPECT_GE(no_.Asked, 1);
+    EXPECT_EQ(LostSince(before, temp_ / u"in"), Contents{});
 }
 
 TEST_F(Batches, FilesThatWereThereBeforeAreReplacedWithoutAQuestion) {

@@ -46,6 +46,9 @@ TEST(FolderName, IsOneFolderName) {
         {u".", u""},           {u"..", u""},
         {u"???", u""},         {u"...", u"..."},
         {u".?", u""},          {u"Abba ", u"Abba "},
+        {u" ", u""},           {u"   ", u""},
+        {u"*|", u""},          {u"\n\t", u""},
+        {u"a\nb", u"a b"},     {u"\x7F\x01x", u"  x"},
     };
     for (const auto& each : cases) EXPECT_EQ(FolderName(each.Given), each.Expected);
 }
@@ -104,7 +107,7 @@ TEST_F(SortFolders, LetterFolderIsTheFirstCharacterOfTheNewName) {
 TEST_F(SortFolders, LetterFolderThatNoFolderCanBeCalledIsLeftOut) {
     choices_.chkAlphabetical = true;
     EXPECT_EQ(Sorted({u".hidden.mp3", u"?x.mp3", u"*x.mp3"}),
-              (Tree{" /", " /*x.mp3", ".hidden.mp3", "?x.mp3"}));
+              (Tree{"*x.mp3", ".hidden.mp3", "?x.mp3"}));
 }
 
 TEST_F(SortFolders, LetterComesFromTheFixedName) {
@@ -201,10 +204,12 @@ TEST_F(SortFolders, AnArtistThatNoFolderCanBeCalledIsLeftOut) {
     choices_.txtSubFolder = u"0";
     Add(u" - Waterloo.mp3");
     Add(u".. - Up.mp3");
+    Add(u"   - Blank.mp3");
     Add(u"A:B - Song.mp3");
     AddUnselectedEnd();
-    EXPECT_EQ(Sort(), Counts(3));
-    EXPECT_EQ(InTarget(), (Tree{" - Waterloo.mp3", ".. - Up.mp3", "A B/", "A B/A:B - Song.mp3"}));
+    EXPECT_EQ(Sort(), Counts(4));
+    EXPECT_EQ(InTarget(), (Tree{"   - Blank.mp3", " - Waterloo.mp3", ".. - Up.mp3", "A B/",
+                                "A B/A:B - Song.mp3"}));
 }
 
 TEST_F(SortFolders, ArtistComesFromTheFixedNameWhenNamesAreFixed) {

@@ -300,6 +300,32 @@ TEST_F(Batch, ANewNameThatIsNoFileNameIsNeverUsed) {
     EXPECT_EQ(Files(), (Tree{{"a.mp3", "1"}, {"a.x/", ""}, {"band - song.mp3", "2"}}));
 }
 
+TEST_F(Batch, AFileWithoutANewNameIsToldWithTheReason) {
+    const Text dots = folder_.File(u"band - ....mp3", "1");
+    const Text closed = folder_.Unopenable(u"band - song.mp3");
+    const Text hidden = folder_.File(u".hidden", "2");
+    const BatchResult named = Run({u"+rename=%title.mp3", dots, closed});
+    EXPECT_EQ(named.Failed, 2U);
+    EXPECT_EQ(named.ExitStatus(), 1);
+    ASSERT_EQ(named.Nameless.size(), 2U);
+    EXPECT_EQ(named.Nameless[0].Path, dots);
+    EXPECT_EQ(named.Nameless[0].Reason, u"no name is left (\".mp3\")");
+    EXPECT_EQ(named.Nameless[1].Path, closed);
+    EXPECT_EQ(named.Nameless[1].Reason, u"Device unavailable");
+    EXPECT_EQ(Run({u"+ext=ogg", hidden, closed, folder_ / u"missing.mp3"}).Nameless.size(), 1U);
+    EXPECT_TRUE(IsThere(hidden));
+    EXPECT_TRUE(IsThere(folder_ / u"band - song.ogg"));
+    settings_.bID3 = false;
+    EXPECT_EQ(Run({u"+rename=%title.mp3", folder_ / u"band - song.ogg"}).Renamed, 1U);
+}
+
+TEST_F(Batch, ANameWithTheListMarkerStaysWhole) {
+    const BatchResult result =
+        Run({u"+rename=%title - %artist.mp3", folder_.File(u"abba - song     (live).mp3", "1")});
+    EXPECT_EQ(result.Renamed, 1U);
+    EXPECT_EQ(Files(), (Tree{{"Song (Live) - Abba.mp3", "1"}}));
+}
+
 TEST_F(Batch, WithoutFilesThereIsNothingThatCouldBeDone) {
     EXPECT_EQ(Run({u"+rename=%title"}).ExitStatus(), 2);
     EXPECT_EQ(Run({u"+ext=ogg"}).ExitStatus(), 2);

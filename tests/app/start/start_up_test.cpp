@@ -179,6 +179,15 @@ TEST(StartUp, NoExtensionGivenLeavesTheFilesAlone) {
     EXPECT_TRUE(IsThere(file));
 }
 
+TEST(StartUp, BatchModeTellsWhichFilesHaveNoNewName) {
+    Start start;
+    const Text closed = start.Folder.Unopenable(u"a - b\n.mp3");
+    EXPECT_EQ(start.Run({u"+rename=%title.mp3", closed, start.Folder / u"missing.mp3"}), 1);
+    EXPECT_EQ(start.Errors.str(),
+              "pellmore: " + NativePath(start.Folder.Path()) + "a - b .mp3: Device unavailable\n");
+    EXPECT_EQ(start.Out.str(), "");
+}
+
 TEST(StartUp, BatchModeTellsByItsStatusWhatCouldNotBeRenamed) {
     Start start;
     const Text good = start.Folder.File(u"a.mp3", "x");

@@ -60,6 +60,18 @@ TEST_F(Panel, BeginsWithNothing) {
     EXPECT_EQ(panel_.FixID3(u"%title.mp3").Outcome, SaveOutcome::NoWork);
 }
 
+TEST_F(Panel, TellsAFileThatCannotBeReadFromABrokenTag) {
+    Show("short");
+    EXPECT_TRUE(panel_.ReadingFault().Ok());
+    panel_.ShowFile(folder_.Unopenable(u"x.mp3"), errors_);
+    EXPECT_EQ(panel_.ReadingFault().Number(), ErrorNumber::DeviceUnavailable);
+    settings_.bID3 = false;
+    EXPECT_TRUE(panel_.ReadingFault().Ok());
+    settings_.bID3 = true;
+    panel_.Clear();
+    EXPECT_TRUE(panel_.ReadingFault().Ok());
+}
+
 TEST_F(Panel, ShowsOneFile) {
     const Text path = Show(WholeTag(TextFrame("TIT2", "V2 title"), 20) + Audio + Trailer("V1", 4));
     EXPECT_EQ(panel_.Now(), State::OneFile);

@@ -68,6 +68,9 @@ private slots:
     void SavesSortingListAndLoadsItBack();
     void SavesPlaylistByChosenFilterNotExtension();
     void ListThatCannotBeSavedIsReported();
+    void NameWithALineBreakIsNotSavedAndTold();
+    void NameWithALineBreakIsNotLoadedAndTold();
+    void FolderThatIsTooDeepIsTold();
     void LoadReplacesTheList();
     void FileThatIsRefusedLeavesTheList();
     void LoadDialogOffersThreeFilters();
@@ -490,6 +493,38 @@ void FrmPLMListTest::ListThatCannotBeSavedIsReported() {
     QCOMPARE(plm_->Ask.Log.at(0).Kind, PromptKind::Critical);
     QCOMPARE(plm_->Ask.Log.at(0).What.Detail, path);
     QVERIFY(ToQt(plm_->Ask.Log.at(0).What.Body).startsWith(QLatin1String("Error: 76\r\n")));
+}
+
+void FrmPLMListTest::NameWithALineBreakIsNotSavedAndTold() {
+    const std::vector<Text> paths = DropFiles({u"a.mp3", u"b\nc.mp3", u"d.mp3"});
+    const Text path = plm_->Folder / u"list.m3u";
+    plm_->Dialogs.Results = {{{path}, 2}};
+    plm_->Click("cmdSave");
+    QCOMPARE(ReadFile(path), NativePath(paths[0]) + "\r\n" + NativePath(paths[2]) + "\r\n");
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("2 files saved to ") + ToQt(path));
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QCOMPARE(plm_->Ask.Log[0].Kind, PromptKind::Inform);
+    QVERIFY(ToQt(plm_->Ask.Log[0].What.Body).contains(QLatin1String("b c.mp3\": a list file")));
+}
+
+void FrmPLMListTest::NameWithALineBreakIsNotLoadedAndTold() {
+    const Text path = plm_->Folder.File(
+        u"list.srt", "a.mp3     (/m/)\r\nb\nc.mp3     (/m/)\r\nd.mp3     (/m/)\r\n");
+    plm_->Dialogs.Results = {{{path}, 1}};
+    plm_->Click("cmdLoad");
+    plm_->Settle();
+    QCOMPARE(plm_->Lines("lstFiles"),
+             (QStringList{QStringLiteral("a.mp3     (/m/)"), QStringLiteral("d.mp3     (/m/)")}));
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QCOMPARE(plm_->Ask.Log[0].Kind, PromptKind::Inform);
+    QVERIFY(ToQt(plm_->Ask.Log[0].What.Body).startsWith(QLatin1String("These were not taken")));
+}
+
+void FrmPLMListTest::FolderThatIsTooDeepIsTold() {
+    plm_->Drop("lstFiles", {plm_->Folder.TooDeep(u"deep")});
+    QCOMPARE(plm_->Lines("lstFiles").size(), qsizetype{1});
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QVERIFY(ToQt(plm_->Ask.Log[0].What.Body).startsWith(QLatin1String("These were not searched")));
 }
 
 void FrmPLMListTest::LoadReplacesTheList() {

@@ -52,6 +52,7 @@ private slots:
     void DoubleClickOnPreviewLineEditsIt();
     void CancelledEditLeavesTheLine();
     void UnreadableTagIsReportedBesideItsFile();
+    void FileThatCannotBeReadGetsNoName();
     void OptionsRenewTheNewName();
     void OptionsRenewTheComputedPreviewLines();
     void OptionsRenewTheNewNameWhilePreviewIsShown_data();
@@ -410,6 +411,32 @@ void FrmPLMNamesTest::UnreadableTagIsReportedBesideItsFile() {
     QVERIFY(ToQt(plm_->Ask.Log[0].What.Body).startsWith(QLatin1String("Error: 63\r\n")));
     QCOMPARE(plm_->Ask.Log[0].What.Detail, path);
     QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("By Short.mp3"));
+}
+
+// Its old name would be all that a name could be made of.
+void FrmPLMNamesTest::FileThatCannotBeReadGetsNoName() {
+    const Text path = plm_->Folder.Unopenable(u"abba - waterloo.mp3");
+    plm_->Drop("lstFiles", {path});
+    plm_->ClickLine("lstFiles", 0);
+    QVERIFY(ToQt(plm_->Ask.Log.at(0).What.Body).startsWith(QLatin1String("Error: 68\r\n")));
+    QCOMPARE(plm_->TextOf("txtNewName"), QString());
+    plm_->SetText("cmbOutPattern", QStringLiteral("%title.mp3"));
+    QCOMPARE(plm_->TextOf("txtNewName"), QString());
+    plm_->Click("chkPreview");
+    plm_->Settle();
+    QCOMPARE(plm_->Lines("lstPreview"), QStringList{QString()});
+    QCOMPARE(plm_->TextOf("txtNewName"), QString());
+    plm_->Click("optMethod2");
+    plm_->Ask.Log.clear();
+    plm_->Click("cmdSort");
+    plm_->Settle();
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QVERIFY(ToQt(plm_->Ask.Log[0].What.Body).endsWith(QLatin1String("Device unavailable")));
+    QVERIFY(IsThere(path));
+    plm_->SetText("txtNewName", QStringLiteral("By hand.mp3"));
+    plm_->Click("cmdSort");
+    plm_->Settle();
+    QVERIFY(IsThere(plm_->Folder / u"By hand.mp3"));
 }
 
 void FrmPLMNamesTest::OptionsRenewTheNewName() {

@@ -301,6 +301,55 @@ TEST(FixFileName, TextsOfTagsCannotLeaveTheFolder) {
     EXPECT_EQ(naming.FromTags(Pattern).find_first_of(u"/\\?"), Text::npos);
 }
 
+TEST(FixFileName, LineBreaksOfTagsDoNotGetIntoNames) {
+    Naming naming;
+    naming.Tags.V2.ID = "ID3";
+    naming.Tags.V2.Artist = "Ab\r\nba";
+    naming.Tags.V2.Title = "\x01Water\tloo\x7F!";
+    naming.Tags.V2.Track = "1";
+    EXPECT_EQ(naming.FromTags(Pattern), u"01 - Ab ba - Water loo !.mp3");
+    naming.Boxes.chkID3v2 = true;
+    naming.Boxes.txtV2Artist = u"Ab\r\nba";
+    naming.Boxes.txtV2Title = u"\x01Water\tloo\x7F!";
+    naming.Boxes.txtV2Track = u"1";
+    EXPECT_EQ(naming.FromBoxes(Pattern), u"01 - Ab ba - Water loo !.mp3");
+}
+
+// Five blanks and a parenthesis separate name and folder in a line of the list; here they are part
+// of a name, and the folders behind them are no part of the new one.
+TEST(FixFileName, ANameThatHoldsTheMarkOfAListLineIsTakenFromItsPath) {
+    Naming naming = Bare();
+    naming.Values.bID3 = false;
+    naming.Path = u"/music (old)/abba - song     (live).mp3";
+    EXPECT_EQ(naming.FromTags(u"%title.mp3"), u"song     (live).mp3");
+    EXPECT_EQ(naming.FromBoxes(u"%title.mp3"), u"song     (live).mp3");
+    naming.Path = u"/music     (x)/abba - song.mp3";
+    EXPECT_EQ(naming.FromTags(u"%title - %artist.mp3"), u"song - abba.mp3");
+    naming.InPattern = u"%album.txt";
+    EXPECT_EQ(naming.FromTags(u"same for all.mp3"), u"abba - song.mp3");
+    naming.Path = u"/music/a     (b).mp3";
+    EXPECT_EQ(naming.FromTags(u"same for all.mp3"), u"a     (b).mp3");
+    EXPECT_EQ(naming.FromBoxes(u"same for all.mp3"), u"a     (b).mp3");
+}
+
+TEST(FixFileName, AFileThatCannotBeReadHasNoName) {
+    Naming naming;
+    naming.Tags.Unreadable = ErrorNumber::PermissionDenied;
+    EXPECT_EQ(naming.FromTags(Pattern), u"");
+    EXPECT_EQ(ReadingFault(naming.Tags, naming.Values).Number(), ErrorNumber::PermissionDenied);
+}
+
+TEST(FixFileName, AFileThatCannotBeReadHasItsNameWhereNoTagIsAsked) {
+    Naming naming;
+    naming.Tags.Unreadable = ErrorNumber::DeviceIo;
+    naming.Values.bID3 = false;
+    EXPECT_TRUE(ReadingFault(naming.Tags, naming.Values).Ok());
+    EXPECT_EQ(naming.FromTags(u"%title.mp3"), u"Old Title.mp3");
+    naming.Values.bID3 = true;
+    naming.Values.Extension = u" ";
+    EXPECT_TRUE(ReadingFault(naming.Tags, naming.Values).Ok());
+}
+
 TEST(FixFileName, AMissingFileHasNoName) {
     Naming naming;
     naming.Tags = FileTags();

@@ -52,6 +52,37 @@ TEST(RemoveChars, RemovesOrKeepsTheListedOnes) {
     EXPECT_EQ(RemoveChars(u"a\u00E9\uFFFFz", u"\u00E9\uFFFF", RemoveMode::Remove), u"az");
 }
 
+// One character to the user, two places in the text.
+TEST(RemoveChars, TakeCharactersBeyondTheBasicPlaneWhole) {
+    const Text note = u"\U0001F3B5";    // D83C DFB5
+    const Text guitar = u"\U0001F3B8";  // D83C DFB8
+    const Text mask = u"\U0001F7B5";    // D83D DFB5
+    EXPECT_EQ(RemoveChars(u"a" + note + guitar + mask + u"b", note, RemoveMode::Remove),
+              u"a" + guitar + mask + u"b");
+    EXPECT_EQ(RemoveChars(note + u"a" + guitar, guitar + u"x", RemoveMode::KeepOnly), guitar);
+    EXPECT_EQ(RemoveChars(note + guitar, guitar + note, RemoveMode::Remove), u"");
+}
+
+// What stands for a byte in no encoding is one half of no pair.
+TEST(RemoveChars, TakeBytesInNoEncodingByThemselves) {
+    const Text byte = FromUtf8("\xB5");
+    const Text note = u"\U0001F3B5";
+    EXPECT_EQ(RemoveChars(note + byte + u"a", byte, RemoveMode::Remove), note + u"a");
+    EXPECT_EQ(RemoveChars(note + byte, note, RemoveMode::Remove), byte);
+}
+
+TEST(FirstLetter, TheFirstCharacterIsRaisedAsItStands) {
+    // Their small letters have another capital, or none: dotted I, sharp S, ohm, kelvin, angstrom,
+    // theta symbol.
+    for (const char16_t c : Text(u"\u0130\u1E9E\u2126\u212A\u212B\u03F4"))
+        EXPECT_EQ(FirstLetterUpper(Text(1, c) + u"AB"), Text(1, c) + u"ab") << int{c};
+    EXPECT_EQ(FirstLetterUpper(u"\u00E5BC"), u"\u00C5bc");
+    EXPECT_EQ(FirstLetterUpper(u"ABC"), u"Abc");
+    EXPECT_EQ(FirstLetterUpper(u""), u"");
+    Settings settings = WithCase(CaseOption::FirstLetter);
+    EXPECT_EQ(FixText(u"\u212AELVIN", settings, {}), u"\u212Aelvin");
+}
+
 struct RuleCase {
     const char* Rule;
     TextView In;
@@ -119,7 +150,8 @@ TEST(FileNameRules, TheRulesStandInTheirOrder) {
                                           "upper case",
                                           "lower case",
                                           "replacement list",
-                                          "extension"};
+                                          "extension",
+                                          "control characters"};
     std::vector<BytesView> names;
     for (const Rule& rule : FileNameRules()) names.emplace_back(rule.Name);
     EXPECT_EQ(names, order);
@@ -128,6 +160,31 @@ TEST(FileNameRules, TheRulesStandInTheirOrder) {
 TEST(FileNameRules, IllegalCharactersGoWhateverTheSettings) {
     EXPECT_EQ(Rename(u"a\\b/c:d<e>f|g*h", Nothing()), u"a b c d e f g h");
     EXPECT_EQ(Rename(u"what?\"why\"", Nothing()), u"whatwhy");
+}
+
+TEST(FileNameRules, ControlCharactersBecomeBlanksAtTheEnd) {
+    const Settings nothing = Nothing();
+    Text all;
+    for (char16_t c = 0; c < 0x20; ++c) all += c;
+    all += u'\x7F';
+    EXPECT_EQ(Rename(u"a" + all + u"b", nothing), u"a" + Text(33, u' ') + u"b");
+    EXPECT_EQ(Rename(u"a\u0080\u00A0b", nothing), u"a\u0080\u00A0b");
+    EXPECT_EQ(Rename(u"\tA\r\nB", With(&Settings::bSpaces)), u" A B");
+    EXPECT_EQ(Rename(u"\tA\r\nB\n", With(&Settings::bMisses)), u"A  B");
+    Settings usual;
+    EXPECT_EQ(Rename(u"\nwhat\r\n now\x7F?.mp3", usual), u"what Now .mp3");
+    // From a replacement and from the extension, too.
+    EXPECT_EQ(Rename(u"axb", With(&Settings::bReplace), {{u"x", u"\n"}}), u"a b");
+    usual.Extension = u"m\tp3";
+    EXPECT_EQ(Rename(u"a.mp3", usual), u"A.m p3");
+}
+
+TEST(FileNameRules, BlanksAreCollapsedAndTrimmedAgainOnlyWhereTheyStandForControlCharacters) {
+    const Settings usual;
+    EXPECT_EQ(Rename(u"Mr. Blue Sky.mp3", usual), u"Mr  Blue Sky.mp3");
+    Settings settings;
+    settings.bReplace = true;
+    EXPECT_EQ(Rename(u"xA.mp3", settings, {{u"X", u" "}}), u" a.mp3");
 }
 
 TEST(FileNameRules, DashesCollapseWhateverTheSettings) {

@@ -116,6 +116,18 @@ Text Field(TextView name, TextView field, TextView pattern, const Settings& sett
     return GetFieldFromPattern(name, field, pattern, settings);
 }
 
+TEST(FieldFromPath, IsTakenFromThePathsLastPart) {
+    const TextView path = u"/music     (x)/abba - song     (live).mp3";
+    EXPECT_EQ(GetFieldFromPath(path, u"title", Two, Plain()), u"song     (live)");
+    EXPECT_EQ(GetFieldFromPath(path, u"artist", Two, Plain()), u"abba");
+    EXPECT_EQ(GetFieldFromPath(u"abba - song     (live).mp3", u"title", Two, Plain()),
+              u"song     (live)");
+    EXPECT_EQ(GetFieldFromPath(LevelsPath, u"album", Levels, Plain()), u"Gold");
+    // A line of the list is split at its mark.
+    EXPECT_EQ(GetFieldFromPattern(u"abba - song.mp3     (/music/)", u"title", Two, Plain()),
+              u"song");
+}
+
 TEST(FieldFromPattern, TheExtensionOfTheSettingsEndsTheName) {
     Settings settings = Plain();
     settings.bExtension = true;

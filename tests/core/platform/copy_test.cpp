@@ -96,6 +96,64 @@ TEST_F(Copy, HiddenAndArchiveTravelAlong) {
     EXPECT_EQ(GetAttributes(folder_ / u"b"), GetAttributes(source));
 }
 
+struct Attribute {
+    const char* Name;
+    Bytes Value;
+};
+
+// The list in the form of the system: version 2, then tag, permissions and number of each entry.
+Bytes AccessList() {
+    const auto entry = [](char tag, char permissions, const Bytes& number) {
+        return Bytes({tag, 0, permissions, 0}) + number;
+    };
+    const Bytes none(4, '\xFF');
+    return Bytes({2, 0, 0, 0}) + entry(1, 6, none) + entry(2, 4, Bytes({'\x39', '\x30', 0, 0})) +
+           entry(4, 4, none) + entry(16, 4, none) + entry(32, 0, none);
+}
+
+Bytes ReadAttribute(const Bytes& path, const char* name) {
+    char buffer[300];
+    const ssize_t length = ::getxattr(path.c_str(), name, buffer, sizeof buffer);
+    return length < 0 ? Bytes("none") : Bytes(buffer, static_cast<std::size_t>(length));
+}
+
+TEST_F(Copy, TheUsersAttributesAndTheAccessListTravelAlong) {
+    const Attribute attributes[] = {{"user.comment", "mine"},
+                                    {"user.empty", ""},
+                                    {"user.long", Bytes(250, 'x')},
+                                    {"system.posix_acl_access", AccessList()}};
+    for (const mode_t mode : {0640U, 0440U}) {
+        const Bytes source = NativePath(folder_.File(u"a", "one"));
+        ASSERT_EQ(::chmod(source.c_str(), 0640), 0);
+        // What the file system of the folder does not take stays away from both.
+        for (const Attribute& each : attributes)
+            (void)::setxattr(source.c_str(), each.Name, each.Value.data(), each.Value.size(), 0);
+        ASSERT_EQ(::chmod(source.c_str(), mode), 0);
+        ASSERT_TRUE(Replace(u"a", u"b").Ok());
+        for (const Attribute& each : attributes)
+            EXPECT_EQ(ReadAttribute(Native(u"b"), each.Name), ReadAttribute(source, each.Name))
+                << each.Name;
+        struct stat data {};
+        ASSERT_EQ(::stat(Native(u"b").c_str(), &data), 0);
+        EXPECT_EQ(data.st_mode & 07777, mode);
+        ASSERT_EQ(::unlink(source.c_str()), 0);
+    }
+}
+
+TEST_F(Copy, ToAFileSystemThatTakesNoAttributesIsNoFailure) {
+    const Bytes source = NativePath(folder_.File(u"a", "one"));
+    (void)::setxattr(source.c_str(), "user.comment", "mine", 4, 0);
+    // More than a page: some file systems take less.
+    (void)::setxattr(source.c_str(), "user.large", Bytes(3000, 'x').data(), 3000, 0);
+    const Text target =
+        u"/dev/shm/plm_copy_test_" +
+        FileNameOfPath(Left(folder_.Path(), static_cast<Pos>(folder_.Path().size()) - 1));
+    EXPECT_TRUE(CopyWhole(folder_ / u"a", target, IfTargetExists::Fail).Ok());
+    EXPECT_EQ(ReadFile(target), "one");
+    SystemDisk disk;
+    EXPECT_TRUE(disk.DeleteFile(target).Ok());
+}
+
 TEST_F(Copy, AnExistingTargetStaysUnasked) {
     (void)folder_.File(u"a", "one");
     (void)folder_.File(u"b", "two");

@@ -1,7 +1,10 @@
 #include "core/tags/file_tags.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include "core/platform/path.h"
+#include "tests/support/child_process.h"
 #include "tests/support/error_numbers.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
@@ -44,6 +47,26 @@ TEST_F(TagsOfFile, BothTagsAreReadInOneGo) {
     EXPECT_EQ(tags.V2Length, static_cast<std::int64_t>(10 + TitleFrame.size() + 30));
     EXPECT_FALSE(tags.V1Failed || tags.V2Failed);
     EXPECT_TRUE(errors_.Empty());
+}
+
+TEST_F(TagsOfFile, AFileThatIsNotLetBeReadIsToldApartFromABrokenTag) {
+    for (const Bytes& broken : {Bytes("ID3"), TagHeader(1000000) + Noise(50), Bytes(), Noise(127)})
+        EXPECT_EQ(Read(broken).Unreadable, ErrorNumber::None);
+    EXPECT_EQ(Read(WholeTag(TitleFrame) + Noise(200)).Unreadable, ErrorNumber::None);
+    EXPECT_EQ(ReadFileTags(folder_.Folder(u"album"), ID3v2Parts::Everything, errors_).Unreadable,
+              ErrorNumber::None);
+    EXPECT_EQ(ReadFileTags(folder_ / u"none", ID3v2Parts::Everything, errors_).Unreadable,
+              ErrorNumber::None);
+    EXPECT_EQ(ReadFileTags(folder_.Unopenable(u"x"), ID3v2Parts::Everything, errors_).Unreadable,
+              ErrorNumber::DeviceUnavailable);
+    const Text closed = Make("sound");
+    ASSERT_EQ(::chmod(NativePath(closed).c_str(), 0), 0);
+    EXPECT_EQ(RunInChild([&] {
+                  ObeyPermissions();
+                  const FileTags tags = ReadFileTags(closed, ID3v2Parts::Everything, errors_);
+                  return static_cast<int>(tags.Unreadable);
+              }),
+              static_cast<int>(ErrorNumber::PermissionDenied));
 }
 
 TEST_F(TagsOfFile, OtherFramesHoldTheTenBytesBehindTheTag) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "core/text/code_page.h"
 #include "core/text/letter_case.h"
 
@@ -57,11 +59,24 @@ TEST(Text, IntegerPartReadsTheNumberInFront) {
     EXPECT_EQ(IntegerPart(u"  12"), 12);
     EXPECT_EQ(IntegerPart(u"abc"), 0);
     EXPECT_EQ(IntegerPart(u"-3"), -3);
-    EXPECT_GT(IntegerPart(u"99999999999999999999999"), 0);
     EXPECT_TRUE(IsNumber(u" 2.5 "));
     EXPECT_FALSE(IsNumber(u"2x"));
     EXPECT_FALSE(IsNumber(u""));
     EXPECT_FALSE(IsNumber(u"."));
+}
+
+TEST(Text, IntegerPartEndsWhereItsRangeDoes) {
+    constexpr long long Highest = std::numeric_limits<long long>::max();
+    constexpr long long Lowest = std::numeric_limits<long long>::min();
+    EXPECT_EQ(IntegerPart(u"9223372036854775807"), Highest);
+    EXPECT_EQ(IntegerPart(u"9223372036854775808"), Highest);
+    EXPECT_EQ(IntegerPart(u"99999999999999999999999.5"), Highest);
+    EXPECT_EQ(IntegerPart(u"-9223372036854775808"), Lowest);
+    EXPECT_EQ(IntegerPart(u"-9223372036854775809"), Lowest);
+    EXPECT_EQ(IntegerPart(u"-99999999999999999999999"), Lowest);
+    EXPECT_EQ(IntegerPart(u"9223372036854775799"), 9223372036854775799);
+    EXPECT_EQ(IntegerPart(u"-9223372036854775799"), -9223372036854775799);
+    EXPECT_EQ(Mid(u"abc", static_cast<Pos>(Lowest)), u"abc");
 }
 
 TEST(Text, AllDigits) {
