@@ -8,15 +8,11 @@
 
 namespace mdlPLM {
 
-NameMaker::NameMaker(const Settings& settings, const ReplacementList& replacements, Text inPattern,
-                     Text outPattern)
-    : settings_(&settings),
-      replacements_(&replacements),
-      inPattern_(std::move(inPattern)),
-      outPattern_(std::move(outPattern)) {}
+NameMaker::NameMaker(const NamingContext& naming, Text outPattern)
+    : naming_(naming), outPattern_(std::move(outPattern)) {}
 
 Text NameMaker::NewName(TextView path) const {
-    return FixFileName(path, outPattern_, NamingContext{*settings_, *replacements_, inPattern_});
+    return FixFileName(path, outPattern_, naming_.Context());
 }
 
 AddTask::AddTask(FileList& list, AddRequest request, Prompts& prompts)

@@ -38,17 +38,15 @@ public:
     [[nodiscard]] virtual TaskProgress Progress() const = 0;
 };
 
-/// Computes new names; holds its patterns, so that typing on does not change a task under way.
+/// Computes new names; holds all that they depend on, so that nothing that is typed or chosen
+/// changes a task under way.
 class NameMaker {
 public:
-    NameMaker(const Settings& settings, const ReplacementList& replacements, Text inPattern,
-              Text outPattern);
+    NameMaker(const NamingContext& naming, Text outPattern);
     [[nodiscard]] Text NewName(TextView path) const;
 
 private:
-    const Settings* settings_;
-    const ReplacementList* replacements_;
-    Text inPattern_;
+    KeptNaming naming_;
     Text outPattern_;
 };
 

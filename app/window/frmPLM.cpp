@@ -279,6 +279,7 @@ void frmPLM::Work_BusyChanged(bool busy) {
     ShowPreviewList();
     const bool names = dynamic_cast<const NamesTask*>(work_.Current()) != nullptr;
     ui_->chkPreview->setEnabled(!busy || names);
+    if (textTool_ != nullptr) textTool_->RestRenaming(busy);
     if (busy) return;
     lblStatus_->setText(status_);
     prgWork_->hide();

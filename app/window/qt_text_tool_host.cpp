@@ -15,10 +15,14 @@ namespace {
 
 class RunWindow : public RunProgressWindow {
 public:
-    explicit RunWindow(QWidget* parent) : window_(parent) {
+    RunWindow(QWidget* parent, std::function<void()> ended)
+        : ended_(std::move(ended)), window_(parent) {
         QObject::connect(&window_, &frmSorting::Ended, &window_, [this] { stop_ = true; });
         window_.show();
     }
+    ~RunWindow() override { ended_(); }
+    RunWindow(const RunWindow&) = delete;
+    RunWindow& operator=(const RunWindow&) = delete;
 
     void ShowPair(TextView oldName, TextView newName, std::size_t number,
                   std::size_t total) override {
@@ -34,6 +38,7 @@ public:
     void ShowDone() override { window_.ShowDone(); }
 
 private:
+    std::function<void()> ended_;
     frmSorting window_;
     bool stop_ = false;
 };
@@ -96,7 +101,7 @@ std::optional<Text> TextToolHost::EditName(QWidget* parent, TextView name) {
 
 std::unique_ptr<RunProgressWindow> TextToolHost::OpenProgress(QWidget* parent) {
     controls_.RunBegins();
-    return std::make_unique<RunWindow>(parent);
+    return std::make_unique<RunWindow>(parent, controls_.RunEnds);
 }
 
 std::unique_ptr<FileGathering> TextToolHost::GatherFiles(std::vector<Text> dropped) {

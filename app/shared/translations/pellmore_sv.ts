@@ -1227,6 +1227,10 @@ Filer och mappar kan släppas här.</translation>
         <source>Open Sourcefile</source>
         <translation>Öppna källfil</translation>
     </message>
+    <message>
+        <source>Not while the main window works.</source>
+        <translation>Inte medan huvudfönstret arbetar.</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::frmOptions</name>

@@ -38,7 +38,7 @@ protected:
     ListTasks() { settings_.InPattern = u"%artist - %title.mp3"; }
 
     [[nodiscard]] NameMaker Maker() const {
-        return {settings_, replacements_, settings_.InPattern, u"%title by %artist.mp3"};
+        return {{settings_, replacements_, settings_.InPattern}, u"%title by %artist.mp3"};
     }
     AddRequest Request(Texts paths, AddAs as, bool preview) {
         AddRequest request;
@@ -159,9 +159,20 @@ TEST_F(ListTasks, NamesThatAreStoppedStayAsFarAsTheyWereComputed) {
 
 TEST_F(ListTasks, PatternsOfTaskStayWhileTheBoxesChange) {
     Text pattern = u"%title.mp3";
-    const NameMaker maker(settings_, replacements_, settings_.InPattern, pattern);
+    const NameMaker maker({settings_, replacements_, settings_.InPattern}, pattern);
     pattern = u"%artist.mp3";
     EXPECT_EQ(maker.NewName(folder_.File(u"abba - waterloo.mp3")), u"Waterloo.mp3");
+}
+
+TEST_F(ListTasks, SettingsOfTaskStayWhileThoseInForceChange) {
+    settings_.bReplace = true;
+    replacements_ = {{u"Waterloo", u"SOS"}};
+    const NameMaker maker = Maker();
+    settings_.Change = static_cast<int>(CaseOption::Upper);
+    settings_.bReplace = false;
+    settings_.InPattern = u"%title.mp3";
+    replacements_.clear();
+    EXPECT_EQ(maker.NewName(folder_.File(u"abba - waterloo.mp3")), u"SOS By Abba.mp3");
 }
 
 TEST_F(ListTasks, ScanTellsHowFarItIsAndAppliesOnceAtTheEnd) {
