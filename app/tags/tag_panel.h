@@ -44,7 +44,15 @@ public:
     [[nodiscard]] State Now() const { return state_; }
     [[nodiscard]] const Text& Path() const { return path_; }  ///< of the shown file
     [[nodiscard]] const TagBoxes& Boxes() const { return boxes_; }
+    /// The lines of the stream; what comes from its first header is empty until that is found.
     [[nodiscard]] const StreamLines& Stream() const { return stream_; }
+    /// The header of the shown file has not been found yet: a file without sound is searched whole,
+    /// and a large one takes a while. Showing something else drops the search.
+    [[nodiscard]] bool SearchesStream() const { return search_.has_value(); }
+    /// Goes on with the search for a moment; false when there is none under way any more.
+    bool SearchStreamOn();
+    /// How far it is.
+    [[nodiscard]] int SearchedPercent() const;
     /// The "Remove!" boxes are seen.
     [[nodiscard]] bool ShowsRemoveBoxes() const { return state_ == State::Batch; }
     /// True while something was typed, ticked or copied that is not saved.
@@ -96,6 +104,7 @@ public:
 
 private:
     void Show(FileTags tags);
+    void SearchStreamOf(std::shared_ptr<const File> file);
     void Reduce(TextView TagBoxRow::*kept);
     [[nodiscard]] TagChange ChangeOfShownFile() const;
     [[nodiscard]] Text WhyNotToWrite() const;
@@ -113,6 +122,7 @@ private:
     bool framesEdited_ = false;
     bool shownOptimized_ = false;
     StreamLines stream_;
+    std::optional<HeaderSearch> search_;
     bool canCopyFromV1_ = false;
     bool canCopyToV1_ = false;
 };

@@ -2192,6 +2192,10 @@ Filer och mappar kan släppas här.</translation>
         <source>Select one file first.</source>
         <translation>Markera en fil först.</translation>
     </message>
+    <message>
+        <source>Searching: %1 %</source>
+        <translation>Söker: %1 %</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::frmSorting</name>
