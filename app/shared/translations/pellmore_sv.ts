@@ -462,6 +462,10 @@
         <source>The settings could not be saved. They hold until the program ends.</source>
         <translation>Inställningarna kunde inte sparas. De gäller tills programmet avslutas.</translation>
     </message>
+    <message>
+        <source>The settings could not be read. The defaults hold until the program ends, and the file is left as it is.</source>
+        <translation>Inställningarna kunde inte läsas. Standardvärdena gäller tills programmet avslutas, och filen lämnas som den är.</translation>
+    </message>
 </context>
 <context>
     <name>Texts</name>
@@ -738,6 +742,14 @@ Utan skärm kan filer döpas om i satsläge:</translation>
     <message>
         <source>Path not found</source>
         <translation>Sökvägen hittades inte</translation>
+    </message>
+    <message>
+        <source>the settings in &quot;%1&quot; could not be read; the defaults hold.</source>
+        <translation>inställningarna i &quot;%1&quot; kunde inte läsas; standardvärdena gäller.</translation>
+    </message>
+    <message>
+        <source>The file has more than a megabyte, so it is damaged. Move it away or delete it.</source>
+        <translation>Filen är större än en megabyte och alltså skadad. Flytta undan den eller ta bort den.</translation>
     </message>
 </context>
 <context>
