@@ -9,6 +9,7 @@
 
 #include "app/list/file_list.h"
 #include "app/list/folder_walk.h"
+#include "app/list/list_file_reader.h"
 #include "app/list/list_operations.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
@@ -27,7 +28,7 @@ struct TaskProgress {
 class ListTask {
 public:
     virtual ~ListTask() = default;
-    /// One file or one folder; false when nothing is left.
+    /// One file, one folder, a piece of a list file; false when nothing is left.
     virtual bool Step() = 0;
     /// Brings what the steps have found into the list.
     virtual void Publish() {}
@@ -82,6 +83,7 @@ private:
     void TakeDropped(const Text& path);
     void AddFolder(const Text& folder);
     void Load(const Text& path);
+    void ReadOn();
     void MakeReady();
 
     FileList& list_;
@@ -89,6 +91,8 @@ private:
     Prompts& prompts_;
     std::size_t next_ = 0;
     std::optional<FolderWalk> walk_;
+    std::optional<ListFileReader> reading_;
+    std::vector<Text> listed_;  ///< named by the list file under way, not yet in the list
     std::deque<Found> found_;
     std::vector<Text> readyPaths_;
     std::vector<Text> readyNames_;

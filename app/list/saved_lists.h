@@ -1,6 +1,6 @@
 // Sorting lists (".srt") and playlists (".m3u", ".pls"). File names are in the system's own
-// encoding: a name's bytes as they are, both ways. Lines are written with CR LF and read with any
-// end.
+// encoding: a name's bytes as they are, both ways. They are read by ListFileReader; lines are
+// written with CR LF.
 #pragma once
 
 #include "app/list/file_list.h"
@@ -10,6 +10,10 @@
 namespace mdlPLM {
 
 enum class ListFileKind { SortingList, M3u, Pls, Other };
+
+/// What a text file may begin with, which is no part of its first line.
+inline constexpr BytesView ListFileMark = "\xEF\xBB\xBF";
+bool StartsWithMark(BytesView contents);
 
 /// By the last four characters of the path, letter case ignored.
 ListFileKind KindOfListFile(TextView path);
@@ -23,12 +27,5 @@ Status SaveListFile(const FileList& list, TextView path, ListFileKind kind);
 /// where the playlist's own path begins with a drive or "\\" its first two characters are put
 /// before; else it belongs to the playlist's folder.
 Text CompletePlaylistPath(TextView entry, TextView playlistPath);
-
-/// The lines (SortingList: list entries) or paths that a list file's contents name, in order.
-std::vector<Text> ParseListFile(BytesView contents, ListFileKind kind, TextView playlistPath);
-
-/// Appends the files of a list file. Another kind gives the message and reads nothing; a file that
-/// cannot be read is returned as a status and not reported.
-Status LoadListFile(TextView path, FileList& list, Prompts& prompts);
 
 }  // namespace mdlPLM

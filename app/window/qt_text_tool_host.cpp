@@ -5,7 +5,7 @@
 
 #include "app/dialogs/frmEdit.h"
 #include "app/list/folder_walk.h"
-#include "app/list/saved_lists.h"
+#include "app/list/list_file_reader.h"
 #include "app/shared/qt_language.h"
 #include "app/window/frmSorting.h"
 
@@ -46,12 +46,17 @@ private:
 /// Dropped items as the main list takes them: a folder is walked, a list file is read.
 class DroppedFiles : public FileGathering {
 public:
+    /// The extension is that of this moment.
     DroppedFiles(std::vector<Text> dropped, AppContext& context)
-        : dropped_(std::move(dropped)), context_(context) {}
+        : dropped_(std::move(dropped)),
+          extension_(context.Values.Extension),
+          prompts_(context.Ask) {}
 
     bool Step(std::vector<Text>& paths) override {
         if (walk_ && !walk_->Finished()) {
             walk_->Step(paths);
+        } else if (reading_) {
+            ReadOn(paths);
         } else if (next_ < dropped_.size()) {
             Take(dropped_[next_++], paths);
         } else {
@@ -64,10 +69,11 @@ private:
     void Take(const Text& path, std::vector<Text>& paths) {
         switch (KindOfDropped(path)) {
             case DroppedKind::Folder:
-                walk_.emplace(path, context_.Values.Extension);
+                walk_.emplace(path, extension_);
                 return;
             case DroppedKind::ListFile:
-                return TakeListed(path, paths);
+                reading_.emplace(path, prompts_, UserLanguage());
+                return;
             case DroppedKind::SingleFile:
                 return paths.push_back(path);
             case DroppedKind::Nothing:
@@ -75,19 +81,23 @@ private:
         }
     }
 
-    void TakeListed(const Text& path, std::vector<Text>& paths) {
+    // As in the main list, a list file that cannot be read is not reported.
+    void ReadOn(std::vector<Text>& paths) {
+        std::vector<Text> names;
+        const bool more = reading_->Step(names);
         FileList listed;
-        // As in the main list, a list file that cannot be read is not reported.
-        const Status loaded = LoadListFile(path, listed, context_.Ask);
-        static_cast<void>(loaded);
+        AppendListed(listed, reading_->Kind(), names);
         for (FileList::Index row = 0; row < listed.Count(); ++row)
             paths.push_back(listed.Path(row));
+        if (!more) reading_.reset();
     }
 
     std::vector<Text> dropped_;
-    AppContext& context_;
+    Text extension_;
+    Prompts& prompts_;
     std::size_t next_ = 0;
     std::optional<FolderWalk> walk_;
+    std::optional<ListFileReader> reading_;
 };
 
 }  // namespace

@@ -751,6 +751,14 @@ Utan skärm kan filer döpas om i satsläge:</translation>
         <source>The file has more than a megabyte, so it is damaged. Move it away or delete it.</source>
         <translation>Filen är större än en megabyte och alltså skadad. Flytta undan den eller ta bort den.</translation>
     </message>
+    <message>
+        <source>A line of this list is longer than a file name can be. It was passed over.</source>
+        <translation>En rad i listan är längre än ett filnamn kan vara. Den hoppades över.</translation>
+    </message>
+    <message>
+        <source>%1 lines of this list are longer than a file name can be. They were passed over.</source>
+        <translation>%1 rader i listan är längre än ett filnamn kan vara. De hoppades över.</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::PairColumn</name>

@@ -139,6 +139,40 @@ TEST_F(ListTasks, AddingThatIsStoppedKeepsWhatItHasFound) {
     EXPECT_EQ(Names(list_), Texts{u"a.mp3"});
 }
 
+TEST_F(ListTasks, LargeListFileIsReadInStepsAndKeepsItsPlace) {
+    Bytes contents;
+    for (int i = 0; i < 20000; ++i) contents += "/m/" + std::to_string(i) + ".mp3\r\n";
+    const Text list = folder_.File(u"l.m3u", contents);
+    AddTask task(list_,
+                 Request({folder_.File(u"first.mp3"), list, folder_.File(u"last.mp3")},
+                         AddAs::Dropped, true),
+                 prompts_);
+    std::vector<FileList::Index> counts;
+    while (task.Step()) {
+        task.Publish();
+        if (counts.empty() || counts.back() != list_.Count()) counts.push_back(list_.Count());
+    }
+    task.Finish(false);
+    EXPECT_GE(counts.size(), 5U);
+    ASSERT_EQ(list_.Count(), 20002U);
+    EXPECT_EQ(FileNameOfPath(list_.Path(0)), u"first.mp3");
+    EXPECT_EQ(list_.Path(1), u"/m/0.mp3");
+    EXPECT_EQ(list_.Path(20000), u"/m/19999.mp3");
+    EXPECT_EQ(FileNameOfPath(list_.Path(20001)), u"last.mp3");
+    EXPECT_EQ(task.Progress().What, u"Adding files: 20002 found");
+}
+
+TEST_F(ListTasks, LargeListFileThatIsStoppedKeepsWhatItHasNamed) {
+    Bytes contents;
+    for (int i = 0; i < 20000; ++i) contents += "/m/" + std::to_string(i) + ".mp3     (/m/)\r\n";
+    AddTask task(list_, Request({folder_.File(u"l.srt", contents)}, AddAs::Dropped, false),
+                 prompts_);
+    while (task.Progress().What == u"Adding files: 0 found") ASSERT_TRUE(task.Step());
+    task.Finish(true);
+    EXPECT_GT(list_.Count(), 100U);
+    EXPECT_LT(list_.Count(), 19999U);
+}
+
 TEST_F(ListTasks, NamesAreComputedForTheGivenRowsOnly) {
     Add({folder_.File(u"a - x.mp3"), folder_.File(u"b - y.mp3"), folder_.File(u"c - z.mp3"),
          folder_.File(u"d - q.mp3")});
