@@ -11,6 +11,7 @@
 #include "app/shared/qt_icons.h"
 #include "app/shared/qt_language.h"
 #include "app/shared/qt_prompts.h"
+#include "app/shared/qt_save_settings.h"
 #include "app/shared/qt_tool_tip_wrapper.h"
 #include "app/start/start_up.h"
 #include "app/window/frmPLM.h"
@@ -54,6 +55,7 @@ public:
                            dialogs,     data.ListsFolder,  data.ProgramFolder, false};
         frmPLM window(context, player);
         window.show();
+        TellUnreadSettings(context, data.StoreRead);
         if (!listPaths.empty()) window.AddPaths(listPaths);
         return QApplication::exec();
     }

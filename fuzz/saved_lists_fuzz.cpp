@@ -2,7 +2,7 @@
 // appends, and a list that was written is read back line for line.
 #include <algorithm>
 
-#include "app/list/saved_lists.h"
+#include "app/list/list_file_reader.h"
 #include "core/names/list_entry.h"
 #include "core/platform/path.h"
 #include "core/settings/user_lists.h"

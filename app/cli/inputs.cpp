@@ -5,7 +5,7 @@
 
 #include "app/cli/terminal_prompts.h"
 #include "app/list/folder_walk.h"
-#include "app/list/saved_lists.h"
+#include "app/list/list_file_reader.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
 
@@ -108,7 +108,12 @@ void Gathering::ReadList(TextView path) {
     FileList& list = list_ == nullptr ? named : *list_;
     if (list_ != nullptr) list_->Append(TakePaths());
     TerminalPrompts prompts(session_.Streams, session_.Results, false);
-    const Status read = LoadListFile(path, list, prompts);
+    ListFileReader reader(path, prompts);
+    std::vector<Text> names;
+    while (!session_.Results.ShouldStop() && reader.Step(names)) {
+    }
+    AppendListed(list, reader.Kind(), names);
+    const Status read = reader.Result();
     if (!read.Ok()) session_.Results.Fail(spelling_.Shown(path), Describe(read.Number()));
     for (FileList::Index row = 0; row < named.Count(); ++row) files_.push_back(named.Path(row));
 }

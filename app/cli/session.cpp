@@ -16,7 +16,7 @@ bool LoadUserSettings(Session& session) {
     SettingsStore store(SettingsStore::DefaultPath());
     const Status read = store.Load();
     session.Values = LoadSettings(store, ProgramFolder());
-    if (!read.Ok()) session.Results.Fail(store.Path(), Describe(read.Number()));
+    if (!read.Ok()) session.Results.Fail(store.Path(), UnreadStoreText(read));
     return read.Ok();
 }
 

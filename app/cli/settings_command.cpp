@@ -52,7 +52,7 @@ void PutSetting(Session& session, const SettingRow& row, const Settings& values)
 void Store(Session& session, const std::vector<Wish>& wishes) {
     SettingsStore store(SettingsStore::DefaultPath());
     const Status read = store.Load();
-    if (!read.Ok()) return session.Results.Fail(store.Path(), Describe(read.Number()));
+    if (!read.Ok()) return session.Results.Fail(store.Path(), UnreadStoreText(read));
     Settings values = LoadSettings(store, ProgramFolder());
     std::set<WrittenBy> writers;
     for (const Wish& wish : wishes) {

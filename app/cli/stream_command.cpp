@@ -26,18 +26,22 @@ struct Stream {
     Text Failure;  ///< why the file could not be read; empty when it could
 };
 
-Stream ReadStreamOf(const Text& path) {
+/// Nothing when the user ends the program meanwhile.
+std::optional<Stream> ReadStreamOf(const Text& path, const Report& report) {
     Stream stream;
-    File file;
-    const Status opened = file.Open(path, File::Mode::Read);
+    const auto file = std::make_shared<File>();
+    const Status opened = file->Open(path, File::Mode::Read);
     if (!opened.Ok()) {
         stream.Failure = Describe(opened.Number());
         return stream;
     }
     // Tags that cannot be read say nothing about the audio.
     SilentErrors silent;
-    stream.Tags = ReadFileTags(file, path, ID3v2Parts::NameFields, silent);
-    stream.Header = FindStreamHeader(file, stream.Tags);
+    stream.Tags = ReadFileTags(*file, path, ID3v2Parts::NameFields, silent);
+    HeaderSearch search = SearchStream(file, stream.Tags);
+    while (search.Step())
+        if (report.ShouldStop()) return std::nullopt;
+    if (search.Found()) stream.Header = search.Found()->Header;
     return stream;
 }
 
@@ -76,7 +80,12 @@ void RunStream(Session& session) {
     if (!GatherPaths(session, spelling, paths)) return;
     Report& report = session.Results;
     for (std::size_t row = 0; report.MayBegin(row, paths.size()); ++row) {
-        const Stream stream = ReadStreamOf(paths[row]);
+        const std::optional<Stream> read = ReadStreamOf(paths[row], report);
+        if (!read) {
+            static_cast<void>(report.MayBegin(row, paths.size()));  // says where it was ended
+            return;
+        }
+        const Stream& stream = *read;
         const Text path(spelling.Shown(paths[row]));
         if (report.Json()) {
             report.Object(ObjectOf(path, stream));

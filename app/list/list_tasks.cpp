@@ -3,20 +3,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/list/saved_lists.h"
 #include "core/names/fix_file_name.h"
 
 namespace mdlPLM {
 
-NameMaker::NameMaker(const Settings& settings, const ReplacementList& replacements, Text inPattern,
-                     Text outPattern)
-    : settings_(&settings),
-      replacements_(&replacements),
-      inPattern_(std::move(inPattern)),
-      outPattern_(std::move(outPattern)) {}
+NameMaker::NameMaker(const NamingContext& naming, Text outPattern)
+    : naming_(naming), outPattern_(std::move(outPattern)) {}
 
 Text NameMaker::NewName(TextView path) const {
-    return FixFileName(path, outPattern_, NamingContext{*settings_, *replacements_, inPattern_});
+    return FixFileName(path, outPattern_, naming_.Context());
 }
 
 AddTask::AddTask(FileList& list, AddRequest request, Prompts& prompts)
@@ -29,6 +24,8 @@ bool AddTask::Step() {
         std::vector<Text> paths;
         walk_->Step(paths);
         for (Text& path : paths) found_.push_back({std::move(path), request_.Preview.has_value()});
+    } else if (reading_) {
+        ReadOn();
     } else if (next_ < request_.Paths.size()) {
         TakeNext();
     } else {
@@ -78,11 +75,14 @@ void AddTask::Finish(bool /*stopped*/) {
 
 void AddTask::Load(const Text& path) {
     Publish();  // what was found before stands before it in the list
-    const std::size_t before = list_.Count();
-    // A list file that cannot be read is not reported; what was added before stays.
-    const Status loaded = LoadListFile(path, list_, prompts_, request_.Words);
-    static_cast<void>(loaded);
-    added_ += list_.Count() - before;
+    reading_.emplace(path, prompts_, request_.Words);
+}
+
+// A list file that cannot be read is not reported; what was added before stays.
+void AddTask::ReadOn() {
+    if (reading_->Step(listed_)) return;
+    Publish();
+    reading_.reset();
 }
 
 void AddTask::MakeReady() {
@@ -97,10 +97,13 @@ void AddTask::Publish() {
     if (!readyPaths_.empty()) list_.Append(readyPaths_, readyNames_);
     readyPaths_.clear();
     readyNames_.clear();
+    added_ += listed_.size();
+    if (!listed_.empty()) AppendListed(list_, reading_->Kind(), listed_);
+    listed_.clear();
 }
 
 TaskProgress AddTask::Progress() const {
-    const auto found = added_ + readyPaths_.size() + found_.size();
+    const auto found = added_ + readyPaths_.size() + found_.size() + listed_.size();
     return {request_.Words(PLM_TRANSLATE("Texts", "Adding files: %1 found"),
                            {NumberText(static_cast<long long>(found))}),
             0, 0};

@@ -9,6 +9,7 @@
 
 #include "app/list/file_list.h"
 #include "app/list/folder_walk.h"
+#include "app/list/list_file_reader.h"
 #include "app/list/list_operations.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
@@ -27,7 +28,7 @@ struct TaskProgress {
 class ListTask {
 public:
     virtual ~ListTask() = default;
-    /// One file or one folder; false when nothing is left.
+    /// One file, one folder, a piece of a list file; false when nothing is left.
     virtual bool Step() = 0;
     /// Brings what the steps have found into the list.
     virtual void Publish() {}
@@ -38,17 +39,15 @@ public:
     [[nodiscard]] virtual TaskProgress Progress() const = 0;
 };
 
-/// Computes new names; holds its patterns, so that typing on does not change a task under way.
+/// Computes new names; holds all that they depend on, so that nothing that is typed or chosen
+/// changes a task under way.
 class NameMaker {
 public:
-    NameMaker(const Settings& settings, const ReplacementList& replacements, Text inPattern,
-              Text outPattern);
+    NameMaker(const NamingContext& naming, Text outPattern);
     [[nodiscard]] Text NewName(TextView path) const;
 
 private:
-    const Settings* settings_;
-    const ReplacementList* replacements_;
-    Text inPattern_;
+    KeptNaming naming_;
     Text outPattern_;
 };
 
@@ -85,6 +84,7 @@ private:
     void TakeDropped(const Text& path);
     void AddFolder(const Text& folder);
     void Load(const Text& path);
+    void ReadOn();
     void MakeReady();
     void EndWalk();
 
@@ -94,6 +94,8 @@ private:
     std::size_t next_ = 0;
     std::optional<FolderWalk> walk_;
     std::vector<Text> tooDeep_;
+    std::optional<ListFileReader> reading_;
+    std::vector<Text> listed_;  ///< named by the list file under way, not yet in the list
     std::deque<Found> found_;
     std::vector<Text> readyPaths_;
     std::vector<Text> readyNames_;

@@ -1,6 +1,6 @@
 // Sorting lists (".srt") and playlists (".m3u", ".pls"). File names are in the system's own
-// encoding: a name's bytes as they are, both ways. Lines are written with CR LF and read with any
-// end.
+// encoding: a name's bytes as they are, both ways. They are read by ListFileReader; lines are
+// written with CR LF.
 #pragma once
 
 #include "app/list/file_list.h"
@@ -12,6 +12,10 @@ namespace mdlPLM {
 
 enum class ListFileKind { SortingList, M3u, Pls, Other };
 
+/// What a text file may begin with, which is no part of its first line.
+inline constexpr BytesView ListFileMark = "\xEF\xBB\xBF";
+bool StartsWithMark(BytesView contents);
+
 /// By the last four characters of the path, letter case ignored.
 ListFileKind KindOfListFile(TextView path);
 
@@ -20,7 +24,9 @@ inline constexpr const char* LineBreakReason =
     PLM_TRANSLATE("Texts", "a list file cannot hold a name with a line break");
 /// The paths of those files of the list.
 std::vector<Text> NamesWithLineBreak(const FileList& list);
-/// They in a message box, after the list was saved at `path`.
+/// Such names in a message box, below what is said of them.
+Message LeftOutMessage(Text heading, const std::vector<Text>& names, const Language& words);
+/// The same after the list was saved at `path`.
 Message NotWrittenMessage(const std::vector<Text>& names, TextView path, const Language& words);
 
 /// The contents of a list file as it is written (bytes). `kind` is SortingList or M3u.
@@ -32,14 +38,5 @@ Status SaveListFile(const FileList& list, TextView path, ListFileKind kind);
 /// where the playlist's own path begins with a drive or "\\" its first two characters are put
 /// before; else it belongs to the playlist's folder.
 Text CompletePlaylistPath(TextView entry, TextView playlistPath);
-
-/// The lines (SortingList: list entries) or paths that a list file's contents name, in order. Lines
-/// that are pieces of one name with a line break go into `refused`, as one text each.
-std::vector<Text> ParseListFile(BytesView contents, ListFileKind kind, TextView playlistPath,
-                                std::vector<Text>& refused);
-
-/// Appends the files of a list file. Another kind gives the message and reads nothing; a file that
-/// cannot be read is returned as a status and not reported. Names that are refused are told.
-Status LoadListFile(TextView path, FileList& list, Prompts& prompts, const Language& words = {});
 
 }  // namespace mdlPLM

@@ -35,6 +35,9 @@ public:
     frmNameFromFile(AppContext& context, NameFromTextHost& host, QWidget* parent = nullptr);
     ~frmNameFromFile() override;
 
+    /// Renaming cannot be begun while the main window works: two runs could write into one file.
+    void RestRenaming(bool rest);
+
 protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

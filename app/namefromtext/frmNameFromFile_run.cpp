@@ -5,6 +5,7 @@
 #include "app/namefromtext/qt_pair_column.h"
 #include "app/namefromtext/qt_sliced_work.h"
 #include "app/shared/app_context.h"
+#include "app/shared/qt_enable_with_reason.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/name_from_text_host.h"
 #include "app/shared/qt_language.h"
@@ -120,6 +121,10 @@ std::vector<RenamePair> frmNameFromFile::Pairs() const {
     for (std::size_t i = 0; i < lists_.Pairs(); ++i)
         pairs.push_back({lists_.OldFiles()[i].Path, lists_.NewNames()[i]});
     return pairs;
+}
+
+void frmNameFromFile::RestRenaming(bool rest) {
+    EnableWithReason(*ui_->cmdRenameFiles, !rest, tr("Not while the main window works."));
 }
 
 void frmNameFromFile::cmdRenameFiles_Click() {

@@ -59,7 +59,7 @@ private:
 /// A scan that can be taken some lines at a time, so that a window stays alive over a long text.
 class LineScan {
 public:
-    /// `text` is the selected text, or the whole one. The references must outlive the scan.
+    /// `text` is the selected text, or the whole one. Settings and list are those of this moment.
     LineScan(Text text, ScanChoices choices, const Settings& settings,
              const ReplacementList& replacements);
 
@@ -74,8 +74,8 @@ private:
 
     Text text_;
     ScanChoices choices_;
-    const Settings& settings_;
-    const ReplacementList& replacements_;
+    Settings settings_;
+    ReplacementList replacements_;
     LinePattern pattern_;
     std::size_t next_ = 0;
 };

@@ -78,11 +78,11 @@ struct RenameRun::OwnTags {
     std::optional<OwnID3v2> V2;
 };
 
-RenameRun::RenameRun(std::vector<RenamePair> pairs, RunChoices choices, const Settings& settings,
+RenameRun::RenameRun(std::vector<RenamePair> pairs, RunChoices choices, Settings settings,
                      Disk& disk, Prompts& prompts)
     : pairs_(std::move(pairs)),
       choices_(std::move(choices)),
-      settings_(settings),
+      settings_(std::move(settings)),
       disk_(disk),
       prompts_(prompts),
       finished_(pairs_.empty()) {

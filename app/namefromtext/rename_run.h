@@ -51,9 +51,9 @@ Text SummaryText(const RunReport& report, const Language& words = {});
 
 class RenameRun {
 public:
-    /// `settings`, `disk` and `prompts` must outlive the run.
-    RenameRun(std::vector<RenamePair> pairs, RunChoices choices, const Settings& settings,
-              Disk& disk, Prompts& prompts);
+    /// `settings` are those of this moment; `disk` and `prompts` must outlive the run.
+    RenameRun(std::vector<RenamePair> pairs, RunChoices choices, Settings settings, Disk& disk,
+              Prompts& prompts);
     /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
     void WriteTagsThrough(TagWriter& writer) { writer_ = &writer; }
 
@@ -89,7 +89,7 @@ private:
 
     std::vector<RenamePair> pairs_;
     RunChoices choices_;
-    const Settings& settings_;
+    Settings settings_;
     Disk& disk_;
     Prompts& prompts_;
     TagWriter* writer_ = nullptr;  // none: into the files

@@ -12,8 +12,9 @@ class QWidget;
 
 namespace mdlPLM {
 
-/// The progress window of a rename run. It is on the screen from its making to its destruction and
-/// leaves the window that it was opened for alone (that one disables what must rest by itself).
+/// The progress window of a rename run. It is on the screen from its making to its destruction, and
+/// so long the main window rests. It leaves the window that it was opened for alone (that one
+/// disables what must rest by itself).
 class RunProgressWindow {
 public:
     virtual ~RunProgressWindow() = default;

@@ -6,15 +6,18 @@
 
 namespace mdlPLM {
 
-/// Keeps what the run refers to; its input pattern stays as it was at the start.
+/// Keeps what the run refers to: settings, replacement list and input pattern stay as they were at
+/// the start.
 class SortTask : public ListTask {
 public:
     SortTask(FileList& list, SortChoices choices, SortStart start, const NamingContext& naming,
              Disk& disk, Prompts& prompts)
         : what_(choices.Words(PLM_TRANSLATE("Texts", "Sorting"))),
-          inPattern_(naming.InPattern),
-          naming_{naming.Values, naming.Replacements, inPattern_},
+          kept_(naming),
+          naming_(kept_.Context()),
           run_(list, std::move(choices), start, naming_, disk, prompts) {}
+    SortTask(const SortTask&) = delete;
+    SortTask& operator=(const SortTask&) = delete;
 
     bool Step() override { return run_.Step(); }
     bool Stop() override {
@@ -30,7 +33,7 @@ public:
 
 private:
     Text what_;
-    Text inPattern_;
+    KeptNaming kept_;
     NamingContext naming_;
     SortRun run_;
 };

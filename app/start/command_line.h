@@ -7,6 +7,7 @@
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 

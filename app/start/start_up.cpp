@@ -65,12 +65,21 @@ Text Nameless(const NamelessFile& failure) {
     return Refusal(BlankControlCharacters(failure.Path + u": " + failure.Reason));
 }
 
+Text UnreadSettingsText(const StartData& data, const Language& words) {
+    const Text told = words(
+        PLM_TRANSLATE("Texts", "the settings in \"%1\" could not be read; the defaults hold."),
+        {data.Store.Path()});
+    return told + u" " + UnreadStoreText(data.StoreRead, words);
+}
+
 int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
     const Language& words = surroundings.Words;
     if (job.Paths.empty())
         return Refuse(surroundings.Errors,
                       Refusal(words(PLM_TRANSLATE("Texts", "there is no file to rename."))));
     const StartData data = LoadStartData(surroundings.Folders);
+    if (!data.StoreRead.Ok())
+        Print(surroundings.Errors, Refusal(UnreadSettingsText(data, surroundings.Words)));
     StartPrompts prompts(surroundings);
     if (!SettleExtension(job, prompts))
         return Refuse(surroundings.Errors,
@@ -123,9 +132,8 @@ StartFolders SystemFolders() {
 }
 
 StartData LoadStartData(const StartFolders& folders) {
-    StartData data{SettingsStore(folders.SettingsFile), {}, folders.Program, {}, {}};
-    // One that cannot be read leaves the defaults; it is reported when it is to be written.
-    (void)data.Store.Load();
+    StartData data{SettingsStore(folders.SettingsFile), {}, {}, folders.Program, {}, {}};
+    data.StoreRead = data.Store.Load();
     data.Values = LoadSettings(data.Store, data.ProgramFolder);
     data.ListsFolder = UserListsFolder(folders.Program, folders.Data);
     data.Replacements = LoadReplacements(data.ListsFolder);

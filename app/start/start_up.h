@@ -14,6 +14,7 @@ namespace mdlPLM {
 /// What is read before the command line is looked at: settings first, then "replaces.txt".
 struct StartData {
     SettingsStore Store;
+    Status StoreRead;  ///< the defaults are in force when it could not be read
     Settings Values;
     Text ProgramFolder;
     Text ListsFolder;  ///< where the three text files are, with trailing separator

@@ -1,6 +1,7 @@
 #include "app/tags/frmPLM_tagpanel.h"
 
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QLineEdit>
 #include <QStyle>
@@ -17,6 +18,9 @@
 namespace mdlPLM {
 
 namespace {
+
+/// How long the header of the sound is searched for in one turn of the event loop (milliseconds).
+constexpr qint64 SearchingTime = 15;
 
 struct StreamLabel {
     QLabel* Ui::frmPLM_tagpanel::*Label;
@@ -51,6 +55,8 @@ frmPLM_tagpanel::frmPLM_tagpanel(const Settings& settings, const ReplacementList
     SetUpGenres(*ui_->cmbV2Genre, true);
     SetUpBoxes();
     ConnectButtons();
+    searching_.setInterval(0);
+    connect(&searching_, &QTimer::timeout, this, &frmPLM_tagpanel::SearchStream);
     ShowPlayed({});
     Show();
 }
@@ -204,6 +210,25 @@ void frmPLM_tagpanel::ShowStream() {
     for (const auto& [label, line] : StreamLabels)
         (ui_.get()->*label)->setText(ToQt(panel_.Stream().*line));
     ui_->txtfHeader->setToolTip(ui_->txtfHeader->text());
+    if (!panel_.SearchesStream()) return searching_.stop();
+    ui_->txtfVersion->setText(tr("Searching: %1 %").arg(panel_.SearchedPercent()));
+    if (!searchRests_) searching_.start();
+}
+
+void frmPLM_tagpanel::SearchStream() {
+    QElapsedTimer clock;
+    clock.start();
+    while (panel_.SearchStreamOn() && clock.elapsed() < SearchingTime) {
+    }
+    ShowStream();
+}
+
+void frmPLM_tagpanel::RestStreamSearch(bool rest) {
+    searchRests_ = rest;
+    if (rest)
+        searching_.stop();
+    else
+        ShowStream();
 }
 
 }  // namespace mdlPLM

@@ -2,6 +2,7 @@
 // files, and the data of its audio stream. What its rules are is TagPanel's matter.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <array>
 #include <memory>
@@ -40,6 +41,8 @@ public:
     PanelSave FixID3(TextView inPattern);
     TagRun SaveAll(std::vector<Text> paths);
     [[nodiscard]] TagRun FixAll(std::vector<Text> paths, TextView inPattern) const;
+    /// The search for the header of the sound waits, so that other work is not held up by it.
+    void RestStreamSearch(bool rest);
     void SetOtherFrames(Bytes frames);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -58,10 +61,13 @@ private:
     void Box_Change(TagBox box, const QString& text);
     void Show();
     void ShowStream();
+    void SearchStream();
 
     TagPanel panel_;
     std::unique_ptr<Ui::frmPLM_tagpanel> ui_;
     std::array<QLineEdit*, TagBoxCount> boxes_{};
+    QTimer searching_{this};
+    bool searchRests_ = false;
     bool showing_ = false;  ///< the boxes are being filled, nobody types
 };
 

@@ -51,19 +51,19 @@ TagChange ChangeOf(const FileTags& tags, const Orders& orders) {
 }
 
 struct Fixer {
-    Settings Values;
-    ReplacementList Replacements;
-    Text InPattern;
+    KeptNaming Naming;
 
     TagChange operator()(TextView path, const FileTags& tags) const {
-        const TagBoxes shown = ShowBoxes(tags, Values.bOptimizedID3v1);
+        const NamingContext naming = Naming.Context();
+        const Settings& values = naming.Values;
+        const TagBoxes shown = ShowBoxes(tags, values.bOptimizedID3v1);
         const FixScope scope{Text(path), tags.V1.Present(), tags.V2.Present(),
                              FieldsNotShown(tags, KindsOfFrames({tags.V2Header, tags.V2Text}))};
-        const TagBoxes fixed = FixedBoxes(shown, scope, {Values, Replacements, InPattern});
+        const TagBoxes fixed = FixedBoxes(shown, scope, naming);
         return ChangeOf(tags, {ChangesBetween(shown, fixed),
                                {WriteIf(scope.V1), WriteIf(scope.V2)},
-                               Values.bOptimizedID3v1,
-                               HiddenFramesIn(Values)});
+                               values.bOptimizedID3v1,
+                               HiddenFramesIn(values)});
     }
 };
 
@@ -94,8 +94,6 @@ TagRun::Edit BatchEdit(const TagBoxes& boxes, const Settings& settings) {
     };
 }
 
-TagRun::Edit FixEdit(const NamingContext& context) {
-    return Fixer{context.Values, context.Replacements, Text(context.InPattern)};
-}
+TagRun::Edit FixEdit(const NamingContext& context) { return Fixer{KeptNaming(context)}; }
 
 }  // namespace mdlPLM

@@ -12,6 +12,8 @@ namespace mdlPLM {
 
 namespace {
 
+constexpr int StepsAtOnce = 16;
+
 bool IsSameFile(const FileTags& a, const FileTags& b) {
     return a.FileSize == b.FileSize && RenderID3v1(a.V1) == RenderID3v1(b.V1) &&
            a.V1.Present() == b.V1.Present() && a.V2Length == b.V2Length &&
@@ -26,25 +28,44 @@ TagPanel::TagPanel(const Settings& settings, const ReplacementList& replacements
 void TagPanel::Clear() {
     state_ = State::Nothing;
     path_.clear();
-    stream_ = {};
     Show({});
 }
 
 void TagPanel::ShowFile(TextView path, ErrorSink& errors) {
     state_ = State::OneFile;
     path_ = path;
-    stream_ = {};
-    File file;
+    const auto file = std::make_shared<File>();
     bool exists = false;
-    const Status opened = OpenForTags(path_, file, exists);
+    const Status opened = OpenForTags(path_, *file, exists);
     if (!opened.Ok()) errors.Report(opened.Number(), path_);
-    FileTags tags;
-    NoteUnreadable(tags, opened);
-    if (exists && opened.Ok()) {
-        tags = ReadFileTags(file, path_, ID3v2Parts::FieldsAndText, errors);
-        stream_ = ReadStream(file, tags);
+    if (!exists || !opened.Ok()) {
+        FileTags none;
+        NoteUnreadable(none, opened);
+        return Show(std::move(none));
     }
-    Show(std::move(tags));
+    Show(ReadFileTags(*file, path_, ID3v2Parts::FieldsAndText, errors));
+    SearchStreamOf(file);
+}
+
+// The header of almost every file is found before this returns.
+void TagPanel::SearchStreamOf(std::shared_ptr<const File> file) {
+    search_.emplace(SearchStream(std::move(file), tags_));
+    for (int steps = 0; steps < StepsAtOnce && SearchStreamOn(); ++steps) {
+    }
+}
+
+bool TagPanel::SearchStreamOn() {
+    if (!search_) return false;
+    if (search_->Step()) return true;
+    if (const std::optional<FoundHeader>& found = search_->Found())
+        stream_ = DescribeStream(tags_, found->Header);
+    search_.reset();
+    return false;
+}
+
+int TagPanel::SearchedPercent() const {
+    if (!search_ || search_->Total() == 0) return 0;
+    return static_cast<int>(100 * search_->Done() / search_->Total());
 }
 
 void TagPanel::ShowBatch() {
@@ -55,6 +76,8 @@ void TagPanel::ShowBatch() {
 
 void TagPanel::Show(FileTags tags) {
     tags_ = std::move(tags);
+    search_.reset();
+    stream_ = DescribeStream(tags_, std::nullopt);
     shownOptimized_ = settings_.bOptimizedID3v1;
     shown_ = ShowBoxes(tags_, shownOptimized_);
     boxes_ = shown_;

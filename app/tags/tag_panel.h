@@ -46,7 +46,15 @@ public:
     [[nodiscard]] const TagBoxes& Boxes() const { return boxes_; }
     /// What kept the shown file from being read, so that it gets no name.
     [[nodiscard]] Status ReadingFault() const { return mdlPLM::ReadingFault(tags_, settings_); }
+    /// The lines of the stream; what comes from its first header is empty until that is found.
     [[nodiscard]] const StreamLines& Stream() const { return stream_; }
+    /// The header of the shown file has not been found yet: a file without sound is searched whole,
+    /// and a large one takes a while. Showing something else drops the search.
+    [[nodiscard]] bool SearchesStream() const { return search_.has_value(); }
+    /// Goes on with the search for a moment; false when there is none under way any more.
+    bool SearchStreamOn();
+    /// How far it is.
+    [[nodiscard]] int SearchedPercent() const;
     /// The "Remove!" boxes are seen.
     [[nodiscard]] bool ShowsRemoveBoxes() const { return state_ == State::Batch; }
     /// True while something was typed, ticked or copied that is not saved.
@@ -99,6 +107,7 @@ public:
 
 private:
     void Show(FileTags tags);
+    void SearchStreamOf(std::shared_ptr<const File> file);
     void Reduce(TextView TagBoxRow::*kept);
     [[nodiscard]] TagChange ChangeOfShownFile() const;
     [[nodiscard]] Text WhyNotToWrite() const;
@@ -116,6 +125,7 @@ private:
     bool framesEdited_ = false;
     bool shownOptimized_ = false;
     StreamLines stream_;
+    std::optional<HeaderSearch> search_;
     bool canCopyFromV1_ = false;
     bool canCopyToV1_ = false;
 };

@@ -16,6 +16,7 @@
 #include "app/shared/qt_save_settings.h"
 #include "app/shared/qt_text.h"
 #include "app/shared/qt_window_state.h"
+#include "app/tags/frmPLM_tagpanel.h"
 #include "app/window/frmSorting.h"
 #include "app/window/qt_text_tool_host.h"
 #include "ui_frmPLM.h"
@@ -265,6 +266,7 @@ void frmPLM::RestControls(bool rest) {
     if (rest) focusBeforeWork_ = focusWidget();
     for (const char* name : RestingControls)
         SetEnabled(*findChild<QObject*>(QLatin1String(name)), !rest);
+    tags_->RestStreamSearch(rest);
     // A control that comes to rest passes the focus on; it gets it back unless the user moved it.
     if (rest)
         focusPassedOn_ = focusWidget();
@@ -279,6 +281,7 @@ void frmPLM::Work_BusyChanged(bool busy) {
     ShowPreviewList();
     const bool names = dynamic_cast<const NamesTask*>(work_.Current()) != nullptr;
     ui_->chkPreview->setEnabled(!busy || names);
+    if (textTool_ != nullptr) textTool_->RestRenaming(busy);
     if (busy) return;
     lblStatus_->setText(status_);
     prgWork_->hide();

@@ -144,6 +144,8 @@ private:
     // frmPLM_namefromtext.cpp: the name-from-text window
     void ConnectNameFromFile();
     void cmdNameFromFile_Click();
+    void TextRun_Begins();
+    void TextRun_Ends();
 
     // frmPLM_sort.cpp: the sort engine and its choices
     void ConnectSort();
@@ -187,13 +189,14 @@ private:
 
     Text targetDir_;  ///< the target folder, also while its box shows a file's own folder
     QPointer<frmSorting> sorting_;
-    QPointer<QWidget> focusBeforeSort_;
+    QPointer<QWidget> focusBeforeRun_;
     AnnouncedPrompts sortAsk_{context_.Ask, [this] { ShowSorting(); }};
     SortTask* sort_ = nullptr;  ///< owned by work_, there while a sort is under way
     QElapsedTimer labelsShown_;
     QElapsedTimer removalsShown_;
 
     std::unique_ptr<TextToolHost> textHost_;
+    bool textRun_ = false;  ///< the name-from-text window renames files
     std::unique_ptr<frmNameFromFile> textTool_;
 };
 

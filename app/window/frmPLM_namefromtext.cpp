@@ -15,9 +15,27 @@ void frmPLM::ConnectNameFromFile() {
                       [this] { return InPattern(); }, [this] { return OutPattern(); },
                       [this] { return ui_->chkConvert->isChecked(); },
                       [this] { return static_cast<IfExists>(ui_->optExists->checkedId()); },
-                      [this] { player_.Stop(); }});
+                      [this] { TextRun_Begins(); }, [this] { TextRun_Ends(); }});
     connect(ui_->cmdNameFromFile, &QPushButton::clicked, this, &frmPLM::cmdNameFromFile_Click);
     connect(ui_->mnuNameFromFile, &QAction::triggered, this, &frmPLM::cmdNameFromFile_Click);
+}
+
+// Two runs at once would write into the same files, and a choice made meanwhile would look as if it
+// held for the run.
+void frmPLM::TextRun_Begins() {
+    player_.Stop();
+    textRun_ = true;
+    focusBeforeRun_ = focusWidget();
+    RestControls(true);
+    setEnabled(false);
+    textTool_->setEnabled(true);  // the window above it is disabled, this one is not
+}
+
+void frmPLM::TextRun_Ends() {
+    setEnabled(true);
+    RestControls(false);
+    textRun_ = false;
+    if (focusBeforeRun_ != nullptr) focusBeforeRun_->setFocus();
 }
 
 // One window at a time; closed, it is made anew with the patterns of that moment.

@@ -62,7 +62,8 @@ Text frmPLM::OutPattern() const { return FromQt(ui_->cmbOutPattern->currentText(
 bool frmPLM::PreviewShown() const { return ui_->chkPreview->isChecked(); }
 
 NameMaker frmPLM::Maker() const {
-    return {context_.Values, context_.Replacements, InPattern(), OutPattern()};
+    const Text inPattern = InPattern();
+    return {{context_.Values, context_.Replacements, inPattern}, OutPattern()};
 }
 
 void frmPLM::ComputeNames(std::vector<FileList::Index> rows) {
@@ -114,7 +115,8 @@ void frmPLM::cmbOutPattern_Change() {
 }
 
 void frmPLM::cmbOutPattern_Validate() {
-    if (work_.Busy() || sort_ != nullptr) return;  // the box is left because it cannot be used now
+    // The box is left because it cannot be used now.
+    if (work_.Busy() || sort_ != nullptr || textRun_) return;
     if (!std::exchange(outPatternEdited_, false) || !PreviewShown()) return;
     // Asked when the focus has arrived: a box in the midst of its way would hold it up. Meant are
     // the files that are selected now: the click that leaves the box may select others.

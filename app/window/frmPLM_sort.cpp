@@ -101,7 +101,7 @@ void frmPLM::OpenSorting() {
     delete sorting_;
     sorting_ = new frmSorting(this);
     connect(sorting_, &frmSorting::Ended, this, &frmPLM::frmSorting_Ended);
-    focusBeforeSort_ = focusWidget();
+    focusBeforeRun_ = focusWidget();
     setEnabled(false);
     sorting_->setEnabled(true);  // the window above it is disabled, this one is not
     ShowSorting();
@@ -139,7 +139,7 @@ void frmPLM::Sort_Done() {
     selection_.SetCurrentRow(static_cast<int>(next));
     sort_ = nullptr;
     setEnabled(true);
-    if (focusBeforeSort_ != nullptr) focusBeforeSort_->setFocus();
+    if (focusBeforeRun_ != nullptr) focusBeforeRun_->setFocus();
     ResetFileView();
     if (MultipleSelection()) Selection_Changed(false);
     if (sorting_ != nullptr && report.Cancelled) {

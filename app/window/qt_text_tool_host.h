@@ -17,6 +17,7 @@ public:
         std::function<bool()> chkConvert;
         std::function<IfExists()> ExistsChoice;
         std::function<void()> RunBegins;  ///< files are about to be renamed and written
+        std::function<void()> RunEnds;
     };
     /// `context` must outlive the host.
     TextToolHost(AppContext& context, Controls controls);

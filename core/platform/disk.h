@@ -149,8 +149,10 @@ public:
 /// Attributes of an existing path as SetAttributes takes them (plus Directory); 0 when unreadable.
 int GetAttributes(TextView path);
 
-/// Whole contents of a small file (settings, lists, playlists, album texts).
+/// Whole contents of a small file (settings, lists, album texts).
 Status ReadWholeFile(TextView path, Bytes& contents);
+/// The same of a file that has `most` bytes at most; a longer one is Overflow and not read.
+Status ReadWholeFile(TextView path, std::size_t most, Bytes& contents);
 
 /// Replaces or creates a small file of our own in one atomic step: the old contents stand until the
 /// new ones are complete. A symbolic link is written through.

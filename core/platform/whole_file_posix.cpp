@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <limits>
 
 #include "core/platform/disk.h"
 #include "core/platform/file.h"
@@ -17,7 +18,8 @@ namespace {
 constexpr std::size_t PieceSize = std::size_t{64} << 10;
 constexpr mode_t Permissions = 07777;
 
-Status ReadToEnd(const File& file, Bytes& contents) {
+// What a file holds is not what its length says: one of the system's own can have no end.
+Status ReadToEnd(const File& file, std::size_t most, Bytes& contents) {
     std::size_t got = 0;
     do {
         const std::size_t length = contents.size();
@@ -26,6 +28,7 @@ Status ReadToEnd(const File& file, Bytes& contents) {
                                           contents.data() + length, got);
         contents.resize(length + got);
         if (!status.Ok()) return status;
+        if (contents.size() > most) return ErrorNumber::Overflow;
     } while (got == PieceSize);
     return {};
 }
@@ -72,12 +75,18 @@ Status ReplaceContents(const Bytes& path, const struct stat* old, BytesView cont
 }  // namespace
 
 Status ReadWholeFile(TextView path, Bytes& contents) {
+    return ReadWholeFile(path, std::numeric_limits<std::size_t>::max(), contents);
+}
+
+Status ReadWholeFile(TextView path, std::size_t most, Bytes& contents) {
     contents.clear();
     File file;
     if (const Status opened = file.Open(path, File::Mode::Read); !opened.Ok()) return opened;
+    const auto size = static_cast<std::size_t>(file.Size());
+    if (size > most) return ErrorNumber::Overflow;
     try {
-        contents.reserve(static_cast<std::size_t>(file.Size()) + PieceSize);
-        return ReadToEnd(file, contents);
+        contents.reserve(size + PieceSize);
+        return ReadToEnd(file, most, contents);
     } catch (const std::exception&) {
         return ErrorNumber::OutOfMemory;
     }

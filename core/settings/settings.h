@@ -70,4 +70,21 @@ struct NamingContext {
     TextView InPattern;  ///< the input pattern in force (the combo box, not the stored one)
 };
 
+/// A copy of all that a naming context refers to, for work that goes on while settings, list and
+/// pattern may change.
+class KeptNaming {
+public:
+    explicit KeptNaming(const NamingContext& naming)
+        : values_(naming.Values),
+          replacements_(naming.Replacements),
+          inPattern_(naming.InPattern) {}
+    /// Refers to this copy.
+    [[nodiscard]] NamingContext Context() const { return {values_, replacements_, inPattern_}; }
+
+private:
+    Settings values_;
+    ReplacementList replacements_;
+    Text inPattern_;
+};
+
 }  // namespace mdlPLM

@@ -158,7 +158,8 @@ void PutValue(std::vector<StoreLine>& lines, const StoreLine& change) {
 
 Status ReadLines(TextView path, std::vector<StoreLine>& lines) {
     Bytes contents;
-    const Status read = ReadWholeFile(path, contents);
+    const Status read = ReadWholeFile(path, LargestStore, contents);
+    if (read.Number() == ErrorNumber::Overflow) contents.clear();
     lines = ParseStore(FromUtf8(contents));
     const bool missing = read.Number() == ErrorNumber::FileNotFound;
     return missing ? Status() : read;
@@ -189,10 +190,13 @@ Text SettingsStore::DefaultPath() { return JoinPath(ConfigurationFolder(), u"PLM
 
 Status SettingsStore::Load() {
     changes_.clear();
-    return ReadLines(path_, lines_);
+    loaded_ = ReadLines(path_, lines_);
+    return loaded_;
 }
 
 Status SettingsStore::Save() {
+    // What is in force came from no file that could be read: nobody chose it over what is there.
+    if (!loaded_.Ok() && FileExists(path_)) return loaded_;
     std::vector<StoreLine> lines;
     if (const Status read = ReadLines(path_, lines); !read.Ok()) return read;
     for (const StoreLine& change : changes_) PutValue(lines, change);
@@ -219,6 +223,13 @@ void SettingsStore::Set(TextView section, TextView key, TextView value) {
         changes_.push_back(change);
     else
         *earlier = change;
+}
+
+Text UnreadStoreText(Status read, const Language& words) {
+    if (read.Number() != ErrorNumber::Overflow) return words(Describe(read.Number()));
+    return words(PLM_TRANSLATE("Texts",
+                               "The file has more than a megabyte, so it is damaged. Move it away "
+                               "or delete it."));
 }
 
 }  // namespace mdlPLM

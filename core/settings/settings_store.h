@@ -6,8 +6,12 @@
 
 #include "core/platform/errors.h"
 #include "core/settings/settings.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
+
+/// The most that a settings file has: a larger one is damaged.
+inline constexpr std::size_t LargestStore = std::size_t{1} << 20;
 
 /// One line of the file, taken apart. Lines that hold no key are kept as they stand.
 struct StoreLine {
@@ -36,11 +40,11 @@ public:
     static Text DefaultPath();
 
     /// Reads the file. A missing file is an empty store and no error; a damaged line is passed
-    /// over.
+    /// over; a file that is larger than a settings file can be is Overflow.
     Status Load();
     /// Writes what was set since into the file as it stands now, so that another running program's
     /// changes to other keys stay, in one atomic step; creates its folder. A file that is there and
-    /// cannot be read is not replaced.
+    /// cannot be read, or could not be read by Load, is not replaced: the error is that of reading.
     Status Save();
 
     [[nodiscard]] Text Get(TextView section, TextView key, TextView defaultValue) const;
@@ -51,7 +55,11 @@ private:
     Text path_;
     std::vector<StoreLine> lines_;
     std::vector<StoreLine> changes_;  // set since the last load or save
+    Status loaded_;                   // of the last load
 };
+
+/// Why a store could not be read, and what can be done about it.
+Text UnreadStoreText(Status read, const Language& words = {});
 
 /// Who writes a key.
 enum class WrittenBy { MainWindow, OptionsDialog };

@@ -12,82 +12,10 @@ constexpr std::size_t BlockSize = std::size_t{16} << 10;
 constexpr auto HeaderSize = static_cast<std::int64_t>(MpegHeaderSize);
 constexpr auto TrailerSize = static_cast<std::int64_t>(ID3v1Size);
 constexpr char FirstSyncByte = '\xFF';
-
-// The file's bytes through one block at a time.
-class Window {
-public:
-    Window(const ReadBytes& read, std::int64_t end) : read_(read), end_(end) {}
-
-    // From `offset` up to the end of a block, at least `least` bytes where the audio has them.
-    BytesView At(std::int64_t offset, std::size_t least) {
-        if (offset >= end_) return {};
-        const bool held = offset >= start_ && offset + static_cast<std::int64_t>(least) <=
-                                                  start_ + static_cast<std::int64_t>(block_.size());
-        if (!held) {
-            const auto count = std::min(static_cast<std::int64_t>(BlockSize), end_ - offset);
-            block_ = read_(offset, static_cast<std::size_t>(count));
-            start_ = offset;
-        }
-        return BytesView(block_).substr(static_cast<std::size_t>(offset - start_));
-    }
-
-private:
-    const ReadBytes& read_;
-    std::int64_t end_;
-    std::int64_t start_ = 0;
-    Bytes block_;
-};
-
-struct FoundHeader {
-    MpegHeader Header;
-    std::int64_t At = 0;
-    bool Followed = false;  // by another one at its distance, or by the end
-};
-
-class HeaderSearch {
-public:
-    HeaderSearch(const ReadBytes& read, std::int64_t begin, std::int64_t end)
-        : candidates_(read, end), followers_(read, end), begin_(begin), end_(end) {}
-
-    std::optional<FoundHeader> Run() {
-        std::optional<FoundHeader> first;
-        for (std::int64_t at = NextSyncByte(begin_); at + HeaderSize <= end_;
-             at = NextSyncByte(at + 1)) {
-            const BytesView bytes = candidates_.At(at, MpegHeaderSize);
-            if (bytes.size() < MpegHeaderSize) break;
-            const MpegHeader header(bytes);
-            if (!header.HasSync()) continue;
-            if (IsFollowed(header, at)) return FoundHeader{header, at, true};
-            if (!first) first = FoundHeader{header, at, false};
-        }
-        return first;
-    }
-
-private:
-    std::int64_t NextSyncByte(std::int64_t at) {
-        while (at < end_) {
-            const BytesView bytes = candidates_.At(at, 1);
-            if (bytes.empty()) break;
-            const std::size_t found = bytes.find(FirstSyncByte);
-            if (found != BytesView::npos) return at + static_cast<std::int64_t>(found);
-            at += static_cast<std::int64_t>(bytes.size());
-        }
-        return end_;
-    }
-
-    bool IsFollowed(const MpegHeader& header, std::int64_t at) {
-        if (!header.IsKnown()) return false;
-        const std::int64_t next = at + header.Distance();
-        if (next + HeaderSize > end_) return true;
-        const BytesView bytes = followers_.At(next, MpegHeaderSize);
-        return bytes.size() >= MpegHeaderSize && MpegHeader(bytes).IsKnown();
-    }
-
-    Window candidates_;
-    Window followers_;  // its own block, so that a look ahead never moves the other back and forth
-    std::int64_t begin_;
-    std::int64_t end_;
-};
+constexpr auto PieceSize = static_cast<std::int64_t>(BlockSize);
+// Each look at what follows may read a block.
+constexpr int LooksPerPiece = 512;
+constexpr std::int64_t FirstFrameWithin = std::int64_t{16} << 20;
 
 Text WithOneDecimal(double value) {
     std::array<char, 64> digits{};
@@ -105,12 +33,14 @@ std::int64_t AudioBegin(const FileTags& tags) {
     return std::max<std::int64_t>(0, tags.V2Length - static_cast<std::int64_t>(ID3v2HeaderSize));
 }
 
+Bytes BytesAt(const File& file, std::int64_t offset, std::size_t count) {
+    Bytes bytes;
+    if (!file.ReadAt(offset, count, bytes).Ok()) bytes.clear();
+    return bytes;
+}
+
 ReadBytes BytesOf(const File& file) {
-    return [&file](std::int64_t offset, std::size_t count) {
-        Bytes bytes;
-        if (!file.ReadAt(offset, count, bytes).Ok()) bytes.clear();
-        return bytes;
-    };
+    return [&file](std::int64_t offset, std::size_t count) { return BytesAt(file, offset, count); };
 }
 
 void DescribeHeader(const MpegHeader& header, StreamLines& lines) {
@@ -128,9 +58,78 @@ void DescribeHeader(const MpegHeader& header, StreamLines& lines) {
 
 }  // namespace
 
+HeaderSearch::HeaderSearch(ReadBytes read, std::int64_t begin, std::int64_t end)
+    : candidates_(read, end),
+      followers_(std::move(read), end),
+      begin_(begin),
+      end_(std::max(begin, end)),
+      at_(begin) {}
+
+BytesView HeaderSearch::Window::At(std::int64_t offset, std::size_t least) {
+    if (offset >= end_) return {};
+    const bool held = offset >= start_ && offset + static_cast<std::int64_t>(least) <=
+                                              start_ + static_cast<std::int64_t>(block_.size());
+    if (!held) {
+        const auto count = std::min(static_cast<std::int64_t>(BlockSize), end_ - offset);
+        block_ = read_(offset, static_cast<std::size_t>(count));
+        start_ = offset;
+    }
+    return BytesView(block_).substr(static_cast<std::size_t>(offset - start_));
+}
+
+bool HeaderSearch::Step() {
+    if (!over_) over_ = !LookThroughPiece();
+    return !over_;
+}
+
+bool HeaderSearch::LookThroughPiece() {
+    const std::int64_t pieceEnd = at_ + PieceSize;
+    for (int looks = 0; looks < LooksPerPiece; ++looks) {
+        at_ = NextSyncByte(pieceEnd);
+        if (at_ + HeaderSize > end_) return false;
+        if (at_ >= pieceEnd) break;
+        const BytesView bytes = candidates_.At(at_, MpegHeaderSize);
+        if (bytes.size() < MpegHeaderSize || Accepts(bytes)) return false;
+        ++at_;
+    }
+    return true;
+}
+
+bool HeaderSearch::Accepts(BytesView bytes) {
+    const MpegHeader header(bytes);
+    if (!header.HasSync()) return false;
+    const bool followed = IsFollowed(header);
+    if (followed || !found_) found_ = FoundHeader{header, at_, followed};
+    return followed;
+}
+
+// The next byte that a header can begin with, `to` when there is none before it, or the end when
+// the bytes cannot be read.
+std::int64_t HeaderSearch::NextSyncByte(std::int64_t to) {
+    std::int64_t at = at_;
+    while (at < std::min(to, end_)) {
+        const BytesView bytes = candidates_.At(at, 1);
+        if (bytes.empty()) return end_;
+        const std::size_t found = bytes.find(FirstSyncByte);
+        if (found != BytesView::npos) return at + static_cast<std::int64_t>(found);
+        at += static_cast<std::int64_t>(bytes.size());
+    }
+    return std::min(at, end_);
+}
+
+bool HeaderSearch::IsFollowed(const MpegHeader& header) {
+    if (!header.IsKnown()) return false;
+    const std::int64_t next = at_ + header.Distance();
+    if (next + HeaderSize > end_) return true;
+    const BytesView bytes = followers_.At(next, MpegHeaderSize);
+    return bytes.size() >= MpegHeaderSize && MpegHeader(bytes).IsKnown();
+}
+
 std::optional<MpegHeader> FindHeader(const ReadBytes& read, std::int64_t begin, std::int64_t end) {
-    const auto found = HeaderSearch(read, begin, end).Run();
-    return found ? std::optional(found->Header) : std::nullopt;
+    HeaderSearch search(read, begin, end);
+    while (search.Step()) {
+    }
+    return search.Found() ? std::optional(search.Found()->Header) : std::nullopt;
 }
 
 double PlayingTime(const FileTags& tags, int frameLength) {
@@ -155,18 +154,24 @@ StreamLines DescribeStream(const FileTags& tags, const std::optional<MpegHeader>
     return lines;
 }
 
-std::optional<MpegHeader> FindStreamHeader(const File& file, const FileTags& tags) {
-    return FindHeader(BytesOf(file), AudioBegin(tags), AudioEnd(tags));
+HeaderSearch SearchStream(std::shared_ptr<const File> file, const FileTags& tags) {
+    const auto read = [file = std::move(file)](std::int64_t offset, std::size_t count) {
+        return BytesAt(*file, offset, count);
+    };
+    return {read, AudioBegin(tags), AudioEnd(tags)};
 }
 
 std::int64_t FindFirstFrame(const File& file, const FileTags& tags) {
     if (!tags.V2.Present()) return 0;
-    const auto found = HeaderSearch(BytesOf(file), AudioBegin(tags), AudioEnd(tags)).Run();
-    return found && found->Followed ? found->At : 0;
+    HeaderSearch search(BytesOf(file), AudioBegin(tags), AudioEnd(tags));
+    while (search.Done() < FirstFrameWithin && search.Step()) {
+    }
+    const std::optional<FoundHeader>& found = search.Found();
+    return search.Over() && found && found->Followed ? found->At : 0;
 }
 
 StreamLines ReadStream(const File& file, const FileTags& tags) {
-    return DescribeStream(tags, FindStreamHeader(file, tags));
+    return DescribeStream(tags, FindHeader(BytesOf(file), AudioBegin(tags), AudioEnd(tags)));
 }
 
 }  // namespace mdlPLM

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "core/tags/file_tags.h"
@@ -29,9 +30,58 @@ struct StreamLines {
 /// Gives up to `count` bytes at `offset`; fewer at the end, or when they cannot be read.
 using ReadBytes = std::function<Bytes(std::int64_t offset, std::size_t count)>;
 
-/// The first header of the audio in the bytes from `begin` to `end`: the first position with a
-/// known header that another one follows at its real distance, or that the audio's end follows;
-/// where there is none, the first position with eleven set bits. Reads in blocks.
+struct FoundHeader {
+    MpegHeader Header;
+    std::int64_t At = 0;    ///< offset in the file
+    bool Followed = false;  ///< by another one at its distance, or by the end of the audio
+};
+
+/// The search for the first header of the audio in the bytes from `begin` to `end`: the first
+/// position with a known header that another one follows at its real distance, or that the audio's
+/// end follows; where there is none, the first position with eleven set bits. It goes in steps of
+/// some kilobytes, so that a window can answer while a large file is searched.
+class HeaderSearch {
+public:
+    HeaderSearch(ReadBytes read, std::int64_t begin, std::int64_t end);
+
+    /// Looks through the next piece; false when the search is over.
+    bool Step();
+    [[nodiscard]] bool Over() const { return over_; }
+    /// What was found, once the search is over.
+    [[nodiscard]] const std::optional<FoundHeader>& Found() const { return found_; }
+    /// Bytes looked through so far, and in all.
+    [[nodiscard]] std::int64_t Done() const { return at_ - begin_; }
+    [[nodiscard]] std::int64_t Total() const { return end_ - begin_; }
+
+private:
+    /// The file's bytes through one block at a time.
+    class Window {
+    public:
+        Window(ReadBytes read, std::int64_t end) : read_(std::move(read)), end_(end) {}
+        /// From `offset` up to the end of a block, at least `least` bytes where the audio has them.
+        BytesView At(std::int64_t offset, std::size_t least);
+
+    private:
+        ReadBytes read_;
+        std::int64_t end_;
+        std::int64_t start_ = 0;
+        Bytes block_;
+    };
+    bool LookThroughPiece();
+    bool Accepts(BytesView bytes);
+    [[nodiscard]] std::int64_t NextSyncByte(std::int64_t to);
+    [[nodiscard]] bool IsFollowed(const MpegHeader& header);
+
+    Window candidates_;
+    Window followers_;  // its own block, so that a look ahead never moves the other back and forth
+    std::int64_t begin_;
+    std::int64_t end_;
+    std::int64_t at_;
+    std::optional<FoundHeader> found_;
+    bool over_ = false;
+};
+
+/// The same search in one go.
 std::optional<MpegHeader> FindHeader(const ReadBytes& read, std::int64_t begin, std::int64_t end);
 
 /// The playing time in seconds; 0 when it cannot be told. The fixed divisor 38.4, whatever the
@@ -41,14 +91,16 @@ double PlayingTime(const FileTags& tags, int frameLength);
 /// The lines of a file: `header` is its first one, if there is any.
 StreamLines DescribeStream(const FileTags& tags, const std::optional<MpegHeader>& header);
 
-/// The first header of the audio of an open file whose tags have been read.
-std::optional<MpegHeader> FindStreamHeader(const File& file, const FileTags& tags);
+/// The search for the first header of the audio of an open file whose tags have been read. It keeps
+/// the file.
+HeaderSearch SearchStream(std::shared_ptr<const File> file, const FileTags& tags);
 
 /// Where the first frame of the audio of such a file begins, behind the tag and whatever padding
-/// follows it; 0 for a file without a tag, and where no frame is found.
+/// follows it; 0 for a file without a tag, and where no frame is found in the 16 megabytes behind
+/// it.
 std::int64_t FindFirstFrame(const File& file, const FileTags& tags);
 
-/// The lines of such a file.
+/// The lines of such a file, in one go.
 StreamLines ReadStream(const File& file, const FileTags& tags);
 
 }  // namespace mdlPLM

@@ -104,6 +104,10 @@ void WriteFile(TextView path, BytesView contents) {
     if (!file) Fail("cannot write", path);
 }
 
+void SetFileLength(TextView path, long long bytes) {
+    fs::resize_file(Native(path), static_cast<std::uintmax_t>(bytes));
+}
+
 Bytes ReadFile(TextView path) {
     std::ifstream file(Native(path), std::ios::binary);
     if (!file || fs::is_directory(Native(path))) Fail("cannot read", path);

@@ -41,6 +41,9 @@ private:
 /// Writes or overwrites a file, creating its folder; throws when it cannot be done.
 void WriteFile(TextView path, BytesView contents);
 
+/// Lengthens a file with NULs that take no room, or cuts it; throws when it cannot be done.
+void SetFileLength(TextView path, long long bytes);
+
 /// Contents of a file; throws when it cannot be read, so that a missing file is never an empty one.
 Bytes ReadFile(TextView path);
 

@@ -462,6 +462,10 @@
         <source>The settings could not be saved. They hold until the program ends.</source>
         <translation>Inställningarna kunde inte sparas. De gäller tills programmet avslutas.</translation>
     </message>
+    <message>
+        <source>The settings could not be read. The defaults hold until the program ends, and the file is left as it is.</source>
+        <translation>Inställningarna kunde inte läsas. Standardvärdena gäller tills programmet avslutas, och filen lämnas som den är.</translation>
+    </message>
 </context>
 <context>
     <name>Texts</name>
@@ -762,6 +766,22 @@ Utan skärm kan filer döpas om i satsläge:</translation>
     <message>
         <source>no name is left</source>
         <translation>inget namn blir kvar</translation>
+    </message>
+    <message>
+        <source>the settings in &quot;%1&quot; could not be read; the defaults hold.</source>
+        <translation>inställningarna i &quot;%1&quot; kunde inte läsas; standardvärdena gäller.</translation>
+    </message>
+    <message>
+        <source>The file has more than a megabyte, so it is damaged. Move it away or delete it.</source>
+        <translation>Filen är större än en megabyte och alltså skadad. Flytta undan den eller ta bort den.</translation>
+    </message>
+    <message>
+        <source>A line of this list is longer than a file name can be. It was passed over.</source>
+        <translation>En rad i listan är längre än ett filnamn kan vara. Den hoppades över.</translation>
+    </message>
+    <message>
+        <source>%1 lines of this list are longer than a file name can be. They were passed over.</source>
+        <translation>%1 rader i listan är längre än ett filnamn kan vara. De hoppades över.</translation>
     </message>
 </context>
 <context>
@@ -1250,6 +1270,10 @@ Filer och mappar kan släppas här.</translation>
     <message>
         <source>Open Sourcefile</source>
         <translation>Öppna källfil</translation>
+    </message>
+    <message>
+        <source>Not while the main window works.</source>
+        <translation>Inte medan huvudfönstret arbetar.</translation>
     </message>
 </context>
 <context>
@@ -2211,6 +2235,10 @@ Filer och mappar kan släppas här.</translation>
     <message>
         <source>Select one file first.</source>
         <translation>Markera en fil först.</translation>
+    </message>
+    <message>
+        <source>Searching: %1 %</source>
+        <translation>Söker: %1 %</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "app/cli/commands.h"
+#include "app/cli/report.h"
 #include "core/platform/path.h"
 #include "tests/app/cli/fake_console.h"
 #include "tests/support/child_process.h"
@@ -63,6 +65,15 @@ TEST(GatherFiles, KeepsTheOrderOfWhatWasGiven) {
     EXPECT_EQ(gathered.Names(), (std::vector<Text>{u"x.txt", u"e.mp3", u"in.mp3", u"a.mp3",
                                                    u"b.MP3", u"c.mp3", u"y.mp3"}));
     EXPECT_EQ(gathered.List.SelectedCount(), 7U);
+}
+
+TEST(GatherFiles, AnEndlessListCanBeInterrupted) {
+    const TempFolder folder;
+    FakeConsole console;
+    int looks = 0;
+    console.Stop = [&] { return ++looks > 20; };
+    const Bytes list = NativePath(folder.Link(u"endless.m3u", u"/dev/zero"));
+    EXPECT_EQ(RunProgram({"names", "--no-user-settings", list}, console), SomeFailed);
 }
 
 TEST(GatherFiles, WithoutAnyPathItIsMisuse) {

@@ -38,7 +38,7 @@ protected:
     ListTasks() { settings_.InPattern = u"%artist - %title.mp3"; }
 
     [[nodiscard]] NameMaker Maker() const {
-        return {settings_, replacements_, settings_.InPattern, u"%title by %artist.mp3"};
+        return {{settings_, replacements_, settings_.InPattern}, u"%title by %artist.mp3"};
     }
     AddRequest Request(Texts paths, AddAs as, bool preview) {
         AddRequest request;
@@ -152,6 +152,40 @@ TEST_F(ListTasks, AddingThatIsStoppedKeepsWhatItHasFound) {
     EXPECT_EQ(Names(list_), Texts{u"a.mp3"});
 }
 
+TEST_F(ListTasks, LargeListFileIsReadInStepsAndKeepsItsPlace) {
+    Bytes contents;
+    for (int i = 0; i < 20000; ++i) contents += "/m/" + std::to_string(i) + ".mp3\r\n";
+    const Text list = folder_.File(u"l.m3u", contents);
+    AddTask task(list_,
+                 Request({folder_.File(u"first.mp3"), list, folder_.File(u"last.mp3")},
+                         AddAs::Dropped, true),
+                 prompts_);
+    std::vector<FileList::Index> counts;
+    while (task.Step()) {
+        task.Publish();
+        if (counts.empty() || counts.back() != list_.Count()) counts.push_back(list_.Count());
+    }
+    task.Finish(false);
+    EXPECT_GE(counts.size(), 5U);
+    ASSERT_EQ(list_.Count(), 20002U);
+    EXPECT_EQ(FileNameOfPath(list_.Path(0)), u"first.mp3");
+    EXPECT_EQ(list_.Path(1), u"/m/0.mp3");
+    EXPECT_EQ(list_.Path(20000), u"/m/19999.mp3");
+    EXPECT_EQ(FileNameOfPath(list_.Path(20001)), u"last.mp3");
+    EXPECT_EQ(task.Progress().What, u"Adding files: 20002 found");
+}
+
+TEST_F(ListTasks, LargeListFileThatIsStoppedKeepsWhatItHasNamed) {
+    Bytes contents;
+    for (int i = 0; i < 20000; ++i) contents += "/m/" + std::to_string(i) + ".mp3     (/m/)\r\n";
+    AddTask task(list_, Request({folder_.File(u"l.srt", contents)}, AddAs::Dropped, false),
+                 prompts_);
+    while (task.Progress().What == u"Adding files: 0 found") ASSERT_TRUE(task.Step());
+    task.Finish(true);
+    EXPECT_GT(list_.Count(), 100U);
+    EXPECT_LT(list_.Count(), 19999U);
+}
+
 TEST_F(ListTasks, NamesAreComputedForTheGivenRowsOnly) {
     Add({folder_.File(u"a - x.mp3"), folder_.File(u"b - y.mp3"), folder_.File(u"c - z.mp3"),
          folder_.File(u"d - q.mp3")});
@@ -172,9 +206,20 @@ TEST_F(ListTasks, NamesThatAreStoppedStayAsFarAsTheyWereComputed) {
 
 TEST_F(ListTasks, PatternsOfTaskStayWhileTheBoxesChange) {
     Text pattern = u"%title.mp3";
-    const NameMaker maker(settings_, replacements_, settings_.InPattern, pattern);
+    const NameMaker maker({settings_, replacements_, settings_.InPattern}, pattern);
     pattern = u"%artist.mp3";
     EXPECT_EQ(maker.NewName(folder_.File(u"abba - waterloo.mp3")), u"Waterloo.mp3");
+}
+
+TEST_F(ListTasks, SettingsOfTaskStayWhileThoseInForceChange) {
+    settings_.bReplace = true;
+    replacements_ = {{u"Waterloo", u"SOS"}};
+    const NameMaker maker = Maker();
+    settings_.Change = static_cast<int>(CaseOption::Upper);
+    settings_.bReplace = false;
+    settings_.InPattern = u"%title.mp3";
+    replacements_.clear();
+    EXPECT_EQ(maker.NewName(folder_.File(u"abba - waterloo.mp3")), u"SOS By Abba.mp3");
 }
 
 TEST_F(ListTasks, ScanTellsHowFarItIsAndAppliesOnceAtTheEnd) {

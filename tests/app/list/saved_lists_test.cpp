@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/list/list_file_reader.h"
 #include "core/platform/path.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/temp_folder.h"

@@ -232,6 +232,19 @@ TEST(LineScan, CharactersAreRemovedWhenTheirOptionIsOn) {
     EXPECT_EQ(scan.One(u"1 - A^ - B~"), u"01 - A - B.mp3");
 }
 
+TEST(LineScan, SettingsAndReplacementsAreThoseOfItsStart) {
+    Scan scan;
+    scan.Choices.chkConvert = true;
+    scan.Values.bReplace = true;
+    scan.Replacements = {{u"Waterloo", u"SOS"}};
+    LineScan steps(u"1 - abba - waterloo", scan.Choices, scan.Values, scan.Replacements);
+    scan.Values.Change = static_cast<int>(CaseOption::Upper);
+    scan.Replacements.clear();
+    Names names;
+    steps.Step(1, names);
+    EXPECT_EQ(names, Names{u"01 - Abba - SOS.mp3"});
+}
+
 TEST(LineScan, StepsGiveTheSameNames) {
     Text text;
     for (int i = 10; i < 60; ++i)

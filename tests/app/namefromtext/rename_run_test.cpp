@@ -70,6 +70,20 @@ TEST(MayRename, NoQuestionWhenThereIsNothingToAsk) {
     EXPECT_TRUE(prompts.Log.empty());
 }
 
+TEST(RenameRun, SettingsAreThoseOfItsStart) {
+    Running running;
+    running.AddFile(u"a.mp3", u"01 - A.mp3");
+    running.AddFile(u"b.mp3", u"02 - B.mp3");
+    running.Choices.chkConvert = true;
+    RenameRun run = running.Start();
+    EXPECT_TRUE(run.Step());
+    running.Values.bSetAttributes = true;
+    running.Values.bReadOnly = true;
+    while (run.Step()) {
+    }
+    EXPECT_EQ(GetAttributes(running.Folder / u"02 - B.mp3") & ReadOnly, 0);
+}
+
 TEST(RenameRun, EveryFileGetsItsNameInItsOwnFolder) {
     Running running;
     running.AddFile(u"a.mp3", u"01 - A.mp3");

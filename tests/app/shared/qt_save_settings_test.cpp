@@ -14,6 +14,7 @@ class SaveSettingsTest : public QObject {
 private slots:
     void WritesTheStore();
     void AFailureIsToldOnceWithTheFileAndTheReason();
+    void DamagedSettingsAreToldOnceAndLeftAsTheyAre();
 };
 
 void SaveSettingsTest::WritesTheStore() {
@@ -46,6 +47,29 @@ void SaveSettingsTest::AFailureIsToldOnceWithTheFileAndTheReason() {
     QCOMPARE(prompts.Log[0].Kind, PromptKind::Critical);
     QVERIFY(prompts.Log[0].What.Body.find(u"\r\nError: ") != Text::npos);
     QVERIFY(prompts.Log[0].What.Detail == store.Path());
+}
+
+void SaveSettingsTest::DamagedSettingsAreToldOnceAndLeftAsTheyAre() {
+    const TempFolder folder;
+    SettingsStore store(folder.File(u"PLM.ini", "[Settings]\nChange=4\n"));
+    SetFileLength(store.Path(), 2 << 20);
+    SystemDisk disk;
+    ScriptedPrompts prompts;
+    NoFileDialogs dialogs;
+    AppContext context{{}, {}, store, disk, prompts, dialogs, {}, {}, false};
+    TellUnreadSettings(context, store.Load());
+    QCOMPARE(prompts.Log.size(), std::size_t(1));
+    QCOMPARE(prompts.Log[0].Kind, PromptKind::Critical);
+    QVERIFY(prompts.Log[0].What.Body.find(u"so it is damaged") != Text::npos);
+    QVERIFY(prompts.Log[0].What.Detail == store.Path());
+    store.Set(u"Settings", u"Extension", u"ogg");
+    SaveSettings(context);
+    TellUnreadSettings(context, store.Load());
+    QCOMPARE(prompts.Log.size(), std::size_t(1));
+    QCOMPARE(ReadFile(store.Path()).size(), std::size_t{2} << 20);
+    context.StoreFailureTold = false;
+    TellUnreadSettings(context, Status());
+    QCOMPARE(prompts.Log.size(), std::size_t(1));
 }
 
 QTEST_GUILESS_MAIN(SaveSettingsTest)

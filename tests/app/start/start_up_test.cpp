@@ -23,6 +23,8 @@ struct Start {
     std::vector<Text> Boxes;
     std::vector<Text> Opened;
     int Windows = 0;
+    Status StoreRead;
+    int Change = -1;
 
     int Run(const std::vector<Text>& arguments) {
         const StartFolders folders{Folder / u"config/PLM.ini", Folder / u"program/",
@@ -35,6 +37,8 @@ struct Start {
         const auto window = [this](StartData& data, const std::vector<Text>& paths) {
             ++Windows;
             Opened = paths;
+            StoreRead = data.StoreRead;
+            Change = data.Values.Change;
             return data.Replacements.empty() ? 99 : 0;
         };
         return RunProgram(arguments, {In, Out, Errors, folders, Display, box, window});
@@ -203,6 +207,25 @@ TEST(StartUp, SettingsThatCannotBeReadLeaveTheDefaults) {
     const Text file = start.Folder.File(u"a.mp3", "x");
     EXPECT_EQ(start.Run({u"+ext=ogg", file}), 0);
     EXPECT_TRUE(IsThere(start.Folder / u"a.ogg"));
+    EXPECT_EQ(start.Errors.str(),
+              "pellmore: the settings in \"" + NativePath(start.Folder / u"config/PLM.ini") +
+                  "\" could not be read; the defaults hold. Path/File access error\n");
+}
+
+TEST(StartUp, DamagedSettingsAreToldAndStay) {
+    Start start;
+    start.Display = true;
+    const Text settings = start.Folder.File(u"config/PLM.ini", "[Settings]\nChange=4\n");
+    SetFileLength(settings, 2 << 20);
+    EXPECT_EQ(start.Run({}), 0);
+    EXPECT_EQ(start.StoreRead.Number(), ErrorNumber::Overflow);
+    EXPECT_EQ(start.Change, 1);
+    const Text file = start.Folder.File(u"a.mp3", "x");
+    EXPECT_EQ(start.Run({u"+ext=ogg", file}), 0);
+    EXPECT_NE(start.Errors.str().find("PLM.ini\" could not be read; the defaults hold. The file "
+                                      "has more than a megabyte, so it is damaged."),
+              std::string::npos);
+    EXPECT_EQ(ReadFile(settings).size(), std::size_t{2} << 20);
 }
 
 TEST(StartUp, KnowsWhetherAWindowCanBeAskedFor) {

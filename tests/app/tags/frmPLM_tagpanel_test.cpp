@@ -67,6 +67,8 @@ private slots:
     void ControlsAreNamedAsWorded();
     void GenreBoxesBeginEmptyAndHoldTheirLists();
     void ShowsBothTagsAndTheStreamOfOneFile();
+    void TheWindowAnswersWhileALargeFileIsSearched();
+    void TheSearchRestsWhileOtherWorkIsUnderWay();
     void NothingSelectedShowsNothing();
     void SecondSelectedFileEmptiesThePanel();
     void PanelOfManyFilesFitsIntoASmallWindow();
@@ -201,6 +203,59 @@ void FrmPLMTagpanelTest::ShowsBothTagsAndTheStreamOfOneFile() {
     QVERIFY(plm_->TextOf("txtfHeader").startsWith(QLatin1String("Header:11111111111")));
     QVERIFY(!plm_->Get<QWidget>("chkID3v1Rem").isVisible());
     QVERIFY(!plm_->Get<QWidget>("chkID3v2Rem").isVisible());
+}
+
+// Turns of the event loop, not time: each is one in which a window can answer.
+void FrmPLMTagpanelTest::TheWindowAnswersWhileALargeFileIsSearched() {
+    const Text large = plm_->Folder.File(u"in/1.mp3");
+    SetFileLength(large, 64LL << 30);
+    const Text later = plm_->Folder.File(u"in/2.mp3", Bytes(std::size_t{40} << 20, '\0'));
+    WriteFile(later, ReadFile(later) + EncodedMp3());
+    const Text song = plm_->Folder.File(u"in/3.mp3", EncodedMp3());
+    plm_->Drop("lstFiles", {large, later, song});
+    plm_->ClickLine("lstFiles", 0);
+    QCOMPARE(plm_->TextOf("txtfSize"), QStringLiteral("Size: 68719476736b"));
+    for (int turn = 0; turn < 5; ++turn) {
+        QCoreApplication::processEvents();
+        QCOMPARE(plm_->TextOf("txtfVersion"), QStringLiteral("Searching: 0 %"));
+    }
+    plm_->SetText("txtTitle", QStringLiteral("typed meanwhile"));
+    QCOMPARE(plm_->TextOf("txtTitle"), QStringLiteral("typed meanwhile"));
+
+    plm_->ClickLine("lstFiles", 2);
+    QCOMPARE(plm_->TextOf("txtfVersion"), QStringLiteral("MPEG 1.0"));
+    QCOMPARE(plm_->TextOf("txtfBitrate"), QStringLiteral("64kbps"));
+    for (int turn = 0; turn < 5; ++turn) QCoreApplication::processEvents();
+    QCOMPARE(plm_->TextOf("txtfVersion"), QStringLiteral("MPEG 1.0"));
+
+    plm_->ClickLine("lstFiles", 1);
+    QVERIFY(plm_->TextOf("txtfVersion").startsWith(QLatin1String("Searching: ")));
+    QTRY_COMPARE(plm_->TextOf("txtfVersion"), QStringLiteral("MPEG 1.0"));
+    QVERIFY(plm_->TextOf("txtfLength").startsWith(QLatin1String("Length: ")));
+}
+
+void FrmPLMTagpanelTest::TheSearchRestsWhileOtherWorkIsUnderWay() {
+    const Text later = plm_->Folder.File(u"in/large.mp3");
+    SetFileLength(later, 64LL << 30);
+    const std::vector<Text> songs = DropTagged(3);
+    plm_->Drop("lstFiles", {later});
+    plm_->Click("cmdSelectAll");
+    plm_->SetText("txtAlbum", QStringLiteral("New Album"));
+    plm_->WorkStepByStep();
+    plm_->Ask.Answers = {Answer::Yes};
+    plm_->Click("cmdSaveID3");
+    QVERIFY(plm_->Busy());
+    plm_->ClickLine("lstFiles", 3);
+    const auto searching = [this] {
+        for (const QTimer* timer : plm_->Get<QWidget>("frmPLM_tagpanel").findChildren<QTimer*>())
+            if (timer->isActive()) return true;
+        return false;
+    };
+    QVERIFY(!searching());
+    plm_->Get<QAbstractButton>("cmdStop").click();
+    plm_->Settle();
+    QVERIFY(searching());
+    QCOMPARE(plm_->TextOf("txtfVersion"), QStringLiteral("Searching: 0 %"));
 }
 
 void FrmPLMTagpanelTest::NothingSelectedShowsNothing() {

@@ -145,6 +145,53 @@ TEST_F(Panel, AMissingFileIsShownEmptyAndNotCreatedBySaving) {
     EXPECT_FALSE(IsThere(path));
 }
 
+// --- the search for the sound ---
+
+TEST_F(Panel, ALargeFileWithoutSoundIsShownWhileItIsSearched) {
+    const Text path = Make(u"song.mp3", WholeTag(TextFrame("TIT2", "Long"), 20));
+    SetFileLength(path, 8LL << 30);
+    panel_.ShowFile(path, errors_);
+    EXPECT_EQ(panel_.Boxes().txtV2Title, u"Long");
+    EXPECT_EQ(panel_.Stream().Size, u"Size: 8589934592b");
+    EXPECT_EQ(panel_.Stream().ID3v2, u"ID3v2: 3.0");
+    EXPECT_EQ(panel_.Stream().Version, u"");
+    EXPECT_TRUE(panel_.SearchesStream());
+    EXPECT_EQ(panel_.SearchedPercent(), 0);
+    for (int i = 0; i < 6000; ++i) ASSERT_TRUE(panel_.SearchStreamOn());
+    EXPECT_EQ(panel_.SearchedPercent(), 1);
+}
+
+TEST_F(Panel, TheLinesOfTheStreamComeWhenTheyAreFound) {
+    const Text path = Make(u"song.mp3", Nuls(3 << 20) + Audio + Trailer("V1"));
+    panel_.ShowFile(path, errors_);
+    EXPECT_EQ(panel_.Stream().Bitrate, u"");
+    EXPECT_EQ(panel_.Stream().ID3v1, u"ID3v1: 1.0");
+    panel_.Enter(TagBox::txtTitle, u"typed meanwhile");
+    while (panel_.SearchStreamOn()) EXPECT_TRUE(panel_.SearchesStream());
+    EXPECT_EQ(panel_.Stream().Bitrate, u"128kbps");
+    EXPECT_EQ(panel_.Stream().ID3v1, u"ID3v1: 1.0");
+    EXPECT_EQ(panel_.Boxes().txtTitle, u"typed meanwhile");
+    EXPECT_FALSE(panel_.SearchesStream());
+    EXPECT_FALSE(panel_.SearchStreamOn());
+}
+
+TEST_F(Panel, ShowingSomethingElseDropsTheSearch) {
+    const Text large = Make(u"large.mp3", Noise(10));
+    SetFileLength(large, 8LL << 30);
+    const Text small = Make(u"small.mp3", Audio);
+    panel_.ShowFile(large, errors_);
+    panel_.ShowFile(small, errors_);
+    EXPECT_FALSE(panel_.SearchesStream());
+    EXPECT_EQ(panel_.Stream().Bitrate, u"128kbps");
+    panel_.ShowFile(large, errors_);
+    panel_.ShowBatch();
+    EXPECT_FALSE(panel_.SearchesStream());
+    panel_.ShowFile(large, errors_);
+    panel_.Clear();
+    EXPECT_FALSE(panel_.SearchesStream());
+    EXPECT_EQ(panel_.Stream().Size, u"");
+}
+
 // --- typing ---
 
 TEST_F(Panel, LineBreaksAndNulsCannotBeEntered) {

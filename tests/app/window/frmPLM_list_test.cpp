@@ -74,6 +74,7 @@ private slots:
     void LoadReplacesTheList();
     void FileThatIsRefusedLeavesTheList();
     void LoadDialogOffersThreeFilters();
+    void TheWindowAnswersWhileALargeListIsRead();
     void LongWorkCanBeStoppedAndLocksTheList();
     void ClosingStopsLongWorkFirst();
     void ManyScatteredRowsStayQuick();
@@ -561,6 +562,24 @@ void FrmPLMListTest::LoadDialogOffersThreeFilters() {
     QCOMPARE(ToQt(asked.Filter),
              QStringLiteral("Sorting File (*.srt)|*.srt|Playlist File (*.m3u)|*.m3u|"
                             "Playlist File (*.pls)|*.pls"));
+}
+
+void FrmPLMListTest::TheWindowAnswersWhileALargeListIsRead() {
+    const Text list = plm_->Folder.File(u"endless.m3u");
+    SetFileLength(list, 64LL << 30);
+    plm_->WorkStepByStep();
+    plm_->Dialogs.Results = {{{list}, 1}};
+    plm_->Click("cmdLoad");
+    for (int turn = 0; turn < 20; ++turn) {
+        QCoreApplication::processEvents();
+        QVERIFY(plm_->Busy());
+    }
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("Adding files: 0 found"));
+    plm_->SetText("txtNewName", QStringLiteral("typed meanwhile"));
+    QCOMPARE(plm_->TextOf("txtNewName"), QStringLiteral("typed meanwhile"));
+    plm_->Get<QAbstractButton>("cmdStop").click();
+    plm_->Settle();
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("Stopped. 0 files added."));
 }
 
 void FrmPLMListTest::LongWorkCanBeStoppedAndLocksTheList() {

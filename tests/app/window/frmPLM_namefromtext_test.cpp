@@ -9,6 +9,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTextBlock>
+#include <functional>
 
 #include "app/dialogs/frmEdit.h"
 #include "app/namefromtext/frmNameFromFile.h"
@@ -39,6 +40,11 @@ private slots:
     void ClosingTheMainWindowClosesIt();
     void ScannedNamesRenameTheFilesOfADroppedFolder();
     void AnAlbumFromItsTextToTaggedFiles();
+    void TheMainWindowRestsDuringARun();
+    void NothingChosenInMidRunTakesEffect();
+    void TheEditedPatternIsNotAskedAboutDuringARun();
+    void ARunThatIsClosedGivesTheMainWindowBack();
+    void NoRunBeginsWhileTheMainWindowWorks();
 
 private:
     [[nodiscard]] frmNameFromFile* Tool() const {
@@ -73,6 +79,10 @@ private:
         for (int i = 0; i < model->rowCount(); ++i) names << model->index(i, 0).data().toString();
         return names;
     }
+    /// Two files and their names in the window, and a file in the way of the second name.
+    void PrepareQuestion();
+    /// Starts the run and does something while its question is open.
+    void RunAndMeanwhile(const std::function<void()>& act, Answer answer = Answer::Yes);
     void OpenAlbum();
     void SelectTrackLines(int first, int last) const;
     void EditSecondName() const;
@@ -248,6 +258,138 @@ void FrmPLMNameFromTextTest::AnAlbumFromItsTextToTaggedFiles() {
           "TRCK (Track number/Position in set): 2", "1997-08-04"})
         QVERIFY2(tags.contains(QLatin1String(line)), qPrintable(tags));
     QVERIFY(TagsOf(u"03 - The Paper Kites - Harbour.mp3").contains("Harbour"));
+}
+
+void FrmPLMNameFromTextTest::PrepareQuestion() {
+    plm_->Click("cmdNameFromFile");
+    Of<QComboBox>("cmbInPattern")->setEditText(QStringLiteral("%track - %title.mp3"));
+    Of<QComboBox>("cmbOutPattern")->setEditText(QStringLiteral("%track %title.mp3"));
+    Of<QPlainTextEdit>("txtSourceText")->setPlainText(QStringLiteral("1 - tide\n2 - lights\n"));
+    Press("cmdScan");
+    QTRY_COMPARE(Names().size(), 2);
+    FileDialogResult files;
+    for (const TextView name : {u"a.mp3", u"b.mp3"})
+        files.Paths.push_back(plm_->Folder.File(u"album/" + Text(name), EncodedMp3()));
+    plm_->Dialogs.Results = {files};
+    Press("cmdAddFiles");
+    static_cast<void>(plm_->Folder.File(u"album/01 Tide.mp3", EncodedMp3()));
+}
+
+void FrmPLMNameFromTextTest::RunAndMeanwhile(const std::function<void()>& act, Answer answer) {
+    int asked = 0;
+    plm_->Ask.Answers = {answer};
+    plm_->Ask.OnAsked = [&](const Asked&) {
+        ++asked;
+        act();
+    };
+    Press("cmdRenameFiles");
+    QTRY_VERIFY(Of<QPushButton>("cmdRenameFiles")->isEnabled());
+    plm_->Ask.OnAsked = {};
+    QCOMPARE(asked, 1);
+}
+
+void FrmPLMNameFromTextTest::TheMainWindowRestsDuringARun() {
+    const Text listed = plm_->Folder.File(u"in/robyn_-_x.mp3", EncodedMp3());
+    plm_->Drop("lstFiles", {listed});
+    plm_->ClickLine("lstFiles", 0);
+    plm_->Click("chkID3v1");
+    plm_->SetText("txtTitle", QStringLiteral("New Title"));
+    PrepareQuestion();
+    const std::map<Bytes, Bytes> before = ReadTree(plm_->Folder / u"in");
+    RunAndMeanwhile([this, listed] {
+        QVERIFY(!plm_->Window().isEnabled());
+        QVERIFY(Tool()->findChild<frmSorting*>()->isEnabled());
+        for (const char* button :
+             {"cmdSort", "cmdSortThisFile", "cmdSaveID3", "cmdFixID3", "cmdOptions", "cmdClear"})
+            plm_->Click(button);
+        for (const char* entry : {"mnuSort", "mnuSortThisFile", "mnuSaveID3", "mnuFixID3",
+                                  "mnuOptions", "mnuRemFromHD", "mnuClear", "mnuNameFromFile"})
+            plm_->Trigger(entry);
+        DropOn(*plm_->Get<QListView>("lstFiles").viewport(), listed);
+        QTest::keyClick(&plm_->Window(), Qt::Key_Return, Qt::ControlModifier);
+    });
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QVERIFY(ReadTree(plm_->Folder / u"in") == before);
+    QCOMPARE(plm_->Lines("lstFiles").size(), 1);
+    QCOMPARE(Of<QLabel>("lblWork")->text(), QStringLiteral("2 renamed"));
+    QVERIFY(plm_->Window().isEnabled());
+    plm_->Click("cmdSaveID3");
+    QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("The tags were saved."));
+}
+
+void FrmPLMNameFromTextTest::NothingChosenInMidRunTakesEffect() {
+    plm_->Click("chkConvert");
+    if (!plm_->Get<QCheckBox>("chkConvert").isChecked()) plm_->Click("chkConvert");
+    plm_->Click("optExists0");
+    PrepareQuestion();
+    static_cast<void>(plm_->Folder.File(u"album/02 Lights.mp3", EncodedMp3()));
+    Of<QCheckBox>("chkSaveID3v1")->setChecked(true);
+    int asked = 0;
+    plm_->Ask.Answers = {Answer::No, Answer::No};
+    plm_->Ask.OnAsked = [&](const Asked&) {
+        if (++asked > 1) return;
+        plm_->Context.Values.bSetAttributes = true;
+        plm_->Context.Values.bReadOnly = true;
+        plm_->Get<QCheckBox>("chkConvert").setChecked(false);
+        plm_->Get<QAbstractButton>("optExists2").setChecked(true);
+        Of<QCheckBox>("chkSaveID3v1")->setChecked(false);
+        Of<QComboBox>("cmbOutPattern")->setEditText(QStringLiteral("%title %track.mp3"));
+    };
+    Press("cmdRenameFiles");
+    QTRY_VERIFY(Of<QPushButton>("cmdRenameFiles")->isEnabled());
+    // The second file is asked about like the first, written like it, and no attribute is set.
+    QCOMPARE(asked, 2);
+    QVERIFY(FileExists(plm_->Folder / u"album/b.mp3"));
+    QCOMPARE(GetAttributes(plm_->Folder / u"album/b.mp3") & ReadOnly, 0);
+    QVERIFY(TagsOf(u"01 Tide.mp3").contains("Tide"));
+    QVERIFY(TagsOf(u"02 Lights.mp3").contains("Lights"));
+}
+
+void FrmPLMNameFromTextTest::TheEditedPatternIsNotAskedAboutDuringARun() {
+    plm_->Drop("lstFiles", {plm_->Folder.File(u"in/robyn_-_x.mp3", EncodedMp3())});
+    plm_->Click("chkPreview");
+    plm_->Settle();
+    PrepareQuestion();
+    plm_->Window().activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&plm_->Window()));
+    plm_->SetText("cmbOutPattern", QStringLiteral("%title.mp3"));
+    RunAndMeanwhile([] { QCoreApplication::processEvents(); });
+    QCoreApplication::processEvents();
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QCOMPARE(plm_->Window().focusWidget(), &plm_->Get<QWidget>("cmbOutPattern"));
+}
+
+void FrmPLMNameFromTextTest::ARunThatIsClosedGivesTheMainWindowBack() {
+    PrepareQuestion();
+    Press("cmdRenameFiles");
+    QVERIFY(!plm_->Window().isEnabled());
+    QVERIFY(Tool()->close());
+    QVERIFY(plm_->Window().isEnabled());
+    QVERIFY(!plm_->Busy());
+    QVERIFY(FileExists(plm_->Folder / u"album/a.mp3"));
+}
+
+void FrmPLMNameFromTextTest::NoRunBeginsWhileTheMainWindowWorks() {
+    std::vector<Text> files;
+    for (const TextView name : {u"in/a - x.mp3", u"in/b - y.mp3", u"in/c - z.mp3"})
+        files.push_back(plm_->Folder.File(name, EncodedMp3()));
+    plm_->Drop("lstFiles", files);
+    plm_->Click("cmdSelectAll");
+    plm_->SetText("txtTitle", QStringLiteral("New Title"));
+    PrepareQuestion();
+    plm_->WorkStepByStep();
+    plm_->Ask.Answers = {Answer::Yes};
+    plm_->Click("cmdSaveID3");
+    QVERIFY(plm_->Busy());
+    auto* const rename = Of<QPushButton>("cmdRenameFiles");
+    QVERIFY(!rename->isEnabled());
+    QVERIFY(rename->toolTip().contains(QLatin1String("Not while the main window works.")));
+    Press("cmdRenameFiles");
+    QVERIFY(Tool()->findChild<frmSorting*>() == nullptr);
+    plm_->Settle();
+    QVERIFY(rename->isEnabled());
+    QCOMPARE(rename->toolTip(), QStringLiteral("Gives each file the name beside it."));
+    QVERIFY(FileExists(plm_->Folder / u"album/a.mp3"));
 }
 
 QTEST_MAIN(FrmPLMNameFromTextTest)

@@ -57,6 +57,7 @@ private slots:
     void ExistingTarget();
     void CancelInMidRunLeavesTheRest_data();
     void CancelInMidRunLeavesTheRest();
+    void SettingsOfTheStartHoldToTheEnd();
     void ProgressWindowShowsTheFileThatIsAskedAbout();
     void WithoutFixFilenamesTheNameIsKept();
     void SortThisFileUsesTheNameInTheBox();
@@ -282,6 +283,21 @@ void FrmPLMSortTest::CancelInMidRunLeavesTheRest() {
     button->click();
     QVERIFY(Progress() == nullptr || !Progress()->isVisible());
     QVERIFY(plm_->TextOf("lblFiles").startsWith(QLatin1String("2 files (")));
+}
+
+void FrmPLMSortTest::SettingsOfTheStartHoldToTheEnd() {
+    DropSimple({u"a_-_x.mp3", u"b_-_y.mp3"});
+    Choose("optMethod0");
+    OnFile(0, [this] {
+        plm_->Context.Values.Change = static_cast<int>(CaseOption::Lower);
+        plm_->Context.Values.bSetAttributes = true;
+        plm_->Context.Values.bReadOnly = true;
+        plm_->Context.Values.bReplace = true;
+        plm_->Context.Replacements = {{u"y", u"other"}};
+    });
+    Sort();
+    QCOMPARE(ListTree(plm_->Folder / u"out"), (std::vector<Bytes>{"A - X.mp3", "B - Y.mp3"}));
+    QCOMPARE(GetAttributes(plm_->Folder / u"out/B - Y.mp3") & ReadOnly, 0);
 }
 
 void FrmPLMSortTest::ProgressWindowShowsTheFileThatIsAskedAbout() {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "app/list/saved_lists.h"
+#include "app/list/list_file_reader.h"
 #include "app/namefromtext/rename_run.h"
 #include "app/start/command_line.h"
 #include "app/tags/tag_run.h"

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cstdio>
+
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
 #include "tests/support/child_process.h"
@@ -172,6 +174,54 @@ TEST_F(Store, AStoreThatCannotBeReadIsAnErrorAndStays) {
     store.Set(u"Settings", u"A", u"1");
     EXPECT_EQ(store.Save().Number(), ErrorNumber::PathFileAccess);
     EXPECT_EQ(store.Get(u"Settings", u"A", u""), u"1");
+}
+
+TEST_F(Store, AFileThatIsTooLargeIsNotReadAndStays) {
+    const Bytes good = "[Settings]\nA=1\n";
+    Contents(good + Bytes(LargestStore - good.size(), ';'));
+    EXPECT_EQ(Loaded().Get(u"Settings", u"A", u"default"), u"1");
+    const Bytes large = good + Bytes(LargestStore - good.size() + 1, ';');
+    Contents(large);
+    SettingsStore store(path_);
+    EXPECT_EQ(store.Load().Number(), ErrorNumber::Overflow);
+    EXPECT_EQ(store.Get(u"Settings", u"A", u"default"), u"default");
+    store.Set(u"Settings", u"A", u"2");
+    EXPECT_EQ(store.Save().Number(), ErrorNumber::Overflow);
+    EXPECT_TRUE(ReadFile(path_) == large);
+    EXPECT_NE(UnreadStoreText(ErrorNumber::Overflow).find(u"damaged"), Text::npos);
+    EXPECT_EQ(UnreadStoreText(ErrorNumber::PermissionDenied), u"Permission denied");
+}
+
+TEST_F(Store, AFileThatGrewTooLargeMeanwhileStays) {
+    Contents("[Settings]\nA=1\n");
+    SettingsStore store = Loaded();
+    SetFileLength(path_, 8LL << 30);
+    store.Set(u"Settings", u"A", u"2");
+    EXPECT_EQ(store.Save().Number(), ErrorNumber::Overflow);
+    SetFileLength(path_, 15);
+    EXPECT_EQ(ReadFile(path_), "[Settings]\nA=1\n");
+}
+
+// The defaults in force are nobody's choice against the settings in the file.
+TEST_F(Store, WhatCouldNotBeReadIsNotWrittenOverWhenItCanBeReadAgain) {
+    Contents("");
+    SetFileLength(path_, 8LL << 30);
+    SettingsStore store(path_);
+    EXPECT_FALSE(store.Load().Ok());
+    Contents("[Settings]\nA=1\n");
+    store.Set(u"Settings", u"A", u"2");
+    EXPECT_EQ(store.Save().Number(), ErrorNumber::Overflow);
+    EXPECT_EQ(ReadFile(path_), "[Settings]\nA=1\n");
+    // Moved away, it is in nobody's way.
+    ASSERT_EQ(std::rename(NativePath(path_).c_str(), NativePath(folder_ / u"aside").c_str()), 0);
+    EXPECT_TRUE(store.Save().Ok());
+    EXPECT_EQ(ReadFile(path_), "[Settings]\nA=2\n");
+}
+
+TEST_F(Store, AFileWithoutAnEndIsTooLarge) {
+    (void)folder_.Folder(u"config/PLM");
+    (void)folder_.Link(u"config/PLM/PLM.ini", u"/dev/zero");
+    EXPECT_EQ(SettingsStore(path_).Load().Number(), ErrorNumber::Overflow);
 }
 
 TEST_F(Store, AFolderThatCannotBeMadeIsAnError) {

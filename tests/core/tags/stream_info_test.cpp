@@ -94,6 +94,55 @@ TEST(HeaderSearch, TheFileIsReadInBlocks) {
     EXPECT_LE(sum, bytes.size() + (std::size_t{128} << 10));
 }
 
+// A search that counts what it reads.
+struct CountedSearch {
+    explicit CountedSearch(const Bytes& bytes)
+        : Search(
+              [this, &bytes](std::int64_t offset, std::size_t count) {
+                  Sum += count;
+                  return bytes.substr(static_cast<std::size_t>(offset), count);
+              },
+              0, static_cast<std::int64_t>(bytes.size())) {}
+    std::size_t Sum = 0;
+    HeaderSearch Search;
+};
+
+// As small as a window needs them, whatever the file holds: nothing, nothing but beginnings of a
+// header, headers that ask for a look at what follows, near and far in turns.
+TEST(HeaderSearch, EveryStepIsSmall) {
+    Bytes looks;
+    while (looks.size() < 300000) looks += OtherHeader + "\xFF\xFB\xE0\x64" + Noise(3);
+    for (const Bytes& bytes : {Nuls(300000), Bytes(300000, '\xFF'), looks}) {
+        CountedSearch counted(bytes);
+        int steps = 0;
+        for (std::int64_t done = 0; counted.Search.Step(); ++steps) {
+            EXPECT_LE(counted.Search.Done() - done, 32 << 10);
+            EXPECT_LE(counted.Sum, std::size_t{20} << 20);
+            counted.Sum = 0;
+            done = counted.Search.Done();
+        }
+        EXPECT_GE(steps, 9);
+        EXPECT_LE(steps, 600);
+    }
+}
+
+TEST(HeaderSearch, SaysHowFarItIs) {
+    const Bytes bytes = Noise(100000) + Frames(3);
+    CountedSearch counted(bytes);
+    EXPECT_EQ(counted.Search.Total(), static_cast<std::int64_t>(bytes.size()));
+    EXPECT_TRUE(counted.Search.Step());
+    EXPECT_FALSE(counted.Search.Over());
+    EXPECT_FALSE(counted.Search.Found().has_value());
+    while (counted.Search.Step()) {
+    }
+    EXPECT_TRUE(counted.Search.Over());
+    EXPECT_EQ(counted.Search.Done(), 100000);
+    ASSERT_TRUE(counted.Search.Found().has_value());
+    EXPECT_EQ(counted.Search.Found()->At, 100000);
+    EXPECT_TRUE(counted.Search.Found()->Followed);
+    EXPECT_FALSE(counted.Search.Step());
+}
+
 class Stream : public testing::Test {
 protected:
     StreamLines Lines(const Bytes& contents) {
@@ -188,6 +237,14 @@ TEST_F(Stream, TheFirstFrameStandsBehindTagAndPadding) {
     EXPECT_EQ(firstFrame(Frames(3)), 0);
     EXPECT_EQ(firstFrame("OggS" + Noise(300) + Frames(3)), 0);
     EXPECT_EQ(firstFrame(tag + Noise(300) + OtherHeader + Noise(300)), 0);
+}
+
+TEST_F(Stream, TheFirstFrameIsNotLookedForBehindTheWholeFile) {
+    const Text path = folder_.File(u"large.mp3", WholeTag(test::TextFrame("TIT2", "a"), 30));
+    SetFileLength(path, 64LL << 30);
+    File file;
+    ASSERT_TRUE(file.Open(path, File::Mode::Read).Ok());
+    EXPECT_EQ(FindFirstFrame(file, ReadFileTags(file, path, ID3v2Parts::NameFields, errors_)), 0);
 }
 
 TEST_F(Stream, AFileOfBrokenTagsIsDescribedAllTheSame) {
