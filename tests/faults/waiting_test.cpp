@@ -3,7 +3,7 @@
 
 #include <cerrno>
 
-#include "app/main/folder_walk.h"
+#include "app/list/folder_walk.h"
 #include "core/platform/disk.h"
 #include "tests/faults/fault_run.h"
 #include "tests/support/temp_folder.h"
