@@ -199,7 +199,7 @@ void CheckOpened(BytesView before, const TagChange& change, const Expected& expe
     SilentErrors silent;
     const FileTags tags = ReadFileTags(file, scratch.Path(), ID3v2Parts::FieldsAndText, silent);
     if (tags.V1Failed || tags.V2Failed) return;
-    const SaveResult result = SaveTags({scratch.Path(), file, tags}, change);
+    const SaveResult result = SaveTags({scratch.Path(), file, &tags}, change);
     Require(result.Outcome == expected.Outcome, "another outcome for an open file");
     RequireEqual(scratch.Contents(), result ? BytesView(expected.File) : before,
                  "another file through an open one");

@@ -1,6 +1,7 @@
 #include "app/cli/scan_apply.h"
 
 #include <algorithm>
+#include <deque>
 
 #include "app/cli/action_log.h"
 #include "app/cli/planning_disk.h"
@@ -39,12 +40,15 @@ std::vector<RenamePair> PairsOf(const FileList& files, const std::vector<Text>& 
     return pairs;
 }
 
-/// The failures from `first` on, on one line.
-Text ReasonsOf(const RunReport& report, std::size_t first) {
+/// The failures of a pair, on one line.
+Text ReasonsOf(const RunReport& report, std::size_t pair) {
+    const auto first = std::lower_bound(
+        report.Failures.begin(), report.Failures.end(), pair,
+        [](const RunFailure& failure, std::size_t wanted) { return failure.Pair < wanted; });
     Text reasons;
-    for (std::size_t i = first; i < report.Failures.size(); ++i)
+    for (auto at = first; at != report.Failures.end() && at->Pair == pair; ++at)
         reasons += (reasons.empty() ? u"" : u"; ") +
-                   Replace(Replace(report.Failures[i].Reason, u" \r\n", CrLf), CrLf, u" ");
+                   Replace(Replace(at->Reason, u" \r\n", CrLf), CrLf, u" ");
     return reasons;
 }
 
@@ -64,8 +68,9 @@ public:
     void Run(std::vector<RenamePair> pairs, const RunChoices& choices);
 
 private:
-    void Put(const RenamePair& pair, const RunReport& now);
-    void Judge(FileRecord& record, const RunReport& now);
+    void Advance(RenameRun& run);
+    void NoteRename(const RenamePair& pair, const RunReport& now);
+    void PutSettled(const RenameRun& run);
 
     Report& report_;
     const PathSpelling& spelling_;
@@ -77,8 +82,10 @@ private:
     ActionLog disk_;
     PlanningTagWriter pretending_;
     const Settings& settings_;
+    /// Of the pairs that were handled and are not told yet.
+    std::deque<FileRecord> records_;
+    std::size_t told_ = 0;
     // What the run had told before the file in hand.
-    std::size_t failures_ = 0;
     std::size_t missing_ = 0;
     std::size_t kept_ = 0;
 };
@@ -95,13 +102,10 @@ bool Applying::MayBegin(std::size_t files, std::size_t names) {
 void Applying::Run(std::vector<RenamePair> pairs, const RunChoices& choices) {
     RenameRun run(std::move(pairs), choices, settings_, disk_, prompts_);
     if (report_.DryRun()) run.WriteTagsThrough(pretending_);
-    while (!run.Finished() && !report_.ShouldStop()) {
-        const RenamePair pair = run.Next();
-        report_.Progress(NumberText(static_cast<long long>(run.Done())) + u" of " +
-                         NumberText(static_cast<long long>(run.Total())) + u"  " +
-                         FileNameOfPath(pair.OldPath));
-        (void)run.Step();
-        Put(pair, run.Report());
+    while (!run.Finished()) {
+        if (report_.ShouldStop()) run.Stop();
+        Advance(run);
+        PutSettled(run);
     }
     const Text summary = SummaryText(run.Report());
     if (!run.Report().Completed) {
@@ -111,26 +115,25 @@ void Applying::Run(std::vector<RenamePair> pairs, const RunChoices& choices) {
     }
 }
 
-void Applying::Put(const RenamePair& pair, const RunReport& now) {
+void Applying::Advance(RenameRun& run) {
+    const std::size_t done = run.Done();
+    const RenamePair pair = done < run.Total() ? run.Next() : RenamePair();
+    report_.Progress(NumberText(static_cast<long long>(done)) + u" of " +
+                     NumberText(static_cast<long long>(run.Total())) + u"  " +
+                     FileNameOfPath(pair.OldPath));
+    (void)run.Step();
+    if (run.Done() > done) NoteRename(pair, run.Report());
+}
+
+// What became of the name; the tags may still be on their way.
+void Applying::NoteRename(const RenamePair& pair, const RunReport& now) {
     FileRecord record;
     record.Path = pair.OldPath;
     record.NewPath = JoinPath(FolderOfPath(pair.OldPath), pair.NewName);
     record.Question = planner_.TakeQuestion();
-    Judge(record, now);
-    failures_ = now.Failures.size();
-    missing_ = now.Missing;
-    kept_ = now.Kept;
-    PutRecord(report_, spelling_, record);
-    report_.FlushSoon();
-}
-
-void Applying::Judge(FileRecord& record, const RunReport& now) {
     const std::vector<Action> actions = disk_.Take();
     record.Replaced = !actions.empty() && actions.front().Replaced;
-    if (now.Failures.size() > failures_) {
-        record.What = Outcome::Failed;
-        record.Reason = ReasonsOf(now, failures_);
-    } else if (now.Cancelled) {
+    if (now.Cancelled) {
         record.What = Outcome::Cancelled;
     } else if (!record.Question.empty()) {
         record.What = Outcome::Asks;
@@ -142,6 +145,23 @@ void Applying::Judge(FileRecord& record, const RunReport& now) {
         record.Reason = u"There is a file of its new name";
     } else {
         record.What = actions.empty() ? Outcome::Unchanged : Outcome::Renamed;
+    }
+    missing_ = now.Missing;
+    kept_ = now.Kept;
+    records_.push_back(std::move(record));
+}
+
+void Applying::PutSettled(const RenameRun& run) {
+    for (; told_ < run.Settled(); ++told_) {
+        FileRecord& record = records_.front();
+        const Text reasons = ReasonsOf(run.Report(), told_);
+        if (!reasons.empty()) {
+            record.What = Outcome::Failed;
+            record.Reason = reasons;
+        }
+        PutRecord(report_, spelling_, record);
+        report_.FlushSoon();
+        records_.pop_front();
     }
 }
 

@@ -1,3 +1,4 @@
+#include <map>
 #include <utility>
 
 #include "app/cli/commands.h"
@@ -19,6 +20,11 @@ constexpr BytesView Read = "read";
 constexpr BytesView Written = "written";
 constexpr BytesView Unchanged = "unchanged";
 constexpr BytesView Failed = "failed";
+
+BytesView WordFor(SaveOutcome outcome) {
+    if (outcome == SaveOutcome::Failed) return Failed;
+    return outcome == SaveOutcome::Written ? Written : Unchanged;
+}
 
 bool Has(const TagBoxes& boxes, TagVersion version) {
     return version == TagVersion::V1 ? boxes.chkID3v1 : boxes.chkID3v2;
@@ -107,8 +113,8 @@ public:
 
 private:
     [[nodiscard]] bool MayBegin(std::size_t files);
-    void Put(const Text& path, const TagReport& now);
-    [[nodiscard]] TagResult Judge(const Text& path, const TagReport& now) const;
+    void Put(const TagOutcome& outcome);
+    TagResult ResultOf(const TagOutcome& outcome);
     void Summarize(const TagReport& result);
 
     Session& session_;
@@ -117,10 +123,8 @@ private:
     const TagWishes wishes_;
     PlanningDisk disk_;
     PlanningTagWriter writer_;
-    TagBoxes boxes_;  ///< of the file in hand, as they become
-    // What the run had told before that file.
-    std::size_t written_ = 0;
-    std::size_t failures_ = 0;
+    /// Of the files whose outcome is not known yet, by place: the boxes as they become.
+    std::map<std::size_t, TagBoxes> boxes_;
 };
 
 // The question is the panel's; without a terminal the command itself is the answer to it, because
@@ -139,29 +143,28 @@ bool Tagging::MayBegin(std::size_t files) {
 void Tagging::Run(std::vector<Text> paths) {
     if (!MayBegin(paths.size())) return;
     const NamingContext naming = session_.Naming();
+    std::size_t place = 0;
     TagRun run(std::move(paths), [&](TextView path, const FileTags& tags) {
         EditedTags edited = EditTags(path, tags, wishes_, naming);
-        boxes_ = std::move(edited.Boxes);
+        boxes_[place] = std::move(edited.Boxes);
         return std::move(edited.Change);
     });
+    run.TellEach([this](const TagOutcome& outcome) { Put(outcome); });
     if (report_.DryRun()) run.WriteThrough(writer_);
     while (!run.Finished()) {
-        const Text path = run.Current();
+        place = run.Done();
         if (report_.WantsProgress())
-            report_.Progress(NumberText(static_cast<long long>(run.Done())) + u" of " +
-                             NumberText(static_cast<long long>(run.Total())) + u"  " + path);
-        boxes_ = {};
+            report_.Progress(NumberText(static_cast<long long>(place)) + u" of " +
+                             NumberText(static_cast<long long>(run.Total())) + u"  " +
+                             run.Current());
         (void)run.Step();
-        Put(path, run.Report());
         if (report_.ShouldStop()) run.Stop();
     }
     Summarize(run.Report());
 }
 
-void Tagging::Put(const Text& path, const TagReport& now) {
-    const TagResult result = Judge(path, now);
-    written_ = now.Written.size();
-    failures_ = now.Failures.size();
+void Tagging::Put(const TagOutcome& outcome) {
+    const TagResult result = ResultOf(outcome);
     const bool failed = !result.Reason.empty();
     if (report_.Json()) {
         report_.Object(ObjectOf(report_, result, true));
@@ -174,14 +177,10 @@ void Tagging::Put(const Text& path, const TagReport& now) {
     report_.FlushSoon();
 }
 
-TagResult Tagging::Judge(const Text& path, const TagReport& now) const {
-    TagResult result{Text(spelling_.Shown(path)), boxes_, Unchanged, {}};
-    if (now.Failures.size() > failures_) {
-        result.Word = Failed;
-        result.Reason = now.Failures.back().Reason;
-    } else if (now.Written.size() > written_) {
-        result.Word = Written;
-    }
+TagResult Tagging::ResultOf(const TagOutcome& outcome) {
+    TagResult result{Text(spelling_.Shown(outcome.Path)), std::move(boxes_[outcome.Place]),
+                     WordFor(outcome.Outcome), outcome.Reason};
+    boxes_.erase(outcome.Place);
     return result;
 }
 

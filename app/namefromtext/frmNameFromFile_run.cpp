@@ -140,10 +140,7 @@ void frmNameFromFile::cmdRenameFiles_Click() {
 
 // One turn more than there are pairs: the stop flag counts behind the last one too.
 bool frmNameFromFile::RunPair() {
-    if (progress_->StopRequested()) {
-        run_->Stop();
-        return false;
-    }
+    if (progress_->StopRequested()) run_->Stop();
     if (run_->Finished()) return false;
     run_->Step();
     ShowNextPair();
@@ -151,7 +148,7 @@ bool frmNameFromFile::RunPair() {
 }
 
 void frmNameFromFile::ShowNextPair() {
-    if (run_->Finished()) return;
+    if (run_->Done() == run_->Total()) return;
     const RenamePair& pair = run_->Next();
     progress_->ShowPair(FileNameOfPath(pair.OldPath), pair.NewName, run_->Done() + 1,
                         run_->Total());

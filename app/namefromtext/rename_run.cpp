@@ -14,6 +14,7 @@ namespace mdlPLM {
 namespace {
 
 constexpr TextView BoxTitle = u"Pellmore";
+constexpr auto FieldsAndText = ID3v2Parts::FieldsAndText;
 
 Message CountQuestion(TextView comparison) {
     return {Text(BoxTitle),
@@ -74,6 +75,7 @@ Text SummaryText(const RunReport& report, const Language& words) {
 // The tags that a file had before it was renamed; one that was not asked for, or could not be read,
 // is not written either.
 struct RenameRun::OwnTags {
+    File Opened;  // the file itself, locked, where it can be written to
     std::optional<ID3v1Tag> V1;
     std::optional<OwnID3v2> V2;
 };
@@ -85,23 +87,32 @@ RenameRun::RenameRun(std::vector<RenamePair> pairs, RunChoices choices, Settings
       settings_(std::move(settings)),
       disk_(disk),
       prompts_(prompts),
-      finished_(pairs_.empty()) {
-    report_.Completed = finished_;
+      ended_(pairs_.empty()) {
+    report_.Completed = ended_;
     for (const RenamePair& pair : pairs_) own_.Add(pair.OldPath, disk_);
 }
 
 bool RenameRun::Step() {
-    if (finished_) return false;
-    HandlePair(pairs_[done_]);
-    ++done_;
-    if (done_ == pairs_.size() && !finished_) report_.Completed = finished_ = true;
-    return !finished_;
+    if (Finished()) return false;
+    if (group_.Working()) {
+        group_.Step();
+    } else if (!ended_) {
+        HandlePair(pairs_[done_]);
+        ++done_;
+    }
+    if (done_ == pairs_.size()) ended_ = true;
+    if (ended_) group_.Finish();
+    Settle();
+    report_.Completed = Finished() && !report_.Stopped && !report_.Cancelled;
+    return !Finished();
 }
 
 void RenameRun::Stop() {
     report_.Stopped = true;
     report_.Completed = false;
-    finished_ = true;
+    ended_ = true;
+    group_.Stop();
+    Settle();
 }
 
 Message RenameRun::NoNameLeft(const RenamePair& pair) const {
@@ -109,27 +120,40 @@ Message RenameRun::NoNameLeft(const RenamePair& pair) const {
 }
 
 void RenameRun::HandlePair(const RenamePair& pair) {
-    if (IsNothingLeft(pair.NewName, settings_)) return Fail(pair.OldPath, NoNameLeft(pair));
-    if (!IsUsableFileName(pair.NewName))
-        return Fail(pair.OldPath, RenameMessage(ErrorNumber::BadFileName, pair.OldPath));
+    Unsettled left{done_, {}, {}, 0};
     // A list can name folders, but nobody asked for a new name of a whole folder.
-    if (disk_.IsFolder(pair.OldPath)) return FailWith(pair.OldPath, ErrorNumber::PathFileAccess);
+    if (IsNothingLeft(pair.NewName, settings_))
+        Fail(pair.OldPath, NoNameLeft(pair));
+    else if (!IsUsableFileName(pair.NewName))
+        Fail(pair.OldPath, RenameMessage(ErrorNumber::BadFileName, pair.OldPath));
+    else if (disk_.IsFolder(pair.OldPath))
+        FailWith(pair.OldPath, ErrorNumber::PathFileAccess);
+    else
+        HandleFile(pair, left);
+    unsettled_.push_back(std::move(left));
+}
+
+void RenameRun::HandleFile(const RenamePair& pair, Unsettled& left) {
     const Text newPath = JoinPath(FolderOfPath(pair.OldPath), pair.NewName);
+    left.Tagged = newPath;
     OwnTags own;
     Outcome outcome = Outcome::Missing;
     if (disk_.Exists(pair.OldPath)) {
-        SetAttributes(pair.OldPath);
         own = ReadOwnTags(pair.OldPath);
         outcome = RenameTo(pair, newPath);
+        left.Attributed = outcome == Outcome::Named ? newPath : pair.OldPath;
     } else {
         // Where neither is there, nothing is written or shown.
         if (!disk_.Exists(newPath)) return CountOutcome(outcome);
         own = ReadOwnTags(newPath);
     }
     CountOutcome(outcome);
+    if (outcome == Outcome::Named) own.Opened.LookAgainAfterRename();
     // After "No" the new path is the other, existing file's: its tags are written all the same, on
     // purpose. After a failure it is not known whose it is.
-    if (outcome != Outcome::Failed && outcome != Outcome::Cancelled) WriteTags(own, pair, newPath);
+    if (outcome == Outcome::Kept) (void)own.Opened.Close();
+    if (outcome != Outcome::Failed && outcome != Outcome::Cancelled)
+        left.Saves = WriteTags(own, pair, newPath);
 }
 
 RenameRun::Outcome RenameRun::RenameTo(const RenamePair& pair, const Text& newPath) {
@@ -146,6 +170,10 @@ RenameRun::Outcome RenameRun::TakeExistingTarget(const RenamePair& pair, const T
     const bool belongsToRun = own_.Contains(newPath, disk_);
     const IfExists choice =
         belongsToRun && choices_.Exists == IfExists::Replace ? IfExists::Prompt : choices_.Exists;
+    FileIdentity target;
+    const bool waits = IdentityOf(newPath, target) && group_.Holds(target);
+    // Nothing waits while the user is asked.
+    if (choice == IfExists::Prompt || waits) CommitTags();
     switch (DecideExistingTarget(choice, newPath, prompts_)) {
         case TargetDecision::Replace:
             return RenameFile(pair, newPath, IfTargetExists::Replace);
@@ -168,17 +196,40 @@ RenameRun::Outcome RenameRun::RenameFile(const RenamePair& pair, const Text& new
     return Outcome::Failed;
 }
 
-void RenameRun::SetAttributes(TextView path) {
-    if (!choices_.chkConvert || !settings_.bSetAttributes) return;
-    static_cast<void>(disk_.SetAttributes(path, AttributesToSet(settings_)));
+bool RenameRun::SetsAttributes() const { return choices_.chkConvert && settings_.bSetAttributes; }
+
+// A file whose attributes the run decides on is not kept from its tags by those it has.
+void RenameRun::LiftProtection(const Text& path) {
+    if (!SetsAttributes()) return;
+    if (const int attributes = GetAttributes(path); (attributes & ReadOnly) != 0)
+        static_cast<void>(disk_.SetAttributes(path, attributes & (Hidden | Archive)));
 }
 
-RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
+void RenameRun::SetAttributes(const Text& path) {
+    if (SetsAttributes() && !path.empty())
+        static_cast<void>(disk_.SetAttributes(path, AttributesToSet(settings_)));
+}
+
+RenameRun::OwnTags RenameRun::ReadOwnTags(const Text& path) {
     OwnTags own;
+    if (!choices_.chkSaveID3v1 && !choices_.chkSaveID3v2) return own;
+    LiftProtection(path);
+    const SaveResult opened = writer_ == nullptr ? group_.Open(path, own.Opened) : SaveResult();
+    // What cannot be opened for writing can be read all the same; the save says why it failed.
+    if (!own.Opened.IsOpen()) CommitTags();
+    if (opened.Obstacle == SaveObstacle::None)
+        ReadOpenTags(path, own);
+    else
+        Fail(path, {Text(BoxTitle), SaveMessage(opened, choices_.Words), path});
+    return own;
+}
+
+void RenameRun::ReadOpenTags(const Text& path, OwnTags& own) {
     const Text contents = disk_.ContentsAt(path);
     CollectingErrors errors;
     if (choices_.chkSaveID3v2) {
-        FileTags tags = ReadFileTags(contents, ID3v2Parts::FieldsAndText, errors);
+        FileTags tags = own.Opened.IsOpen() ? ReadFileTags(own.Opened, path, FieldsAndText, errors)
+                                            : ReadFileTags(contents, FieldsAndText, errors);
         if (!tags.V2Failed)
             own.V2 = {std::move(tags.V2), std::move(tags.V2Header), std::move(tags.V2Text)};
         if (choices_.chkSaveID3v1 && !tags.V1Failed) own.V1 = std::move(tags.V1);
@@ -188,33 +239,57 @@ RenameRun::OwnTags RenameRun::ReadOwnTags(TextView path) {
         if (errors.Numbers.empty()) own.V1 = std::move(tag);
     }
     for (const ErrorNumber number : errors.Numbers) FailWith(path, number);
-    return own;
 }
 
-void RenameRun::WriteTags(const OwnTags& own, const RenamePair& pair, const Text& newPath) {
+std::size_t RenameRun::WriteTags(OwnTags& own, const RenamePair& pair, const Text& newPath) {
     const RunTagChoices& choices = choices_.Tags;
-    if (own.V1)
-        Note(newPath, SaveV1(newPath, FillID3v1(*own.V1, pair.NewName, choices, settings_)));
-    if (own.V2)
-        Note(newPath, SaveV2(newPath, FillID3v2(*own.V2, pair.NewName, choices, settings_)));
+    if (own.V1) SaveV1(own.Opened, newPath, FillID3v1(*own.V1, pair.NewName, choices, settings_));
+    if (own.V2) SaveV2(own.Opened, newPath, FillID3v2(*own.V2, pair.NewName, choices, settings_));
+    return (own.V1 ? 1U : 0U) + (own.V2 ? 1U : 0U);
 }
 
-SaveResult RenameRun::SaveV1(const Text& path, const ID3v1Tag& tag) {
-    if (writer_ != nullptr) return writer_->SaveID3v1(path, tag);
-    CollectingErrors errors;
-    if (WriteID3v1(path, tag, errors)) return {SaveOutcome::Written, ErrorNumber::None};
-    return {SaveOutcome::Failed,
-            errors.Numbers.empty() ? ErrorNumber::DeviceIo : errors.Numbers[0]};
+void RenameRun::SaveV1(File& file, const Text& path, const ID3v1Tag& tag) {
+    if (writer_ != nullptr) return group_.Add(writer_->SaveID3v1(path, tag));
+    if (OpenAgain(file, path)) group_.SaveID3v1({path, file}, tag);
 }
 
-SaveResult RenameRun::SaveV2(const Text& path, const ID3v2Tag& tag) {
+void RenameRun::SaveV2(File& file, const Text& path, const ID3v2Tag& tag) {
     constexpr SaveModes modes{TagMode::Leave, TagMode::Write};
-    return writer_ == nullptr ? SaveTags(path, {}, tag, modes)
-                              : writer_->Save(path, {}, tag, modes);
+    if (writer_ != nullptr) return group_.Add(writer_->Save(path, {}, tag, modes));
+    if (OpenAgain(file, path)) group_.Save({path, file}, {{}, tag, modes});
 }
 
-void RenameRun::Note(const Text& path, SaveResult result) {
-    if (result.Outcome == SaveOutcome::Failed) FailWith(path, result.Error);
+// A failure is a result like others.
+bool RenameRun::OpenAgain(File& file, const Text& path) {
+    if (file.IsOpen()) return true;
+    const SaveResult opened = group_.Open(path, file);
+    if (opened.Outcome == SaveOutcome::Failed) group_.Add(opened);
+    return file.IsOpen();
+}
+
+void RenameRun::CommitTags() {
+    group_.Commit();
+    Settle();
+}
+
+void RenameRun::Settle() {
+    for (SaveResult result; group_.Take(result);) results_.push_back(result);
+    while (!unsettled_.empty() && results_.size() >= unsettled_.front().Saves) SettleFirst();
+}
+
+void RenameRun::SettleFirst() {
+    const Unsettled first = std::move(unsettled_.front());
+    unsettled_.pop_front();
+    for (std::size_t i = 0; i < first.Saves; ++i) {
+        const SaveResult result = results_.front();
+        results_.pop_front();
+        if (result.Outcome != SaveOutcome::Failed) continue;
+        const Text reason = SaveMessage(result, choices_.Words);
+        prompts_.Critical({Text(BoxTitle), reason, first.Tagged});
+        report_.Failures.push_back({first.Tagged, reason, first.Pair});
+    }
+    SetAttributes(first.Attributed);
+    ++settled_;
 }
 
 void RenameRun::CountOutcome(Outcome outcome) {
@@ -231,14 +306,16 @@ void RenameRun::CountOutcome(Outcome outcome) {
         case Outcome::Failed:
             break;
         case Outcome::Cancelled:
-            report_.Cancelled = finished_ = true;
+            report_.Cancelled = ended_ = true;
             break;
     }
 }
 
+// The files before it are told first.
 void RenameRun::Fail(TextView path, const Message& message) {
+    CommitTags();
     prompts_.Critical(message);
-    report_.Failures.push_back({Text(path), message.Body});
+    report_.Failures.push_back({Text(path), message.Body, done_});
 }
 
 void RenameRun::FailWith(TextView path, ErrorNumber number) {

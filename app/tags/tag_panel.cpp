@@ -152,13 +152,20 @@ TagChange TagPanel::ChangeOfShownFile() const {
     return change;
 }
 
-Text TagPanel::WhyNotToWrite() const {
+PanelSave TagPanel::Write(const TagChange& change) const {
+    SaveGroup group;
+    File file;
     FileTags now;
-    const Status read = ReadForChange(path_, now);
-    if (!read.Ok()) return ErrorMessage(read.Number());
-    if (IsSameFile(now, tags_)) return {};
-    return words_(
-        PLM_TRANSLATE("Texts", "The file has changed since it was shown. It was not saved."));
+    const SaveResult opened = OpenForChange(group, path_, file, now);
+    if (opened.Outcome == SaveOutcome::Failed)
+        return {SaveOutcome::Failed, SaveMessage(opened, words_)};
+    if (!IsSameFile(now, tags_))
+        return {SaveOutcome::Failed,
+                words_(PLM_TRANSLATE(
+                    "Texts", "The file has changed since it was shown. It was not saved."))};
+    const SaveResult result = SaveTags({path_, file, &now}, change);
+    const bool failed = result.Outcome == SaveOutcome::Failed;
+    return {result.Outcome, failed ? SaveMessage(result, words_) : Text()};
 }
 
 PanelSave TagPanel::SaveID3() {
@@ -168,14 +175,11 @@ PanelSave TagPanel::SaveID3() {
     Reduce(&TagBoxRow::KeptForOne);
     const TagChange change = ChangeOfShownFile();
     if (change.Modes.V1 == TagMode::Leave && change.Modes.V2 == TagMode::Leave) return {};
-    if (Text reason = WhyNotToWrite(); !reason.empty())
-        return {SaveOutcome::Failed, std::move(reason)};
-    const SaveResult result = SaveTags(path_, change.V1, change.V2, change.Modes);
-    if (result.Outcome == SaveOutcome::Failed)
-        return {SaveOutcome::Failed, ErrorMessage(result.Error)};
+    PanelSave saved = Write(change);
+    if (saved.Outcome == SaveOutcome::Failed) return saved;
     SilentErrors silent;
     ShowFile(Text(path_), silent);
-    return {result.Outcome, {}};
+    return saved;
 }
 
 std::array<bool, TagBoxCount> TagPanel::UntouchableBoxes() const {

@@ -110,7 +110,7 @@ private:
     void SearchStreamOf(std::shared_ptr<const File> file);
     void Reduce(TextView TagBoxRow::*kept);
     [[nodiscard]] TagChange ChangeOfShownFile() const;
-    [[nodiscard]] Text WhyNotToWrite() const;
+    [[nodiscard]] PanelSave Write(const TagChange& change) const;
     [[nodiscard]] std::array<bool, TagBoxCount> UntouchableBoxes() const;
 
     const Settings& settings_;

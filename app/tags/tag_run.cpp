@@ -18,22 +18,22 @@ private:
     Status status_;
 };
 
-Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
+Text CountText(std::size_t count) { return NumberText(static_cast<long long>(count)); }
 
 }  // namespace
 
 TagRun::TagRun(std::vector<Text> paths, Edit edit, Language words)
     : paths_(std::move(paths)), edit_(std::move(edit)), words_(std::move(words)) {}
 
-SaveResult TagRun::ChangeFile(TextView path) {
+void TagRun::ChangeFile(TextView path) {
     File file;
-    if (writer_ != nullptr || !file.Open(path, File::Mode::ReadWrite).Ok())
-        return ChangeClosedFile(path);
-    FirstError errors;
-    const FileTags tags = ReadFileTags(file, path, ID3v2Parts::FieldsAndText, errors);
-    const Status read = errors.Result();
-    if (!read.Ok()) return {SaveOutcome::Failed, read.Number()};
-    return SaveTags({path, file, tags}, edit_(path, tags));
+    FileTags tags;
+    if (writer_ != nullptr) return group_.Add(ChangeClosedFile(path));
+    const SaveResult opened = OpenForChange(group_, path, file, tags);
+    if (opened.Outcome == SaveOutcome::NoWork)
+        return group_.Save({path, file, &tags}, edit_(path, tags));
+    const bool closed = !file.IsOpen() && opened.Obstacle == SaveObstacle::None;
+    group_.Add(closed ? ChangeClosedFile(path) : opened);
 }
 
 // For a file that is written by somebody else, or cannot be: there may be nothing to write to it.
@@ -48,26 +48,48 @@ SaveResult TagRun::ChangeClosedFile(TextView path) {
 
 bool TagRun::Step() {
     if (Finished()) return false;
-    const Text& path = paths_[done_];
-    const SaveResult result = ChangeFile(path);
-    if (result.Outcome == SaveOutcome::Failed)
-        report_.Failures.push_back({path, words_(Describe(result.Error))});
-    else if (result)
-        report_.Written.push_back(done_);
-    else
-        ++report_.Unchanged;
-    ++done_;
+    if (group_.Working()) {
+        group_.Step();
+    } else if (!AllBegun()) {
+        ChangeFile(paths_[done_]);
+        ++done_;
+    }
+    if (AllBegun()) group_.Finish();
+    TakeResults();
     return !Finished();
 }
 
+void TagRun::TakeResults() {
+    for (SaveResult result; group_.Take(result); ++told_) Count(result);
+}
+
+void TagRun::Count(const SaveResult& result) {
+    TagOutcome outcome{told_, paths_[told_], result.Outcome, {}};
+    switch (result.Outcome) {
+        case SaveOutcome::Failed:
+            outcome.Reason = ReasonOf(result, words_);
+            report_.Failures.push_back({paths_[told_], outcome.Reason});
+            break;
+        case SaveOutcome::Written:
+            report_.Written.push_back(told_);
+            break;
+        case SaveOutcome::NoWork:
+            ++report_.Unchanged;
+            break;
+    }
+    if (tell_) tell_(outcome);
+}
+
 void TagRun::Stop() {
-    stopped_ = true;
     report_.Stopped = done_ < paths_.size();
+    stopped_ = true;
+    group_.Stop();
+    TakeResults();
 }
 
 const Text& TagRun::Current() const {
     static const Text none;
-    return Finished() ? none : paths_[done_];
+    return AllBegun() ? none : paths_[done_];
 }
 
 Status ReadForChange(TextView path, FileTags& tags) {
@@ -76,19 +98,28 @@ Status ReadForChange(TextView path, FileTags& tags) {
     return tags.Exists ? errors.Result() : ErrorNumber::FileNotFound;
 }
 
+SaveResult OpenForChange(SaveGroup& group, TextView path, File& file, FileTags& tags) {
+    const SaveResult opened = group.Open(path, file);
+    if (opened.Outcome == SaveOutcome::Failed) return opened;
+    FirstError errors;
+    tags = ReadFileTags(file, path, ID3v2Parts::FieldsAndText, errors);
+    if (errors.Result().Ok()) return {};
+    return {SaveOutcome::Failed, errors.Result().Number()};
+}
+
 Text TagFailureText(const std::vector<FileFailure>& failures, const Language& words) {
     if (failures.empty()) return {};
     Text heading = failures.size() == 1
                        ? words(PLM_TRANSLATE("Texts", "The tags of this file could not be saved:"))
                        : words(PLM_TRANSLATE("Texts", "The tags of %1 files could not be saved:"),
-                               {Count(failures.size())});
+                               {CountText(failures.size())});
     return FailureBox(std::move(heading), failures, words);
 }
 
 Text TagSummaryText(const TagReport& report, const Language& words) {
-    return words(
-        PLM_TRANSLATE("Texts", "%1 done, %2 skipped, %3 failed"),
-        {Count(report.Written.size()), Count(report.Unchanged), Count(report.Failures.size())});
+    return words(PLM_TRANSLATE("Texts", "%1 done, %2 skipped, %3 failed"),
+                 {CountText(report.Written.size()), CountText(report.Unchanged),
+                  CountText(report.Failures.size())});
 }
 
 }  // namespace mdlPLM

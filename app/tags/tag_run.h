@@ -1,5 +1,6 @@
-// Tags of many files, one file per step: read, changed and written before the next, so that a
-// window can show how far it is and stop it.
+// Tags of many files, a file or a piece of one per step, so that a window can show how far it is
+// and stop it. Each file is read and changed before the next; those that are written anew get their
+// names some at a time (see save_group.h), and what became of a file is told only then.
 #pragma once
 
 #include <functional>
@@ -7,7 +8,7 @@
 
 #include "app/list/file_failures.h"
 #include "core/tags/file_tags.h"
-#include "core/tags/save_tags.h"
+#include "core/tags/save_group.h"
 
 namespace mdlPLM {
 
@@ -16,6 +17,14 @@ struct TagReport {
     std::size_t Unchanged = 0;         ///< files on which there was nothing to do
     std::vector<FileFailure> Failures;
     bool Stopped = false;
+};
+
+/// What became of one file.
+struct TagOutcome {
+    std::size_t Place = 0;  ///< of its path
+    TextView Path;
+    SaveOutcome Outcome = SaveOutcome::NoWork;
+    Text Reason;  ///< when it failed
 };
 
 class TagRun {
@@ -27,26 +36,38 @@ public:
     /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
     void WriteThrough(TagWriter& writer) { writer_ = &writer; }
 
-    /// Handles the next file; false when the run is finished.
+    /// `tell` gets the outcome of every file, in the order of the paths.
+    using Tell = std::function<void(const TagOutcome& outcome)>;
+    void TellEach(Tell tell) { tell_ = std::move(tell); }
+
+    /// Handles the next file, or a piece of what has to be done before; false when the run is
+    /// finished.
     bool Step();
-    /// No further file is begun.
+    /// No further file is begun; those that wait for their names get them in the steps that follow.
     void Stop();
-    [[nodiscard]] bool Finished() const { return stopped_ || done_ == paths_.size(); }
+    [[nodiscard]] bool Finished() const { return AllBegun() && told_ == done_; }
+    /// Files that were handled; what became of the last ones may not be known yet.
     [[nodiscard]] std::size_t Done() const { return done_; }
     [[nodiscard]] std::size_t Total() const { return paths_.size(); }
-    /// The file that the next step handles; empty at the end.
+    /// The next file that is handled; empty at the end.
     [[nodiscard]] const Text& Current() const;
     [[nodiscard]] const TagReport& Report() const { return report_; }
 
 private:
-    SaveResult ChangeFile(TextView path);
+    [[nodiscard]] bool AllBegun() const { return stopped_ || done_ == paths_.size(); }
+    void ChangeFile(TextView path);
     SaveResult ChangeClosedFile(TextView path);
+    void TakeResults();
+    void Count(const SaveResult& result);
 
     std::vector<Text> paths_;
     Edit edit_;
     Language words_;
     TagWriter* writer_ = nullptr;  // none: into the files
+    Tell tell_;
+    SaveGroup group_;
     std::size_t done_ = 0;
+    std::size_t told_ = 0;
     bool stopped_ = false;
     TagReport report_;
 };
@@ -54,6 +75,9 @@ private:
 /// Reads the tags of a file for a change of them: its texts and its tag text. The first error, or
 /// FileNotFound for a missing file, stands for a file that must not be written.
 Status ReadForChange(TextView path, FileTags& tags);
+
+/// The same, and keeps it open and locked for a save in `group`.
+SaveResult OpenForChange(SaveGroup& group, TextView path, File& file, FileTags& tags);
 
 /// The one message at the end: names the files that failed and why; empty when none did. Behind the
 /// first ones it says how many more there are.

@@ -15,7 +15,7 @@ public:
     bool Step() override { return run_.Step(); }
     bool Stop() override {
         run_.Stop();
-        return true;
+        return run_.Finished();
     }
     void Finish(bool /*stopped*/) override { ended_(run_.Report()); }
     [[nodiscard]] TaskProgress Progress() const override {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "core/platform/errors.h"
+#include "core/platform/file.h"
 
 namespace mdlPLM {
 
@@ -23,15 +23,6 @@ bool IsFolder(TextView path);
 
 /// File length in bytes; -1 when it cannot be told (missing, a folder).
 std::int64_t FileLength(TextView path);
-
-/// What identifies a file or folder, whatever name it is reached by.
-struct FileIdentity {
-    std::uint64_t Device = 0;
-    std::uint64_t Node = 0;
-    friend bool operator==(const FileIdentity& a, const FileIdentity& b) {
-        return a.Device == b.Device && a.Node == b.Node;
-    }
-};
 
 /// False when the path cannot be read. Follows symbolic links.
 bool IdentityOf(TextView path, FileIdentity& identity);

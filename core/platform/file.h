@@ -7,6 +7,23 @@
 
 namespace mdlPLM {
 
+/// What identifies a file or folder, whatever name it is reached by.
+struct FileIdentity {
+    std::uint64_t Device = 0;
+    std::uint64_t Node = 0;
+    friend bool operator==(const FileIdentity& a, const FileIdentity& b) {
+        return a.Device == b.Device && a.Node == b.Node;
+    }
+};
+
+/// What a file was like when it was looked at: whatever changes it changes this.
+struct FileState {
+    FileIdentity Identity;
+    std::int64_t Size = 0;        ///< bytes
+    std::int64_t ChangeTime = 0;  ///< nanoseconds since 1970, of the last change of anything
+    std::int64_t WriteTime = 0;   ///< the same, of its contents
+};
+
 class File {
 public:
     enum class Mode {
@@ -25,8 +42,27 @@ public:
     /// Opens `path`. A folder is refused with PathFileAccess.
     Status Open(TextView path, Mode mode);
     [[nodiscard]] bool IsOpen() const { return handle_ != Closed; }
-    /// Length in bytes at the moment of opening.
-    [[nodiscard]] std::int64_t Size() const { return size_; }
+    /// Length in bytes when it was last looked at, as a rule at the moment of opening.
+    [[nodiscard]] std::int64_t Size() const { return state_.Size; }
+    [[nodiscard]] const FileIdentity& Identity() const { return state_.Identity; }
+
+    /// Asks other programs not to write to the file until it is closed. FileAlreadyOpen when one of
+    /// them has asked first. Only programs that ask as well are kept away, and a file system that
+    /// knows no locks keeps nobody away: no failure. For a file that is open for writing.
+    Status Lock();
+    /// True when another program has asked so.
+    [[nodiscard]] bool IsLockedByAnother() const;
+
+    /// Looks at the file once more, after changes of our own.
+    Status LookAgain();
+    /// The same after a rename of our own: a change of the contents that was not ours still shows.
+    void LookAgainAfterRename();
+    /// `unchanged`: nothing of the file has been changed since it was last looked at: neither its
+    /// bytes nor its name.
+    Status Compare(bool& unchanged) const;
+    /// The same, and `path`, links followed, leads to it. A path that leads nowhere any more is no
+    /// error.
+    Status CompareAt(TextView path, bool& unchanged) const;
 
     /// Reads up to `count` bytes at `offset` (0-based) into `out` (resized to what was read; a file
     /// that ends earlier gives fewer bytes and no error). A negative offset is BadRecordNumber.
@@ -37,7 +73,7 @@ public:
     /// Writes all of `bytes` at `offset`; a short write is an error (DiskFull when it is that).
     Status WriteAt(std::int64_t offset, BytesView bytes);
 
-    /// Cuts the file to `size` bytes or lengthens it with NULs; Size() stays that of opening.
+    /// Cuts the file to `size` bytes or lengthens it with NULs; Size() stays as it was looked at.
     Status SetSize(std::int64_t size);
 
     /// Waits until what was written is on the disk. Failures are reported, not swallowed.
@@ -47,10 +83,10 @@ public:
     Status Close();
 
 private:
-    friend Status DeleteAndWrite(TextView path, const File& old, BytesView contents);
+    friend class Rewrite;
     static constexpr int Closed = -1;
     int handle_ = Closed;
-    std::int64_t size_ = 0;
+    FileState state_;
 };
 
 }  // namespace mdlPLM

@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <ctime>
 #include <utility>
 
 #include "core/platform/file.h"
@@ -25,17 +27,42 @@ std::size_t CountWithinFile(int handle, std::int64_t offset, std::size_t count) 
     return std::min(count, static_cast<std::size_t>(rest));
 }
 
+std::int64_t Nanoseconds(const timespec& time) {
+    constexpr std::int64_t second = 1'000'000'000;
+    return std::int64_t{time.tv_sec} * second + time.tv_nsec;
+}
+
+FileState StateOf(const struct stat& data) {
+    return {{data.st_dev, data.st_ino},
+            data.st_size,
+            Nanoseconds(data.st_ctim),
+            Nanoseconds(data.st_mtim)};
+}
+
+bool IsSameState(const FileState& a, const FileState& b) {
+    return a.Identity == b.Identity && a.Size == b.Size && a.ChangeTime == b.ChangeTime;
+}
+
+// A lock of the open file, not of the process: a second opening of the same file in this program
+// meets it as well. The whole file, however long it becomes.
+struct flock WholeFile() {
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    return lock;
+}
+
 bool HoldsBytes(mode_t mode) { return !S_ISDIR(mode) && !S_ISFIFO(mode) && !S_ISSOCK(mode); }
 
 }  // namespace
 
-File::File(File&& other) noexcept : handle_(other.handle_), size_(other.size_) {
+File::File(File&& other) noexcept : handle_(other.handle_), state_(other.state_) {
     other.handle_ = Closed;
 }
 
 File& File::operator=(File&& other) noexcept {
     std::swap(handle_, other.handle_);
-    std::swap(size_, other.size_);
+    std::swap(state_, other.state_);
     return *this;
 }
 
@@ -51,8 +78,56 @@ Status File::Open(TextView path, Mode mode) {
     if (::fstat(handle.Get(), &data) != 0) return posix::LastError();
     if (!HoldsBytes(data.st_mode)) return ErrorNumber::PathFileAccess;
     handle_ = handle.Release();
-    size_ = data.st_size;
+    state_ = StateOf(data);
     return {};
+}
+
+Status File::Lock() {
+#ifdef F_OFD_SETLK
+    struct flock lock = WholeFile();
+    if (::fcntl(handle_, F_OFD_SETLK, &lock) == 0) return {};
+    return errno == EAGAIN || errno == EACCES ? ErrorNumber::FileAlreadyOpen : ErrorNumber::None;
+#else
+    return {};
+#endif
+}
+
+bool File::IsLockedByAnother() const {
+#ifdef F_OFD_SETLK
+    struct flock lock = WholeFile();
+    return ::fcntl(handle_, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+#else
+    return false;
+#endif
+}
+
+Status File::LookAgain() {
+    struct stat data {};
+    if (::fstat(handle_, &data) != 0) return posix::LastError();
+    state_ = StateOf(data);
+    return {};
+}
+
+void File::LookAgainAfterRename() {
+    const FileState before = state_;
+    if (LookAgain().Ok() && state_.Size == before.Size && state_.WriteTime == before.WriteTime)
+        return;
+    state_ = before;
+}
+
+// What takes a file's name away, or gives the name to another file, changes its time of change.
+Status File::Compare(bool& unchanged) const {
+    struct stat data {};
+    if (::fstat(handle_, &data) != 0) return posix::LastError();
+    unchanged = data.st_nlink > 0 && IsSameState(StateOf(data), state_);
+    return {};
+}
+
+Status File::CompareAt(TextView path, bool& unchanged) const {
+    struct stat data {};
+    const bool there = ::stat(posix::SystemPath(path).c_str(), &data) == 0;
+    unchanged = there && IsSameState(StateOf(data), state_);
+    return there || errno == ENOENT || errno == ENOTDIR ? Status() : posix::LastError();
 }
 
 Status File::ReadAt(std::int64_t offset, std::size_t count, Bytes& out) const {

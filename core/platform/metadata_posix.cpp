@@ -29,6 +29,15 @@ void CopyAttribute(int from, int to, const char* name) {
     const ssize_t got = ::fgetxattr(from, name, value.data(), value.size());
     if (got >= 0) (void)::fsetxattr(to, name, value.data(), static_cast<std::size_t>(got), 0);
 }
+
+bool HasAccessList(int file) { return ::fgetxattr(file, AccessList, nullptr, 0) >= 0; }
+
+// A folder may give every new file a list, but this one is new by its number only.
+void DropAccessListOfFolder(int from, int to) {
+    if (HasAccessList(to) && !HasAccessList(from)) (void)::fremovexattr(to, AccessList);
+}
+#else
+void DropAccessListOfFolder(int /*from*/, int /*to*/) {}
 #endif
 
 // What the system refuses to a plain user (another owner) is left as it is.
@@ -60,6 +69,7 @@ void CopyExtendedAttributes(int from, int to) {
 
 void CopyMetadata(const struct stat& old, int from, int to) {
     KeepOwner(old, to);
+    DropAccessListOfFolder(from, to);
     CopyExtendedAttributes(from, to);
     (void)::fchmod(to, old.st_mode & Permissions);
 }

@@ -17,13 +17,6 @@ Status ReadRecord(const File& file, ID3v1Tag& tag) {
     return status;
 }
 
-Status WriteTrailer(File& file, const ID3v1Tag& tag) {
-    Bytes old;
-    const Status status = ReadTrailer(file, old);
-    if (!status.Ok()) return status;
-    return ApplyPatches(file, {{TrailerPlace(file, old), RenderID3v1(tag)}});
-}
-
 }  // namespace
 
 std::int64_t TrailerPlace(const File& file, BytesView lastBytes) {
@@ -43,6 +36,13 @@ Status ReadTrailer(const File& file, Bytes& trailer) {
     return trailer.size() == ID3v1Size ? Status() : Status(ErrorNumber::InputPastEnd);
 }
 
+Status WriteTrailer(File& file, const ID3v1Tag& tag) {
+    Bytes old;
+    const Status status = ReadTrailer(file, old);
+    if (!status.Ok()) return status;
+    return ApplyPatches(file, {{TrailerPlace(file, old), RenderID3v1(tag)}});
+}
+
 ID3v1Tag ReadID3v1(TextView path, ErrorSink& errors) {
     ID3v1Tag tag;
     File file;
@@ -60,6 +60,7 @@ ID3v1Tag ReadID3v1(TextView path, ErrorSink& errors) {
 bool WriteID3v1(TextView path, const ID3v1Tag& tag, ErrorSink& errors) {
     File file;
     Status status = file.Open(path, File::Mode::ReadWrite);
+    if (status.Ok()) status = file.Lock();
     if (status.Ok()) status = WriteTrailer(file, tag);
     if (status.Ok()) status = file.Close();
     if (!status.Ok()) errors.Report(status.Number(), path);

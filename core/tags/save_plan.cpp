@@ -80,7 +80,7 @@ private:
     }
 
     void PlanRewrite() {
-        plan_.Way = old_.HasV1 || old_.HasV2 ? SaveWay::Rewrite : SaveWay::Over;
+        plan_.Way = SaveWay::Rewrite;
         if (modes_.V2 == TagMode::Write)
             PutHead(std::min<std::int64_t>(LengthOf(frames_), MostRoom));
         const std::int64_t end = modes_.V1 == TagMode::Leave ? old_.Size : AudioEnd(old_);

@@ -30,8 +30,7 @@ enum class SaveWay {
     Refused,  ///< the old file cannot be saved to, see SavePlan::Error
     InPlace,  ///< the bytes of the file change where they are
     Shorten,  ///< the trailer is cut off, everything before it stays
-    Rewrite,  ///< the file is deleted, then written anew
-    Over,     ///< nothing of a file without tags goes: written anew over it, from its start
+    Rewrite,  ///< a new file is made, which takes the name of the old one
 };
 
 struct SavePlan {

@@ -1,9 +1,9 @@
 #include "core/tags/save_tags.h"
 
-#include <exception>
-
-#include "core/platform/delete_and_write.h"
+#include "core/platform/rewrite.h"
+#include "core/tags/open_save.h"
 #include "core/tags/patches.h"
+#include "core/tags/save_group.h"
 #include "core/tags/tag_file.h"
 
 namespace mdlPLM {
@@ -42,118 +42,136 @@ std::vector<Bytes> BytesBefore(const SavePlan& plan, const FileTags& tags) {
     return old;
 }
 
-// The whole new file. A file that has become shorter than the plan knows it is an error.
-Status NewContents(const File& file, const SavePlan& plan, Bytes& contents) {
-    const auto carried = static_cast<std::size_t>(plan.CarriedLength);
-    try {
-        contents.reserve(static_cast<std::size_t>(plan.NewSize));
-        contents.append(plan.Head).resize(plan.Head.size() + carried);
-        std::size_t got = 0;
-        char* const place = contents.data() + plan.Head.size();
-        const Status status = file.ReadAt(plan.CarriedFrom, carried, place, got);
-        if (!status.Ok()) return status;
-        if (got < carried) return ErrorNumber::InputPastEnd;
-        contents.append(plan.Trailer);
-    } catch (const std::exception&) {
-        return ErrorNumber::OutOfMemory;
-    }
-    return {};
+Status ApplyPlan(const OpenTags& opened, const SavePlan& plan) {
+    const std::vector<Patch> patches = PatchesOf(plan);
+    if (opened.Tags == nullptr) return ApplyPatches(opened.Source, patches);
+    return ApplyPatches(opened.Source, patches, [&] { return BytesBefore(plan, *opened.Tags); });
 }
 
-// All of the old file is carried over, so that it can be put back when the write fails.
-Status WriteOver(File& file, const SavePlan& plan, BytesView contents) {
-    const Status status = file.WriteAt(0, contents);
-    if (status.Ok()) return status;
-    const auto length = static_cast<std::size_t>(plan.CarriedLength);
-    (void)file.WriteAt(0, contents.substr(plan.Head.size(), length));
-    (void)file.SetSize(plan.CarriedLength);
-    return status;
-}
-
-Status WriteAnew(TextView path, File& file, const SavePlan& plan) {
-    Bytes contents;
-    if (const Status status = NewContents(file, plan, contents); !status.Ok()) return status;
-    return plan.Way == SaveWay::Over ? WriteOver(file, plan, contents)
-                                     : DeleteAndWrite(path, file, contents);
-}
-
-// `known` is what was read from this file; null: it has to be looked at.
-Status Perform(TextView path, File& file, const SavePlan& plan, const FileTags* known) {
-    switch (plan.Way) {
-        case SaveWay::InPlace:
-            if (known == nullptr) return ApplyPatches(file, PatchesOf(plan));
-            return ApplyPatches(file, PatchesOf(plan), [&] { return BytesBefore(plan, *known); });
-        case SaveWay::Shorten:
-            return file.SetSize(plan.NewSize);
-        case SaveWay::Rewrite:
-        case SaveWay::Over:
-            return WriteAnew(path, file, plan);
-        case SaveWay::Refused:
-        case SaveWay::NoWork:
-            break;
-    }
-    return plan.Error;
-}
-
-SaveResult ResultOf(Status status) {
-    if (status.Ok()) return {SaveOutcome::Written, ErrorNumber::None};
-    return {SaveOutcome::Failed, status.Number()};
-}
-
-// What is asked of one file.
-struct Wish {
-    TextView Path;
-    const ID3v1Tag& V1;
-    const ID3v2Tag& V2;
-    SaveModes Modes;
+// A row of the enum each; the first has no text of its own.
+constexpr const char* ObstacleTexts[] = {
+    nullptr,
+    PLM_TRANSLATE(
+        "Texts",
+        "Another program is writing to this file. Nothing was written; save it again when "
+        "that program is done."),
+    PLM_TRANSLATE("Texts",
+                  "Another program changed, moved or removed this file meanwhile. Nothing was "
+                  "written; look at the file and save it again."),
+    PLM_TRANSLATE("Texts", "The work was stopped before this file was written. It is as it was."),
 };
 
-// Opens the file as for writing and works out what is to be done with it; nothing is changed yet.
-Status Prepare(const Wish& wish, File& file, SavePlan& plan) {
-    if (wish.Modes.V1 == TagMode::Leave && wish.Modes.V2 == TagMode::Leave) return {};
-    OldFile old;
-    Status status = file.Open(wish.Path, File::Mode::ReadWrite);
-    if (status.Ok()) status = LookAt(file, old);
-    if (status.Ok()) plan = PlanSave(old, wish.V1, wish.V2, wish.Modes);
-    return status.Ok() ? plan.Error : status;
+Text ObstacleText(SaveObstacle obstacle, const Language& words) {
+    return words(ObstacleTexts[static_cast<std::size_t>(obstacle)]);
+}
+
+bool IsAnythingAsked(SaveModes modes) {
+    return modes.V1 != TagMode::Leave || modes.V2 != TagMode::Leave;
+}
+
+SaveResult ResultOfLook(Status looked) { return looked.Ok() ? SaveResult() : FailedSave(looked); }
+
+// Opens the file as for writing and works out what would be done with it.
+SaveResult Try(TextView path, const TagChange& change, SavePlan& plan) {
+    File file;
+    const Status opened = file.Open(path, File::Mode::ReadWrite);
+    if (!opened.Ok()) return FailedSave(opened);
+    if (file.IsLockedByAnother())
+        return FailedSave(ErrorNumber::FileAlreadyOpen, SaveObstacle::InUse);
+    Status status = PlanOpenSave({path, file}, change, plan);
+    if (status.Ok() && plan.Way == SaveWay::Rewrite)
+        status = Rewrite::Check(path, file, plan.NewSize);
+    return SavedBy(status);
 }
 
 }  // namespace
 
+SaveResult FailedSave(Status status, SaveObstacle obstacle) {
+    return {SaveOutcome::Failed, status.Number(), obstacle};
+}
+
+SaveResult ChangedSave() { return FailedSave(ErrorNumber::PathFileAccess, SaveObstacle::Changed); }
+
+SaveResult LookBeforeWriting(const File& file) {
+    bool unchanged = false;
+    const Status looked = file.Compare(unchanged);
+    return looked.Ok() && !unchanged ? ChangedSave() : ResultOfLook(looked);
+}
+
+SaveResult LookBeforeNaming(const File& file, TextView path) {
+    bool unchanged = false;
+    const Status looked = file.CompareAt(path, unchanged);
+    return looked.Ok() && !unchanged ? ChangedSave() : ResultOfLook(looked);
+}
+
+SaveResult SavedBy(Status status) {
+    return status.Ok() ? SaveResult{SaveOutcome::Written} : FailedSave(status);
+}
+
+Text ReasonOf(const SaveResult& result, const Language& words) {
+    return result.Obstacle == SaveObstacle::None ? words(Describe(result.Error))
+                                                 : ObstacleText(result.Obstacle, words);
+}
+
+Text SaveMessage(const SaveResult& result, const Language& words) {
+    return result.Obstacle == SaveObstacle::None ? ErrorMessage(result.Error)
+                                                 : ObstacleText(result.Obstacle, words);
+}
+
+Status PlanOpenSave(const OpenTags& opened, const TagChange& change, SavePlan& plan) {
+    OldFile old;
+    if (const FileTags* const tags = opened.Tags) {
+        old = {tags->FileSize, tags->V1.Present(), tags->V2.Present(), tags->V2Length};
+    } else if (const Status status = LookAt(opened.Source, old); !status.Ok()) {
+        return status;
+    }
+    plan = PlanSave(old, change.V1, change.V2, change.Modes);
+    return plan.Error;
+}
+
+SaveResult SaveInPlace(const OpenTags& opened, const SavePlan& plan) {
+    if (plan.Way == SaveWay::NoWork) return {};
+    const SaveResult looked = LookBeforeWriting(opened.Source);
+    if (looked.Outcome == SaveOutcome::Failed) return looked;
+    Status status = plan.Way == SaveWay::Shorten ? opened.Source.SetSize(plan.NewSize)
+                                                 : ApplyPlan(opened, plan);
+    if (status.Ok()) status = opened.Source.Close();
+    return SavedBy(status);
+}
+
 SaveResult SaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes) {
+    if (!IsAnythingAsked(modes)) return {};
+    SaveGroup group;
     File file;
-    SavePlan plan;
-    Status status = Prepare({path, v1, v2, modes}, file, plan);
-    if (status.Ok() && plan.Way == SaveWay::NoWork) return {};
-    if (status.Ok()) status = Perform(path, file, plan, nullptr);
-    if (status.Ok()) status = file.Close();
-    return ResultOf(status);
+    const SaveResult opened = group.Open(path, file);
+    if (opened.Outcome == SaveOutcome::Failed) return opened;
+    return SaveTags({path, file}, {v1, v2, modes});
 }
 
 SaveResult SaveTags(const OpenTags& opened, const TagChange& change) {
-    const FileTags& tags = opened.Tags;
-    const OldFile old{tags.FileSize, tags.V1.Present(), tags.V2.Present(), tags.V2Length};
-    const SavePlan plan = PlanSave(old, change.V1, change.V2, change.Modes);
-    if (plan.Way == SaveWay::NoWork) return {};
-    Status status = Perform(opened.Path, opened.Source, plan, &tags);
-    if (status.Ok()) status = opened.Source.Close();
-    return ResultOf(status);
+    SaveGroup group;
+    group.Save(opened, change);
+    group.Commit();
+    SaveResult result;
+    (void)group.Take(result);
+    return result;
 }
 
 SaveResult TrySaveTags(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes) {
-    File file;
+    if (!IsAnythingAsked(modes)) return {};
     SavePlan plan;
-    const Status status = Prepare({path, v1, v2, modes}, file, plan);
-    if (status.Ok() && plan.Way == SaveWay::NoWork) return {};
-    return ResultOf(status);
+    const SaveResult tried = Try(path, {v1, v2, modes}, plan);
+    return tried && plan.Way == SaveWay::NoWork ? SaveResult() : tried;
 }
 
 SaveResult TryWriteID3v1(TextView path) {
     File file;
     Bytes trailer;
     Status status = file.Open(path, File::Mode::ReadWrite);
+    if (status.Ok() && file.IsLockedByAnother())
+        return FailedSave(ErrorNumber::FileAlreadyOpen, SaveObstacle::InUse);
     if (status.Ok()) status = ReadTrailer(file, trailer);
-    return ResultOf(status);
+    return SavedBy(status);
 }
 
 }  // namespace mdlPLM

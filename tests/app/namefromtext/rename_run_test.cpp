@@ -4,6 +4,7 @@
 
 #include "core/tags/file_tags.h"
 #include "core/text/code_page.h"
+#include "tests/support/child_process.h"
 #include "tests/support/recording_disk.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/tag_bytes.h"
@@ -367,7 +368,7 @@ TEST(RenameRun, AFileThatVanishedIsPassedOver) {
     EXPECT_EQ(SummaryText(report), u"1 missing");
 }
 
-TEST(RenameRun, AttributesAreSetOnTheOldFileWhenFilenamesAreFixed) {
+TEST(RenameRun, AttributesAreSetAfterTheRenameWhenFilenamesAreFixed) {
     const auto attributes = [](bool convert, bool set) {
         Running running;
         running.Choices.chkConvert = convert;
@@ -376,15 +377,27 @@ TEST(RenameRun, AttributesAreSetOnTheOldFileWhenFilenamesAreFixed) {
         running.AddFile(u"a.mp3", u"1.mp3");
         running.Run();
         const std::vector<DiskCall> changes = running.Files.Changes();
-        EXPECT_EQ(changes.back().Operation, DiskOperation::Rename);
+        EXPECT_EQ(changes[0].Operation, DiskOperation::Rename);
         if (changes.size() == 1) return -1;
-        EXPECT_EQ(changes[0].Operation, DiskOperation::SetAttributes);
-        EXPECT_EQ(changes[0].Path, running.Folder / u"a.mp3");
-        return changes[0].Attributes;
+        EXPECT_EQ(changes[1].Operation, DiskOperation::SetAttributes);
+        EXPECT_EQ(changes[1].Path, running.Folder / u"1.mp3");
+        return changes[1].Attributes;
     };
     EXPECT_EQ(attributes(true, true), ReadOnly + Archive);
     EXPECT_EQ(attributes(false, true), -1);
     EXPECT_EQ(attributes(true, false), -1);
+}
+
+TEST(RenameRun, AFileThatKeepsItsNameGetsItsAttributesThere) {
+    Running running;
+    running.Ask.Answers = {Answer::No};
+    running.Choices.chkConvert = running.Values.bSetAttributes = true;
+    running.AddFile(u"a.mp3", u"1.mp3");
+    WriteFile(running.Folder / u"1.mp3", "other");
+    EXPECT_EQ(running.Run().Kept, 1U);
+    const std::vector<DiskCall> changes = running.Files.Changes();
+    ASSERT_EQ(changes.size(), 1U);
+    EXPECT_EQ(changes[0].Path, running.Folder / u"a.mp3");
 }
 
 TEST(RenameRun, AnAttributeThatCannotBeSetStopsNothing) {
@@ -559,6 +572,161 @@ TEST(RenameRun, OtherFramesAreCarriedOverOrLeftOut) {
         tagging.Run();
         EXPECT_EQ(tagging.Read(NewName).V2.Title, "Own Title");
         EXPECT_EQ(ReadFile(tagging.Folder / NewName).find("hidden words") == Bytes::npos, remove);
+    }
+}
+
+constexpr TextView NextName = u"08 - Abba - Fernando.mp3";
+
+TEST(RenameRun, ReadOnlyIsSetAfterTheTagsSoThatEverybodyCanWriteThem) {
+    for (const bool protectedBefore : {false, true}) {
+        for (const bool first : {false, true}) {
+            Tagging tagging(first, true);
+            tagging.Choices.chkConvert = tagging.Values.bSetAttributes = true;
+            tagging.Values.bReadOnly = true;
+            tagging.AddAudio(u"a.mp3", NewName);
+            if (protectedBefore) {
+                ASSERT_TRUE(tagging.Files.SetAttributes(tagging.Folder / u"a.mp3", ReadOnly).Ok());
+            }
+            EXPECT_EQ(RunInChild([&] {
+                          ObeyPermissions();
+                          const RunReport report = tagging.Run();
+                          return static_cast<int>(report.Failures.size() + tagging.Ask.Log.size());
+                      }),
+                      0);
+            EXPECT_EQ(tagging.Read(NewName).V1.Present(), first);
+            EXPECT_EQ(tagging.Read(NewName).V2.Title, "Waterloo");
+            EXPECT_EQ(GetAttributes(tagging.Folder / NewName), ReadOnly);
+        }
+    }
+}
+
+TEST(RenameRun, AProtectedFileStaysSoWhereNoAttributesAreSet) {
+    Tagging tagging;
+    tagging.AddAudio(u"a.mp3", NewName);
+    ASSERT_TRUE(tagging.Files.SetAttributes(tagging.Folder / u"a.mp3", ReadOnly).Ok());
+    EXPECT_EQ(RunInChild([&] {
+                  ObeyPermissions();
+                  (void)tagging.Run();
+                  const Text denied = ErrorMessage(ErrorNumber::PermissionDenied);
+                  return tagging.Ask.Bodies() == std::vector<Text>{denied, denied} ? 0 : 1;
+              }),
+              0);
+    EXPECT_EQ(tagging.Left(), (Tree{{ToUtf8(NewName), Tagging::Audio()}}));
+}
+
+TEST(RenameRun, TagsOfManyFilesAreWrittenTogetherAndThenSettled) {
+    Tagging tagging(false, true);
+    tagging.AddAudio(u"a.mp3", NewName);
+    tagging.AddAudio(u"b.mp3", NextName);
+    RenameRun run = tagging.Start();
+    EXPECT_TRUE(run.Step());
+    EXPECT_TRUE(run.Step());
+    EXPECT_EQ(run.Done(), 2U);
+    EXPECT_EQ(run.Settled(), 0U);
+    EXPECT_FALSE(run.Report().Completed);
+    EXPECT_EQ(tagging.Left().size(), 4U);
+    while (run.Step()) continue;
+    EXPECT_EQ(run.Settled(), 2U);
+    EXPECT_TRUE(run.Report().Completed);
+    EXPECT_EQ(tagging.Left().size(), 2U);
+    EXPECT_EQ(tagging.Read(NewName).V2.Title, "Waterloo");
+    EXPECT_EQ(tagging.Read(NextName).V2.Title, "Fernando");
+}
+
+TEST(RenameRun, StoppedTheTagsThatWaitAreWritten) {
+    Tagging tagging(false, true);
+    tagging.AddAudio(u"a.mp3", NewName);
+    tagging.AddAudio(u"b.mp3", NextName);
+    RenameRun run = tagging.Start();
+    run.Step();
+    run.Stop();
+    EXPECT_FALSE(run.Finished());
+    while (run.Step()) continue;
+    EXPECT_EQ(tagging.Read(NewName).V2.Title, "Waterloo");
+    EXPECT_EQ(ReadFile(tagging.Folder / u"b.mp3"), Tagging::Audio());
+    EXPECT_TRUE(run.Report().Stopped);
+    EXPECT_FALSE(run.Report().Completed);
+}
+
+TEST(RenameRun, AFileWhoseTagsWaitGetsThemBeforeItIsHandledAgain) {
+    Tagging tagging(false, true);
+    tagging.AddAudio(u"a.mp3", NewName);
+    tagging.Add(NewName, NextName);
+    tagging.Run();
+    EXPECT_EQ(tagging.Left().size(), 1U);
+    EXPECT_EQ(tagging.Read(NextName).V2.Title, "Waterloo");
+    EXPECT_TRUE(tagging.Ask.Log.empty());
+}
+
+// Notes how many files wait when a question comes.
+class LookingPrompts final : public Prompts {
+public:
+    explicit LookingPrompts(const TempFolder& folder) : folder_(folder) {}
+    Answer AskYesNo(const Message& /*question*/) override { return Answer::No; }
+    Answer AskYesNoCancel(const Message& /*question*/) override {
+        Seen = ListTree(folder_.Path());
+        return Answer::Yes;
+    }
+    void Inform(const Message& /*message*/) override {}
+    void Critical(const Message& /*message*/) override {}
+    std::optional<Text> AskText(const Message& /*question*/) override { return {}; }
+    std::vector<Bytes> Seen;
+
+private:
+    const TempFolder& folder_;
+};
+
+TEST(RenameRun, NothingWaitsWhileTheUserIsAsked) {
+    Tagging tagging(false, true);
+    tagging.AddAudio(u"a.mp3", NewName);
+    tagging.AddAudio(u"b.mp3", NewName);
+    LookingPrompts prompts(tagging.Folder);
+    RenameRun run(tagging.Pairs, tagging.Choices, tagging.Values, tagging.Files, prompts);
+    while (run.Step()) continue;
+    EXPECT_EQ(prompts.Seen, (std::vector<Bytes>{ToUtf8(NewName), "b.mp3"}));
+    EXPECT_EQ(run.Report().Renamed, 2U);
+}
+
+TEST(RenameRun, FailuresAreToldInTheOrderOfThePairs) {
+    Tagging tagging(false, true);
+    tagging.AddAudio(u"a.mp3", NewName);
+    tagging.AddAudio(u"b.mp3", u"x/y.mp3");
+    RenameRun run = tagging.Start();
+    run.Step();
+    WriteFile(tagging.Folder / NewName, "changed by another");
+    while (run.Step()) continue;
+    ASSERT_EQ(run.Report().Failures.size(), 2U);
+    EXPECT_EQ(run.Report().Failures[0].Pair, 0U);
+    EXPECT_EQ(run.Report().Failures[0].Path, tagging.Folder / NewName);
+    EXPECT_EQ(run.Report().Failures[1].Pair, 1U);
+    EXPECT_EQ(tagging.Ask.Log[0].What.Detail, tagging.Folder / NewName);
+    EXPECT_EQ(ReadFile(tagging.Folder / NewName), "changed by another");
+}
+
+TEST(RenameRun, AFileThatAnotherProgramWritesToKeepsItsTags) {
+    Tagging tagging;
+    tagging.AddAudio(u"a.mp3", NewName);
+    File other;
+    ASSERT_TRUE(other.Open(tagging.Folder / u"a.mp3", File::Mode::ReadWrite).Ok());
+    ASSERT_TRUE(other.Lock().Ok());
+    EXPECT_EQ(tagging.Run().Renamed, 1U);
+    EXPECT_EQ(tagging.Ask.Bodies(),
+              std::vector<Text>{u"Another program is writing to this file. Nothing was written; "
+                                u"save it again when that program is done."});
+    EXPECT_EQ(tagging.Left(), (Tree{{ToUtf8(NewName), Tagging::Audio()}}));
+}
+
+TEST(RenameRun, AFileThatChangesBetweenReadAndWriteKeepsWhatItHolds) {
+    for (const bool first : {false, true}) {
+        Tagging tagging(first, !first);
+        tagging.AddAudio(u"a.mp3", NewName);
+        tagging.Files.Inject = [&](const DiskCall& call, std::size_t) {
+            if (call.Operation == DiskOperation::Rename) WriteFile(call.Path, "changed");
+            return Status();
+        };
+        tagging.Run();
+        EXPECT_EQ(tagging.Ask.Bodies().size(), 1U);
+        EXPECT_EQ(tagging.Left(), (Tree{{ToUtf8(NewName), "changed"}}));
     }
 }
 

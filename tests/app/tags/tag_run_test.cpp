@@ -123,10 +123,10 @@ TEST_F(Run, AGrowingTagIsWrittenToTheOpenFile) {
         change.V2.Title = "New title";
         return change;
     });
-    run.Step();
+    while (run.Step()) continue;
     EXPECT_EQ(run.Report().Written.size(), 1U);
-    EXPECT_EQ(ReadFile(path),
-              BuildTagHeader(40) + BuildFrame("TIT2", "New title") + test::Nuls(20) + audio);
+    EXPECT_TRUE(ReadFile(path) ==
+                BuildTagHeader(40) + BuildFrame("TIT2", "New title") + test::Nuls(20) + audio);
     EXPECT_EQ(ListTree(folder_.Path()), std::vector<Bytes>{"a.mp3"});
 }
 
@@ -179,6 +179,152 @@ TEST_F(Run, TheEditSeesWhatTheFileHolds) {
     EXPECT_EQ(seen.V2.Title, "Title");
     EXPECT_EQ(FieldText(seen.V1.Title), "V1");
     EXPECT_EQ(seen.V2Text.substr(0, tag.size() - 10), tag.substr(10));
+}
+
+// --- files that are written anew ---
+
+const Bytes Audio = Noise(3000);
+
+TagChange FirstTag(TextView /*path*/, const FileTags& tags) {
+    TagChange change{tags.V1, tags.V2, {TagMode::Leave, TagMode::Write}};
+    change.V2.Title = "New title";
+    change.V2.Comments += Bytes(tags.V2Text.size() + 1, 'c');  // never fits into the old tag
+    return change;
+}
+
+class Growing : public Run {
+protected:
+    Growing() {
+        for (const TextView name : {u"a.mp3", u"b.mp3", u"c.mp3"})
+            paths_.push_back(Make(name, Audio));
+    }
+    [[nodiscard]] std::size_t Tagged() const {
+        return static_cast<std::size_t>(
+            std::count_if(paths_.begin(), paths_.end(), [](const Text& path) {
+                const Bytes contents = ReadFile(path);
+                EXPECT_EQ(contents.substr(contents.size() - Audio.size()), Audio);
+                return contents.substr(0, 3) == "ID3";
+            }));
+    }
+    [[nodiscard]] std::vector<Bytes> Names() const { return ListTree(folder_.Path()); }
+    static std::vector<Text> ReasonsOf(const TagRun& run) {
+        std::vector<Text> reasons;
+        for (const FileFailure& failure : run.Report().Failures) reasons.push_back(failure.Reason);
+        return reasons;
+    }
+
+    std::vector<Text> paths_;
+};
+
+const std::vector<Bytes> OnlyTheFiles = {"a.mp3", "b.mp3", "c.mp3"};
+
+TEST_F(Growing, AreToldWhenTheyHaveTheirNamesInTheOrderOfTheFiles) {
+    paths_.push_back(folder_ / u"missing.mp3");
+    std::vector<std::pair<Text, SaveOutcome>> told;
+    TagRun run(paths_, FirstTag);
+    run.TellEach([&](const TagOutcome& outcome) {
+        EXPECT_EQ(paths_[outcome.Place], outcome.Path);
+        EXPECT_EQ(Names(), OnlyTheFiles);
+        told.emplace_back(outcome.Path, outcome.Outcome);
+    });
+    for (int i = 0; i < 3; ++i) EXPECT_TRUE(run.Step());
+    EXPECT_EQ(run.Done(), 3U);
+    EXPECT_TRUE(told.empty());
+    EXPECT_TRUE(run.Report().Written.empty());
+    paths_.pop_back();
+    EXPECT_EQ(Tagged(), 0U);
+    paths_.push_back(folder_ / u"missing.mp3");
+    while (run.Step()) continue;
+    EXPECT_EQ(told, (std::vector<std::pair<Text, SaveOutcome>>{{paths_[0], SaveOutcome::Written},
+                                                               {paths_[1], SaveOutcome::Written},
+                                                               {paths_[2], SaveOutcome::Written},
+                                                               {paths_[3], SaveOutcome::Failed}}));
+    EXPECT_EQ(TagSummaryText(run.Report()), u"3 done, 0 skipped, 1 failed");
+}
+
+TEST_F(Growing, StoppedThoseThatWaitGetTheirNames) {
+    TagRun run(paths_, FirstTag);
+    run.Step();
+    run.Step();
+    run.Stop();
+    EXPECT_FALSE(run.Finished());
+    EXPECT_EQ(run.Current(), u"");
+    while (run.Step()) continue;
+    EXPECT_TRUE(run.Report().Stopped);
+    EXPECT_EQ(run.Report().Written, (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(Tagged(), 2U);
+    EXPECT_TRUE(ReadFile(paths_[2]) == Audio);
+    EXPECT_EQ(Names(), OnlyTheFiles);
+}
+
+TEST_F(Growing, ARunThatGoesInTheMiddleLeavesTheFilesAsTheyWere) {
+    {
+        TagRun run(paths_, FirstTag);
+        run.Step();
+        run.Step();
+    }
+    EXPECT_EQ(Tagged(), 0U);
+    EXPECT_EQ(Names(), OnlyTheFiles);
+}
+
+TEST_F(Growing, AFileThatIsNamedTwiceIsReadAgainAfterItWasWritten) {
+    const Text link = folder_.Link(u"link.mp3", u"a.mp3");
+    std::vector<std::size_t> lengths;
+    TagRun run({paths_[0], link, paths_[0]}, [&](TextView path, const FileTags& tags) {
+        lengths.push_back(tags.V2.Comments.size());
+        return FirstTag(path, tags);
+    });
+    while (run.Step()) continue;
+    EXPECT_EQ(run.Report().Written.size(), 3U);
+    ASSERT_EQ(lengths.size(), 3U);
+    EXPECT_EQ(lengths[0], 0U);
+    EXPECT_LT(lengths[0], lengths[1]);
+    EXPECT_LT(lengths[1], lengths[2]);
+    EXPECT_EQ(Tagged(), 1U);
+}
+
+TEST_F(Growing, AnErrorThatStaysLeavesEveryFileAndEachIsNamed) {
+    TagRun run(paths_, FirstTag);
+    {
+        const test::FileLimit full(Audio.size() + 10);
+        while (run.Step()) continue;
+    }
+    EXPECT_EQ(ReasonsOf(run), std::vector<Text>(3, u"Disk full"));
+    for (std::size_t i = 0; i < paths_.size(); ++i) {
+        EXPECT_EQ(run.Report().Failures[i].Path, paths_[i]);
+        EXPECT_TRUE(ReadFile(paths_[i]) == Audio);
+    }
+    EXPECT_EQ(Names(), OnlyTheFiles);
+}
+
+TEST_F(Growing, AFileThatAnotherProgramChangesBetweenReadAndWriteIsLeftToIt) {
+    const Bytes others = Noise(4000);
+    TagRun run({paths_[0]}, [&](TextView path, const FileTags& tags) {
+        WriteFile(path, others);
+        return FirstTag(path, tags);
+    });
+    while (run.Step()) continue;
+    EXPECT_EQ(ReasonsOf(run),
+              std::vector<Text>{u"Another program changed, moved or removed this file meanwhile. "
+                                u"Nothing was written; look at the file and save it again."});
+    EXPECT_TRUE(ReadFile(paths_[0]) == others);
+    EXPECT_EQ(Names(), OnlyTheFiles);
+}
+
+TEST_F(Growing, TwoRunsAtOnceLoseNothing) {
+    TagRun first(paths_, FirstTag);
+    TagRun second(paths_, FirstTag);
+    while (!first.Finished() || !second.Finished()) {
+        first.Step();
+        second.Step();
+    }
+    EXPECT_EQ(Tagged(), 3U);
+    EXPECT_EQ(Names(), OnlyTheFiles);
+    EXPECT_EQ(first.Report().Written.size(), 3U);
+    EXPECT_EQ(ReasonsOf(second),
+              std::vector<Text>(3,
+                                u"Another program is writing to this file. Nothing was written; "
+                                u"save it again when that program is done."));
 }
 
 TEST(TagFailures, TheMessageStaysShort) {

@@ -36,6 +36,10 @@ ID3v2Tag Titled(BytesView title) {
     return tag;
 }
 
+SaveResult SaveWholly(TextView path, const ID3v1Tag& v1, const ID3v2Tag& v2, SaveModes modes) {
+    return SaveTags(path, v1, v2, modes);
+}
+
 class Saving : public testing::Test {
 protected:
     Text Make(const Bytes& contents) { return folder_.File(u"song.mp3", contents); }
@@ -262,26 +266,25 @@ TEST_F(Saving, AFullDiskWhileRewritingLeavesTheFile) {
     }
 }
 
-// The order is kept on purpose, and there is no temporary file.
-TEST_F(Saving, ARewriteDeletesTheFileThenWritesIt) {
-    const Bytes untagged = Audio + OldTrailer;
-    for (const SaveModes modes : {SaveModes{Write, Write}, SaveModes{Leave, Write}}) {
-        (void)Make(untagged);
-        const test::FolderWatch watch(folder_.Path());
-        EXPECT_EQ(Save(modes).Outcome, SaveOutcome::Written);
-        EXPECT_EQ(watch.Seen(),
-                  (std::vector<Bytes>{"deleted song.mp3", "created song.mp3", "written song.mp3"}));
+TEST_F(Saving, WhatIsWrittenAnewTakesItsNameInOneStepAndIsNeverDeleted) {
+    const Bytes small = WholeTag(test::TextFrame("TIT2", "a"));
+    for (const Bytes& before : {Audio, Audio + OldTrailer, small + Audio}) {
+        for (const SaveModes modes : {SaveModes{Write, Write}, SaveModes{Leave, Write}}) {
+            (void)Make(before);
+            const test::FolderWatch watch(folder_.Path());
+            EXPECT_EQ(Save(modes).Outcome, SaveOutcome::Written);
+            const std::vector<Bytes> seen = watch.Seen();
+            ASSERT_FALSE(seen.empty());
+            const Bytes made = seen[0].substr(std::size("created ") - 1);
+            EXPECT_EQ(made.substr(0, 4) + made.substr(made.size() - 4), "plm-.tmp");
+            EXPECT_EQ(seen, (std::vector<Bytes>{"created " + made, "written " + made,
+                                                "renamed away " + made, "renamed to song.mp3",
+                                                "written song.mp3"}));
+        }
     }
 }
 
-TEST_F(Saving, AFileWithoutTagsIsWrittenOverAndNotDeleted) {
-    (void)Make(Audio);
-    const test::FolderWatch watch(folder_.Path());
-    EXPECT_EQ(Save({Write, Write}).Outcome, SaveOutcome::Written);
-    EXPECT_EQ(watch.Seen(), std::vector<Bytes>{"written song.mp3"});
-}
-
-TEST_F(Saving, AFullDiskWhileWritingOverAFileWithoutTagsLeavesIt) {
+TEST_F(Saving, AFullDiskWhileTheFirstTagIsWrittenLeavesTheFile) {
     const Text path = Make(Audio);
     for (const rlim_t most : {rlim_t{0}, rlim_t{40}, rlim_t{Audio.size()}}) {
         const test::FileLimit limit(most);
@@ -327,22 +330,27 @@ TEST_F(Saving, AWriteProtectedFileFailsAndStays) {
     }
 }
 
-TEST_F(Saving, InAWriteProtectedFolderWhatMustBeDeletedFailsAndWhatNeedNotIsWritten) {
+TEST_F(Saving, InAWriteProtectedFolderWhatIsWrittenAnewFailsAndWhatGoesInPlaceIsWritten) {
     const Text path = folder_.File(u"closed/song.mp3", Audio + OldTrailer);
     const Text untagged = folder_.File(u"closed/bare.mp3", Audio);
     const Text inPlace = folder_.File(u"closed/room.mp3", OldTag + Audio);
     ASSERT_EQ(::chmod(NativePath(folder_ / u"closed").c_str(), 0555), 0);
-    const auto save = [](const Text& file) {
-        return SaveTags(file, ID3v1Tag(), Titled("New title"), {Leave, Write}).Outcome;
+    const auto errorOf = [](const Text& file, auto save) {
+        return RunInChild([&] {
+            ObeyPermissions();
+            const SaveResult result = save(file, ID3v1Tag(), Titled("New title"), {Leave, Write});
+            return static_cast<int>(result.Error);
+        });
     };
-    EXPECT_EQ(RunInChild([&] {
-                  ObeyPermissions();
-                  const bool kept = save(path) == SaveOutcome::Failed;
-                  const bool written = save(inPlace) == SaveOutcome::Written;
-                  return kept && written && save(untagged) == SaveOutcome::Written ? 0 : 1;
-              }),
-              0);
+    constexpr auto denied = static_cast<int>(ErrorNumber::PermissionDenied);
+    for (const Text& file : {path, untagged}) {
+        EXPECT_EQ(errorOf(file, TrySaveTags), denied);
+        EXPECT_EQ(errorOf(file, SaveWholly), denied);
+    }
+    EXPECT_EQ(errorOf(inPlace, TrySaveTags), 0);
+    EXPECT_EQ(errorOf(inPlace, SaveWholly), 0);
     EXPECT_TRUE(ReadFile(path) == Audio + OldTrailer);
+    EXPECT_TRUE(ReadFile(untagged) == Audio);
     EXPECT_EQ(ListTree(folder_ / u"closed"),
               (std::vector<Bytes>{"bare.mp3", "room.mp3", "song.mp3"}));
     ASSERT_EQ(::chmod(NativePath(folder_ / u"closed").c_str(), 0755), 0);
@@ -376,6 +384,61 @@ TEST_F(Saving, ThroughASymbolicLinkTheFileItselfIsWritten) {
     EXPECT_TRUE(SaveTags(link, ID3v1Tag(), Titled("New title"), {Leave, Write}));
     EXPECT_EQ(ReadFile(path), NewTag(40, 20) + Audio);
     EXPECT_EQ(ListTree(folder_.Path()), (std::vector<Bytes>{"link.mp3", "real/", "real/song.mp3"}));
+}
+
+TEST_F(Saving, AFileThatAnotherProgramWritesToIsLeftAloneAndThatIsSaid) {
+    for (const Bytes& before : {OldTag + Audio, Audio}) {
+        const Text path = Make(before);
+        File other;
+        ASSERT_TRUE(other.Open(path, File::Mode::ReadWrite).Ok());
+        ASSERT_TRUE(other.Lock().Ok());
+        for (const SaveResult result :
+             {Save({Write, Write}), TryWriteID3v1(path),
+              TrySaveTags(path, ParseID3v1(NewTrailer), Titled("x"), {Write, Write})}) {
+            EXPECT_EQ(result.Outcome, SaveOutcome::Failed);
+            EXPECT_EQ(result.Error, ErrorNumber::FileAlreadyOpen);
+            EXPECT_EQ(ReasonOf(result),
+                      u"Another program is writing to this file. Nothing was written; save it "
+                      u"again when that program is done.");
+        }
+        CollectedErrors errors;
+        EXPECT_FALSE(WriteID3v1(path, ParseID3v1(NewTrailer), errors));
+        EXPECT_EQ(test::NumbersOf(errors), std::vector<ErrorNumber>{ErrorNumber::FileAlreadyOpen});
+        EXPECT_TRUE(ReadFile(path) == before);
+        EXPECT_EQ(ListTree(folder_.Path()), std::vector<Bytes>{"song.mp3"});
+    }
+    EXPECT_TRUE(Save({Write, Write}));
+}
+
+TEST_F(Saving, AFileThatChangedSinceItWasReadIsLeftAloneAndThatIsSaid) {
+    const Bytes other = Noise(5000);
+    for (const Bytes& before : {OldTag + Audio + OldTrailer, Audio}) {
+        for (const bool replaced : {false, true}) {
+            const Text path = Make(before);
+            File file;
+            ASSERT_TRUE(file.Open(path, File::Mode::ReadWrite).Ok());
+            CollectedErrors errors;
+            const FileTags tags = ReadFileTags(file, path, ID3v2Parts::FieldsAndText, errors);
+            if (replaced) {
+                EXPECT_EQ(std::remove(NativePath(path).c_str()), 0);
+            }
+            WriteFile(path, other);
+            const TagChange change{tags.V1, Titled("New title"), {Write, Write}};
+            const SaveResult result = SaveTags({path, file, &tags}, change);
+            EXPECT_EQ(result.Outcome, SaveOutcome::Failed);
+            EXPECT_EQ(SaveMessage(result),
+                      u"Another program changed, moved or removed this file meanwhile. Nothing was "
+                      u"written; look at the file and save it again.");
+            EXPECT_TRUE(ReadFile(path) == other);
+            EXPECT_EQ(ListTree(folder_.Path()), std::vector<Bytes>{"song.mp3"});
+        }
+    }
+}
+
+TEST_F(Saving, TheMessageOfAnErrorHasItsNumber) {
+    const SaveResult full{SaveOutcome::Failed, ErrorNumber::DiskFull};
+    EXPECT_EQ(ReasonOf(full), u"Disk full");
+    EXPECT_EQ(SaveMessage(full), ErrorMessage(ErrorNumber::DiskFull));
 }
 
 TEST_F(Saving, TryingToWriteATrailerTellsTheErrorOfWritingIt) {
