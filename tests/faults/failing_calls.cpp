@@ -171,6 +171,25 @@ int linkat(int fromFolder, const char* from, int toFolder, const char* to, int f
     return Real<Signature>("linkat")(fromFolder, from, toFolder, to, flags);
 }
 
+// Locks alone; what else this call does is not done to files.
+int fcntl(int descriptor, int command, ...) {
+    constexpr int setLock = 37;  // F_OFD_SETLK
+    va_list rest;
+    va_start(rest, command);
+    void* const value = va_arg(rest, void*);
+    va_end(rest);
+    if (command == setLock && FailsOpen("fcntl", Looks, descriptor)) return -1;
+    return Real<int(int, int, ...)>("fcntl")(descriptor, command, value);
+}
+
+int fcntl64(int descriptor, int command, ...) {
+    va_list rest;
+    va_start(rest, command);
+    void* const value = va_arg(rest, void*);
+    va_end(rest);
+    return fcntl(descriptor, command, value);
+}
+
 // renameat2 has no function of its own in every C library.
 long syscall(long number, ...) {
     va_list rest;

@@ -137,23 +137,23 @@ private:
         EXPECT_LE(run_.Status, 2);
     }
 
-    /// From the delete to the end of the write the audio of the one file is in memory only.
-    [[nodiscard]] bool MayBeInMemory() const {
-        if (scenario_.How != Carries::AudioInMemory || run_.Status == 0) return false;
-        if (plan_.What == "full") return true;
-        deleted_ = deleted_ || BeginsWith(run_.Struck, "unlink");
-        return deleted_ && !BeginsWith(run_.Struck, "unlink");
-    }
-
     void ExpectContents() const {
         if (scenario_.How == Carries::Whole) {
             std::multiset<Bytes> lost = Required();
             for (const Bytes& contents : ContentsOf(found_))
                 if (const auto at = lost.find(contents); at != lost.end()) lost.erase(at);
             EXPECT_TRUE(lost.empty()) << "lost: " << InWords(*lost.begin());
-        } else if (!MayBeInMemory()) {
+        } else if (scenario_.How == Carries::Audio) {
             for (const auto& [name, contents] : before_) ExpectAudio(AudioIn(contents));
+        } else {
+            for (const auto& [name, contents] : before_) ExpectOldOrNew(name, contents);
         }
+    }
+
+    void ExpectOldOrNew(const Bytes& name, const Bytes& contents) const {
+        EXPECT_TRUE(IsOf(found_, name, contents) ||
+                    (after_.count(name) > 0 && IsOf(found_, name, after_.at(name))))
+            << name << " holds " << (found_.count(name) > 0 ? InWords(found_.at(name)) : "nothing");
     }
 
     /// What stands before and after when all goes well must stand at every moment.
@@ -217,6 +217,15 @@ private:
             }
         } else if (run_.Status != 0) {
             EXPECT_FALSE(run_.Errors.empty());
+            if (scenario_.How == Carries::OldOrNew) ExpectEachNamed();
+        }
+    }
+
+    void ExpectEachNamed() const {
+        for (const auto& [name, contents] : before_) {
+            if (!IsFolder(name) && IsOf(found_, name, contents) && !IsOf(after_, name, contents)) {
+                EXPECT_NE(run_.Errors.find(name), Bytes::npos) << name << " is not named";
+            }
         }
     }
 
@@ -232,7 +241,6 @@ private:
     FaultPlan plan_;
     StruckRun run_;
     Tree found_;
-    mutable bool deleted_ = false;  // the struck call lies behind the delete
 };
 
 constexpr long FarMoreThanAll = 1000;

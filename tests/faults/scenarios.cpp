@@ -24,6 +24,8 @@ namespace {
 
 constexpr const char* One = "in/abba_-_one.mp3";
 constexpr const char* Two = "in/kent_-_two.mp3";
+constexpr const char* Three = "in/roxette_-_three.mp3";
+constexpr const char* Four = "in/secret_service_-_four.mp3";
 constexpr std::size_t Padding = 300;
 
 // Long enough to be two transfers where half of one is done.
@@ -59,6 +61,16 @@ void MakeFullTag(TextView folder) {
 
 void MakeUntagged(TextView folder) { Make(folder, One, Audio(One)); }
 
+// One has room for more in its tag, the others have to be written anew.
+void MakeBatch(TextView folder) {
+    const Bytes full = WholeTag(TextFrame("TIT2", "Old title"), 0);
+    Make(folder, One, Audio(One));
+    Make(folder, Two, full + Audio(Two) + Trailer("Old title"));
+    Make(folder, Three, WholeTag(TextFrame("TIT2", "Old title"), Padding) + Audio(Three));
+    Make(folder, Four, full + Audio(Four));
+    Make(folder, "out/bystander.mp3", Audio("bystander"));
+}
+
 void MakeList(TextView folder) {
     MakeUntagged(folder);
     Make(folder, "list.srt", "old list\r\n");
@@ -72,6 +84,11 @@ void MakeReplaces(TextView folder) { Make(folder, "replaces.txt", "old\r\nlist\r
 
 void MakeAlbum(TextView folder) {
     MakeTagged(folder);
+    Make(folder, "album.txt", "1. Waterloo\r\n2. Fernando\r\n");
+}
+
+void MakeUntaggedAlbum(TextView folder) {
+    MakeTwo(folder);
     Make(folder, "album.txt", "1. Waterloo\r\n2. Fernando\r\n");
 }
 
@@ -102,11 +119,11 @@ std::function<int()> Sort(const Bytes& method, std::vector<Bytes> more = {}) {
     return Cli(cli::RunSort, arguments);
 }
 
-std::function<int()> Tags(std::vector<Bytes> more) {
+std::function<int()> Tags(std::vector<Bytes> more, const std::vector<Bytes>& files = {One}) {
     // The ten bytes behind an old tag are handed on with its other frames: where those are left
     // out there is room in place.
     more.insert(more.begin(), {"tags", "--no-user-settings", "--setting", "bRemHiddenID3=True"});
-    more.insert(more.end(), {One});
+    more.insert(more.end(), files.begin(), files.end());
     return Cli(cli::RunTags, more);
 }
 
@@ -180,10 +197,18 @@ const std::vector<Scenario>& Scenarios() {
         {"TagsInPlace", MakeTagged, Tags({"--set", "title=New"}), Carries::Audio},
         {"TrailerOnly", MakeTagged, Tags({"--v1", "--set", "title=New"}), Carries::Audio},
         {"TrailerRemoved", MakeTagged, Tags({"--remove", "v1"}), Carries::Audio},
-        {"FirstTags", MakeUntagged, Tags({"--set", "title=New"}), Carries::Audio},
+        {"FirstTags", MakeUntagged, Tags({"--set", "title=New"}), Carries::OldOrNew},
         {"TagsWrittenAnew", MakeFullTag, Tags({"--set", "comment=" + Bytes(400, 'c')}),
-         Carries::AudioInMemory},
-        {"TagRemoved", MakeTagged, Tags({"--remove", "v2"}), Carries::AudioInMemory},
+         Carries::OldOrNew},
+        {"TagsWrittenAnewByBuffer",
+         MakeFullTag,
+         Tags({"--set", "comment=" + Bytes(400, 'c')}),
+         Carries::OldOrNew,
+         {NoKernelCopy}},
+        {"TagRemoved", MakeTagged, Tags({"--remove", "v2"}), Carries::OldOrNew},
+        {"TagsOfABatch", MakeBatch,
+         Tags({"--v2", "--set", "comment=" + Bytes(200, 'c')}, {One, Two, Three, Four}),
+         Carries::OldOrNew},
         {"ListSaved", MakeUntagged, Cli(cli::RunList, {"list", "--output", "list.srt", One})},
         {"ListReplaced", MakeList,
          Cli(cli::RunList, {"list", "--if-exists", "replace", "--output", "list.srt", One})},
@@ -194,6 +219,10 @@ const std::vector<Scenario>& Scenarios() {
          Cli(cli::RunScan,
              {"scan", "--no-user-settings", "--setting", "bRemHiddenID3=True", "album.txt",
               "--in-pattern", "%track. %title.mp3", "--apply", "--to-files", One, Two}),
+         Carries::Audio},
+        {"NamesAndFirstTagsFromText", MakeUntaggedAlbum,
+         Cli(cli::RunScan, {"scan", "--no-user-settings", "album.txt", "--in-pattern",
+                            "%track. %title.mp3", "--apply", "--to-files", One, Two}),
          Carries::Audio},
         {"Batch", MakeTwo, BatchRename, Carries::Whole, {}, false, "in/One - Abba.mp3"},
     };

@@ -12,8 +12,8 @@ namespace mdlPLM::test {
 /// How the files come through.
 enum class Carries {
     Whole,         ///< every file holds what it held, or gives way to another one whole
-    Audio,         ///< tags change around the audio, in one step per file
-    AudioInMemory  ///< the file is deleted and written anew: in between the audio is in memory only
+    OldOrNew,  ///< every file has its old contents or its new ones, whole, under its name
+    Audio,     ///< tags change around the audio
 };
 
 struct Scenario {
