@@ -39,6 +39,7 @@ private slots:
     void ItIsOpenedOnceAtATime();
     void ClosingTheMainWindowClosesIt();
     void ScannedNamesRenameTheFilesOfADroppedFolder();
+    void DroppedFolderThatIsTooDeepIsTold();
     void AnAlbumFromItsTextToTaggedFiles();
     void TheMainWindowRestsDuringARun();
     void NothingChosenInMidRunTakesEffect();
@@ -158,6 +159,15 @@ void FrmPLMNameFromTextTest::ScannedNamesRenameTheFilesOfADroppedFolder() {
     QVERIFY(FileExists(JoinPath(folder, u"01 Low Tide.mp3")));
     QVERIFY(FileExists(JoinPath(folder, u"02 Harbour Lights.mp3")));
     QVERIFY(!FileExists(JoinPath(folder, u"a.mp3")));
+}
+
+void FrmPLMNameFromTextTest::DroppedFolderThatIsTooDeepIsTold() {
+    plm_->Click("cmdNameFromFile");
+    auto* const old = Tool()->findChild<QListView*>(QStringLiteral("lstOldFileNames"));
+    DropOn(*old->viewport(), plm_->Folder.TooDeep(u"deep"));
+    QTRY_COMPARE(old->model()->rowCount(), 1);
+    QCOMPARE(plm_->Ask.Log.size(), std::size_t{1});
+    QVERIFY(ToQt(plm_->Ask.Log[0].What.Body).startsWith(QLatin1String("These were not searched")));
 }
 
 void FrmPLMNameFromTextTest::OpenAlbum() {
