@@ -121,10 +121,19 @@ Text Extract(const Text& name, const Slots& slots, const Placeholder& wanted) {
     return {};
 }
 
-void ReplaceInPlace(Text& text, std::size_t start, TextView from, TextView to) {
-    for (std::size_t at = FindRare(text, from, start); at != Text::npos;
-         at = FindRare(text, from, at + to.size()))
-        text.replace(at, from.size(), to);
+// In one pass: in place, each one found would move all that stands behind it, and a pattern of many
+// millions of characters would never come to its end.
+void ReplaceFrom(std::size_t start, Text& text, TextView from, TextView to) {
+    std::size_t found = FindRare(text, from, start);
+    if (found == Text::npos) return;
+    Text replaced;
+    replaced.reserve(text.size() + to.size());
+    std::size_t done = 0;
+    for (; found != Text::npos; found = FindRare(text, from, done)) {
+        replaced.append(text, done, found - done).append(to);
+        done = found + from.size();
+    }
+    text = replaced.append(text, done, Text::npos);
 }
 
 Text Fill(TextView pattern, const FieldValues& values) {
@@ -132,7 +141,7 @@ Text Fill(TextView pattern, const FieldValues& values) {
     for (const Placeholder& placeholder : Placeholders) {
         const std::size_t first = FindRare(result, u"%");
         if (first == Text::npos) break;
-        ReplaceInPlace(result, first, placeholder.Word, values.*placeholder.Value);
+        ReplaceFrom(first, result, placeholder.Word, values.*placeholder.Value);
     }
     return result;
 }

@@ -243,6 +243,22 @@ TEST(FilledPattern, ValuesAreFilledInTheirOrder) {
     EXPECT_EQ(FillPattern(u"%artist!", values, Settings(), filled), u"%artist 1974!");
 }
 
+// Filled in place it would take minutes: each placeholder would move all that stands behind it.
+TEST(FilledPattern, APatternOfMillionsOfCharactersIsFilledInOnePass) {
+    constexpr std::size_t count = 500000;
+    Text pattern;
+    Text expected;
+    for (std::size_t i = 0; i < count; ++i) {
+        pattern += u"%title - ";
+        expected += u"Waterloo - ";
+    }
+    FieldValues values;
+    values.Title = u"Waterloo";
+    bool filled = false;
+    EXPECT_TRUE(FillPattern(pattern, values, Settings(), filled) == expected);
+    EXPECT_TRUE(filled);
+}
+
 TEST(PatternKeys, ForbiddenInTheBoxes) {
     for (const char16_t c : TextView(u":?\"<>|*")) {
         EXPECT_TRUE(IsForbiddenInInPattern(c));
