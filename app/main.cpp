@@ -6,6 +6,7 @@
 
 #include "app/dialogs/qt_player.h"
 #include "app/dialogs/releasing_disk.h"
+#include "app/shared/qt_close_at_signal.h"
 #include "app/shared/qt_file_dialogs.h"
 #include "app/shared/qt_hint_colour.h"
 #include "app/shared/qt_icons.h"
@@ -16,6 +17,7 @@
 #include "app/start/start_up.h"
 #include "app/window/frmPLM.h"
 #include "core/platform/path.h"
+#include "core/platform/stop_signals.h"
 #include "core/text/code_page.h"
 
 using namespace mdlPLM;
@@ -54,6 +56,7 @@ public:
         AppContext context{data.Values, data.Replacements, data.Store,         disk, prompts,
                            dialogs,     data.ListsFolder,  data.ProgramFolder, false};
         frmPLM window(context, player);
+        const CloseAtSignal close(StopSignalDescriptor(), &window);
         window.show();
         TellUnreadSettings(context, data.StoreRead);
         if (!listPaths.empty()) window.AddPaths(listPaths);
@@ -72,15 +75,21 @@ const char* Variable(const char* name) { return std::getenv(name); }
 }  // namespace
 
 int main(int count, char** arguments) {
+    // A question at the terminal has to end.
+    TakeStopSignals(WaitingCalls::End);
     std::vector<Text> given;
     for (int i = 1; i < count; ++i) given.push_back(PathFromNative(arguments[i]));
     const auto askInBox = [arguments](const Message& question) {
         const WindowSystem windows(arguments[0]);
+        const CloseAtSignal close(StopSignalDescriptor());
         return QtPrompts().AskText(question);
     };
     const auto openWindow = [arguments](StartData& data, const std::vector<Text>& listPaths) {
+        // Not every library that a window needs takes a call up again.
+        TakeStopSignals(WaitingCalls::GoOn);
         return WindowSystem(arguments[0]).OpenWindow(data, listPaths);
     };
-    return RunProgram(given, {std::cin, std::cout, std::cerr, SystemFolders(), HasDisplay(Variable),
-                              askInBox, openWindow, ConsoleLanguage(QLocale::system())});
+    return RunProgram(
+        given, {std::cin, std::cout, std::cerr, SystemFolders(), HasDisplay(Variable), askInBox,
+                openWindow, ConsoleLanguage(QLocale::system()), [] { return StopAsked() != 0; }});
 }

@@ -1,26 +1,17 @@
-// The engine on the command line: streams, arguments and Ctrl-C; all else is in the commands.
+// The engine on the command line: streams, arguments and signals; all else is in the commands.
 #include <csignal>
 #include <exception>
 
 #include "app/cli/commands.h"
 #include "app/cli/report.h"
 #include "app/cli/system_console.h"
+#include "core/platform/stop_signals.h"
 
 namespace {
 
-// The only thing that a signal handler may touch.
-volatile std::sig_atomic_t interrupted = 0;
-
-// The file at hand is finished, no further one is begun.
-void Interrupt(int /*signal*/) { interrupted = 1; }
-
-void TakeSignals() {
-    // Without restarting: a question that waits for its answer has to end.
+// A reader that goes away is seen by the write that fails, between two files.
+void IgnoreBrokenPipes() {
     struct sigaction action {};
-    action.sa_handler = Interrupt;
-    (void)sigaction(SIGINT, &action, nullptr);
-    (void)sigaction(SIGTERM, &action, nullptr);
-    // A reader that goes away is seen by the write that fails, between two files.
     action.sa_handler = SIG_IGN;
     (void)sigaction(SIGPIPE, &action, nullptr);
 }
@@ -28,8 +19,10 @@ void TakeSignals() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    TakeSignals();
-    mdlPLM::cli::SystemConsole console(interrupted);
+    IgnoreBrokenPipes();
+    // A question that waits for its answer has to end.
+    mdlPLM::TakeStopSignals(mdlPLM::WaitingCalls::End);
+    mdlPLM::cli::SystemConsole console(mdlPLM::StopAsked());
     try {
         return mdlPLM::cli::RunProgram({argv + 1, argv + argc}, console);
     } catch (const std::exception& error) {

@@ -190,21 +190,23 @@ bool SettleExtension(BatchJob& job, Prompts& prompts) {
 }
 
 int BatchResult::ExitStatus() const {
-    if (Failed > 0) return 1;
+    if (Failed + NotBegun > 0) return 1;
     return Renamed + Unchanged > 0 ? 0 : 2;
 }
 
 BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk,
-                     const Language& words) {
+                     const BatchManner& manner) {
     BatchResult result;
     if (!HasWork(job)) return result;
     for (const Text& path : job.Paths) {
+        if (manner.ShouldStop && manner.ShouldStop()) break;
         const bool isFile = disk.Exists(path) && !disk.IsFolder(path);
-        const NewName made = isFile ? NewNameOf(job, path, context, words) : NewName();
+        const NewName made = isFile ? NewNameOf(job, path, context, manner.Words) : NewName();
         const bool canBe = isFile && made.Fault.empty();
         if (!made.Fault.empty()) result.Nameless.push_back({path, made.Fault});
         Count(canBe ? RenameTo(path, made.Name, disk) : Outcome::Failed, result);
     }
+    result.NotBegun = job.Paths.size() - result.Renamed - result.Unchanged - result.Failed;
     return result;
 }
 

@@ -1,6 +1,7 @@
 // The command line: batch renaming without a window, and what opens the window.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -50,20 +51,27 @@ struct NamelessFile {
 };
 
 /// Counts of a batch run; ExitStatus is 0 when every file was renamed or needed no renaming, 1 when
-/// some could not be, 2 when there was nothing that could be done.
+/// some could not be or were not begun, 2 when there was nothing that could be done.
 struct BatchResult {
     std::size_t Renamed = 0;
     std::size_t Unchanged = 0;
     std::size_t Failed = 0;
     /// Those of them that have no new name. A rename that fails is not told.
     std::vector<NamelessFile> Nameless;
+    std::size_t NotBegun = 0;  ///< the run was asked to end before them
     [[nodiscard]] int ExitStatus() const;
+};
+
+struct BatchManner {
+    Language Words = {};  ///< of the reasons
+    /// As soon as it says so, no further file is begun.
+    std::function<bool()> ShouldStop = {};
 };
 
 /// Renames the files of a job; one that cannot be renamed (missing, a folder, a new name that is
 /// taken) is counted and passed over. Nothing is ever replaced.
 BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk,
-                     const Language& words = {});
+                     const BatchManner& manner = {});
 
 /// The new path of one file under "+ext": up to and including the last "." of its name, then the
 /// extension; a name without a "." gets it appended with no dot.

@@ -72,6 +72,18 @@ Text UnreadSettingsText(const StartData& data, const Language& words) {
     return told + u" " + UnreadStoreText(data.StoreRead, words);
 }
 
+Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
+
+/// What a batch run has to tell beyond its status.
+void TellBatch(const BatchResult& result, std::size_t files, const Surroundings& surroundings) {
+    for (const NamelessFile& failure : result.Nameless)
+        Print(surroundings.Errors, Nameless(failure));
+    if (result.NotBegun > 0)
+        Print(surroundings.Errors,
+              Refusal(surroundings.Words(PLM_TRANSLATE("Texts", "stopped before %1 of %2 files."),
+                                         {Count(result.NotBegun), Count(files)})));
+}
+
 int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
     const Language& words = surroundings.Words;
     if (job.Paths.empty())
@@ -86,9 +98,8 @@ int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
                       Refusal(words(PLM_TRANSLATE("Texts", "there is no extension to give."))));
     SystemDisk disk;
     const NamingContext context{data.Values, data.Replacements, data.Values.InPattern};
-    const BatchResult result = RunBatch(job, context, disk, words);
-    for (const NamelessFile& failure : result.Nameless)
-        Print(surroundings.Errors, Nameless(failure));
+    const BatchResult result = RunBatch(job, context, disk, {words, surroundings.ShouldStop});
+    TellBatch(result, job.Paths.size(), surroundings);
     return result.ExitStatus();
 }
 

@@ -42,6 +42,8 @@ struct Surroundings {
     std::function<std::optional<Text>(const Message&)> AskInBox;
     std::function<int(StartData&, const std::vector<Text>& listPaths)> OpenWindow;
     Language Words = {};  ///< of what is printed
+    /// True once the program has been asked to end (a signal).
+    std::function<bool()> ShouldStop = {};
 };
 
 /// Looks up a variable of the environment; null when there is none.
