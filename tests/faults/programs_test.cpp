@@ -1,5 +1,9 @@
-// The real programs, killed before every system call on their files, and started again.
+// The real programs, killed before every system call on their files and started again, or asked to
+// end by a signal there.
 #include <gtest/gtest.h>
+
+#include <array>
+#include <csignal>
 
 #include "core/platform/path.h"
 #include "tests/faults/fault_run.h"
@@ -78,6 +82,43 @@ TEST_P(KilledPrograms, LoseNothingAndGoOnWhenStartedAgain) {
     EXPECT_GT(plan.At, 5);
 }
 
+constexpr std::array<int, 4> StopSignals = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+
+class SignalledPrograms : public KilledPrograms {
+protected:
+    static void ExpectNothingLeftBehind(const Place& place) {
+        for (const Bytes& name : ListTree(place.Under))
+            EXPECT_EQ(name.find("plm-"), Bytes::npos) << name;
+    }
+    // The file at hand is finished, no further one is begun.
+    static void ExpectTheSecondFileNotBegun(const Place& place) {
+        EXPECT_EQ(ReadFile(place.Under + u"in/kent_-_two.mp3"), "2" + Sound);
+        EXPECT_FALSE(IsThere(place.Under + u"out/Kent - Two.mp3"));
+    }
+};
+
+TEST_P(SignalledPrograms, EndBehindTheFileAtHand) {
+    int first = 0;
+    FaultPlan plan{"signal", 1, 0, {}, GetParam().Disk};
+    for (;; ++plan.At) {
+        plan.Code = StopSignals.at(static_cast<std::size_t>(plan.At) % StopSignals.size());
+        const Place place;
+        const ProgramResult result = Run(place, plan);
+        if (!IsThere(place.Log)) break;
+        const Bytes struck = ReadFile(place.Log);
+        SCOPED_TRACE(struck);
+        EXPECT_EQ(result.Signal, 0);
+        ExpectNothingLost(place);
+        ExpectNothingLeftBehind(place);
+        if (struck.find("abba") == Bytes::npos) continue;
+        ++first;
+        EXPECT_EQ(result.Status, 1);
+        EXPECT_NE(result.Errors.find("stopped"), Bytes::npos) << result.Errors;
+        ExpectTheSecondFileNotBegun(place);
+    }
+    EXPECT_GT(first, 3);
+}
+
 const std::vector<Bytes> Sorted = {"in/abba_-_one.mp3", "in/kent_-_two.mp3"};
 
 std::vector<Bytes> Sort(std::vector<Bytes> more) {
@@ -86,24 +127,27 @@ std::vector<Bytes> Sort(std::vector<Bytes> more) {
     return more;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    At, KilledPrograms,
-    testing::Values(
-        Case{"Copy", CommandLineFile, Sort({"--method", "copy"}), {}},
-        Case{"Move", CommandLineFile, Sort({"--method", "move"}), {}},
-        Case{"MoveToAnotherDisk", CommandLineFile, Sort({"--method", "move"}), {"disks=1"}},
-        Case{"CopyThatReplaces",
-             CommandLineFile,
-             Sort({"--method", "copy", "--if-exists", "replace"}),
-             {},
-             true},
-        Case{"MoveThatReplaces",
-             CommandLineFile,
-             Sort({"--method", "move", "--if-exists", "replace"}),
-             {},
-             true},
-        Case{"BatchMode", ProgramFile, {"+rename=%title - %artist.mp3", Sorted[0], Sorted[1]}, {}}),
-    [](const auto& each) { return std::string(each.param.Name); });
+const auto Cases = testing::Values(
+    Case{"Copy", CommandLineFile, Sort({"--method", "copy"}), {}},
+    Case{"Move", CommandLineFile, Sort({"--method", "move"}), {}},
+    Case{"MoveToAnotherDisk", CommandLineFile, Sort({"--method", "move"}), {"disks=1"}},
+    Case{"CopyThatReplaces",
+         CommandLineFile,
+         Sort({"--method", "copy", "--if-exists", "replace"}),
+         {},
+         true},
+    Case{"MoveThatReplaces",
+         CommandLineFile,
+         Sort({"--method", "move", "--if-exists", "replace"}),
+         {},
+         true},
+    Case{"BatchMode", ProgramFile, {"+rename=%title - %artist.mp3", Sorted[0], Sorted[1]}, {}});
+
+const auto NameOfCase = [](const auto& each) { return std::string(each.param.Name); };
+
+INSTANTIATE_TEST_SUITE_P(At, KilledPrograms, Cases, NameOfCase);
+
+INSTANTIATE_TEST_SUITE_P(At, SignalledPrograms, Cases, NameOfCase);
 
 }  // namespace
 }  // namespace mdlPLM::test

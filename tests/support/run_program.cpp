@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 #include "core/platform/path.h"
@@ -67,14 +69,28 @@ bool RunningProgram::IsRunning() {
     return !ended_;
 }
 
-void RunningProgram::Terminate() {
-    if (IsRunning()) ::kill(process_, SIGTERM);
+void RunningProgram::Send(int signal) {
+    if (IsRunning()) ::kill(process_, signal);
+}
+
+Bytes RunningProgram::SystemStatus() {
+    if (!IsRunning()) return {};
+    std::ifstream file("/proc/" + std::to_string(process_) + "/status");
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool RunningProgram::HasSignalIn(const Bytes& set, int signal) {
+    const Bytes status = SystemStatus();
+    const std::size_t at = status.find(set + ":\t");
+    if (at == Bytes::npos) return false;
+    const auto signals = std::stoull(status.substr(at + set.size() + 2, 16), nullptr, 16);
+    return (signals >> static_cast<unsigned>(signal - 1) & 1U) != 0;
 }
 
 ProgramResult RunningProgram::Wait() {
     if (!ended_) ended_ = ::waitpid(process_, &status_, 0) == process_;
     return {WIFEXITED(status_) ? WEXITSTATUS(status_) : -1, ReadFile(streams_->Folder / u"out"),
-            ReadFile(streams_->Folder / u"errors")};
+            ReadFile(streams_->Folder / u"errors"), WIFSIGNALED(status_) ? WTERMSIG(status_) : 0};
 }
 
 ProgramResult RunToEnd(const ProgramCall& call) { return RunningProgram(call).Wait(); }

@@ -21,6 +21,7 @@ struct ProgramResult {
     int Status = -1;  ///< exit status; -1 when a signal ended it
     Bytes Out;
     Bytes Errors;
+    int Signal = 0;  ///< the one that ended it; 0: it came to its own end
 };
 
 /// Throws when the program cannot be started.
@@ -36,8 +37,12 @@ public:
     [[nodiscard]] bool IsRunning();
     /// Waits for its end.
     ProgramResult Wait();
-    /// Asks it to end.
-    void Terminate();
+    /// Sends it a signal, while it runs.
+    void Send(int signal);
+    /// What the system says of the process (/proc/PID/status); empty when it is gone.
+    [[nodiscard]] Bytes SystemStatus();
+    /// True when the set of signals that the system calls by that name (SigCgt, SigIgn) holds it.
+    [[nodiscard]] bool HasSignalIn(const Bytes& set, int signal);
 
 private:
     struct Streams;

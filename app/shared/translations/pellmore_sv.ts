@@ -782,6 +782,8 @@ Utan skärm kan filer döpas om i satsläge:</translation>
     <message>
         <source>%1 lines of this list are longer than a file name can be. They were passed over.</source>
         <translation>%1 rader i listan är längre än ett filnamn kan vara. De hoppades över.</translation>
+        <source>stopped before %1 of %2 files.</source>
+        <translation>stoppat före %1 av %2 filer.</translation>
     </message>
 </context>
 <context>

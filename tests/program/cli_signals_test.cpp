@@ -1,0 +1,88 @@
+// pellmore-cli and the signals that ask it to end. That the file at hand is finished wherever the
+// signal comes is shown beside the faults.
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <thread>
+
+#include "tests/program/cli_fixture.h"
+
+namespace mdlPLM::test {
+namespace {
+
+class CliSignals : public CliTest {
+protected:
+    /// Looks again and again until it is so; false when the program ends before.
+    static bool WaitUntil(RunningProgram& program, const std::function<bool()>& so) {
+        while (!so()) {
+            if (!program.IsRunning()) return false;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        return true;
+    }
+    /// The call with a signal sent to the program before its first call on a file.
+    [[nodiscard]] ProgramCall Struck(ProgramCall call, int signal) const {
+        call.Environment["LD_PRELOAD"] = FailingCallsFile();
+        call.Environment["ASAN_OPTIONS"] = "verify_asan_link_order=0";
+        call.Environment["PLM_FAULTS"] = "under=" + NativePath(Folder.Path()) +
+                                         "\nlog=" + NativePath(Home / u"log") +
+                                         "\nwhat=signal\nat=1\ncode=" + std::to_string(signal);
+        return call;
+    }
+    /// The same line typed into a shell that ignores the signal, as nohup does.
+    [[nodiscard]] ProgramCall Ignoring(const Bytes& signal, const Bytes& arguments) const {
+        const Bytes line = "trap '' " + signal + "; exec '" + CommandLineFile() + "' " + arguments;
+        return {u"/bin/sh", {"-c", line}, Environment, {}, Folder.Path()};
+    }
+};
+
+TEST_F(CliSignals, EachOfThemEndsTheRunAndIsTold) {
+    (void)Folder.File(u"abba - one.mp3", "x");
+    (void)Folder.File(u"kent - two.mp3", "x");
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+        const ProgramResult result =
+            RunToEnd(Struck(Call({"names", "abba - one.mp3", "kent - two.mp3"}), signal));
+        EXPECT_EQ(result.Signal, 0);
+        EXPECT_EQ(result.Status, 1);
+        EXPECT_EQ(result.Out, "");
+        EXPECT_EQ(result.Errors, "pellmore-cli: stopped: 0 of 2 files done\n");
+    }
+}
+
+TEST_F(CliSignals, WhatIsIgnoredAtTheStartStaysIgnored) {
+    (void)Folder.File(u"abba - one.mp3", "x");
+    const std::vector<std::pair<Bytes, int>> signals = {
+        {"HUP", SIGHUP}, {"INT", SIGINT}, {"QUIT", SIGQUIT}, {"TERM", SIGTERM}};
+    for (const auto& [name, number] : signals) {
+        const ProgramCall call = Ignoring(name, "names 'abba - one.mp3'");
+        ExpectResult(RunToEnd(Struck(call, number)), 0, "abba - one.mp3 -> Abba - One.mp3\n", "");
+        EXPECT_TRUE(IsThere(Home / u"log")) << "no signal was sent";
+        std::filesystem::remove(NativePath(Home / u"log"));
+    }
+}
+
+// Four terabytes of nothing: read to its end it would take an hour.
+TEST_F(CliSignals, AnotherOfTheKindEndsWorkOnAFileWithoutEnd) {
+    const Text path = Folder.File(u"endless.mp3", "x");
+    std::filesystem::resize_file(NativePath(path), std::uintmax_t{1} << 42);
+    std::map<int, RunningProgram> programs;
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM})
+        programs.try_emplace(signal, Call({"stream", "endless.mp3"}));
+    for (auto& [signal, program] : programs)
+        ASSERT_TRUE(WaitUntil(
+            program, [&p = program, number = signal] { return p.HasSignalIn("SigCgt", number); }));
+    // Sent again until they end: those that come at once are one wish.
+    const auto sendAgain = [&] {
+        for (auto& [signal, program] : programs) program.Send(signal);
+        return false;
+    };
+    for (auto& [signal, program] : programs) {
+        EXPECT_FALSE(WaitUntil(program, sendAgain));
+        EXPECT_EQ(program.Wait().Signal, signal);
+    }
+}
+
+}  // namespace
+}  // namespace mdlPLM::test
