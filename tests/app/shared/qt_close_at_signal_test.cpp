@@ -1,6 +1,6 @@
 // A signal closes the window as its user would, whatever it is in the middle of. The signals
 // themselves are shown on the real programs.
-#include "app/shared/close_at_signal.h"
+#include "app/shared/qt_close_at_signal.h"
 
 #include <unistd.h>
 
@@ -10,7 +10,7 @@
 #include <QMenu>
 #include <QMessageBox>
 
-#include "app/shared/message_boxes.h"
+#include "app/shared/qt_prompts.h"
 #include "core/platform/path.h"
 #include "tests/support/qt_main_window.h"
 #include "tests/support/qt_modal.h"
@@ -157,4 +157,4 @@ void CloseAtSignalTest::WithoutADescriptorNothingIsWatched() {
 }
 
 QTEST_MAIN(CloseAtSignalTest)
-#include "close_at_signal_test.moc"
+#include "qt_close_at_signal_test.moc"
