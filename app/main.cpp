@@ -49,12 +49,14 @@ public:
 
     int OpenWindow(StartData& data, const std::vector<Text>& listPaths) {
         MediaPlayer player(LoadedPlayers(PlayerFolders(QApplication::applicationDirPath())));
-        SystemDisk systemDisk;
+        LeftOvers leftOvers;
+        TidyDisk systemDisk(leftOvers);
         ReleasingDisk disk(systemDisk, player);
         QtPrompts prompts;
         QtFileDialogs dialogs;
         AppContext context{data.Values, data.Replacements, data.Store,         disk, prompts,
-                           dialogs,     data.ListsFolder,  data.ProgramFolder, false};
+                           dialogs,     data.ListsFolder,  data.ProgramFolder, false, &leftOvers};
+        leftOvers.LookBeside(data.Store.Path());
         frmPLM window(context, player);
         const CloseAtSignal close(StopSignalDescriptor(), &window);
         window.show();

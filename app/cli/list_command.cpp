@@ -81,6 +81,7 @@ void WriteList(Session& session, const FileList& list, ListFileKind kind, IfExis
     const Text path = PathFromNative(*session.Asked.List.Output);
     if (!MayWrite(session, path, choice)) return;
     if (!session.Results.DryRun()) {
+        session.LeftBehind.LookBeside(path);
         const Status written = SaveListFile(list, path, kind);
         if (!written.Ok()) return session.Results.Fail(path, Describe(written.Number()));
     }

@@ -26,6 +26,8 @@ int RunProgram(const std::vector<Bytes>& arguments, Console& console) {
     }
     Session session(parsed.Asked, console, CurrentFolder());
     RunCommand(session);
+    for (const Text& path : session.LeftBehind.TakeRemoved())
+        session.Results.Tell(path + u": left behind by a run that was ended; removed");
     session.Results.EndProgress();
     console.Flush();
     return session.Results.Status();

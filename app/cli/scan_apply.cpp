@@ -57,6 +57,7 @@ public:
     Applying(Session& session, const PathSpelling& spelling)
         : report_(session.Results),
           spelling_(spelling),
+          system_(session.LeftBehind),
           terminal_(session.Streams, report_, session.Asked.Common.Yes),
           planner_(report_),
           prompts_(report_.DryRun() ? static_cast<Prompts&>(planner_) : terminal_),
@@ -74,7 +75,7 @@ private:
 
     Report& report_;
     const PathSpelling& spelling_;
-    SystemDisk system_;
+    TidyDisk system_;
     PlanningDisk planned_;
     TerminalPrompts terminal_;
     PlanningPrompts planner_;

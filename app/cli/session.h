@@ -6,6 +6,7 @@
 #include "app/cli/options.h"
 #include "app/cli/report.h"
 #include "core/platform/disk.h"
+#include "core/platform/left_overs.h"
 #include "core/settings/settings.h"
 
 namespace mdlPLM::cli {
@@ -26,6 +27,7 @@ struct Session {
     const Text Folder;
     Settings Values;  ///< the user's, with what the command line overrides
     ReplacementList Replacements;
+    LeftOvers LeftBehind;  ///< told when the command is over
 };
 
 using mdlPLM::CurrentFolder;

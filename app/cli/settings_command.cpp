@@ -62,6 +62,7 @@ void Store(Session& session, const std::vector<Wish>& wishes) {
     }
     for (const WrittenBy writer : writers) StoreSettings(values, writer, store);
     const bool nothing = session.Results.DryRun() || writers.empty();
+    if (!nothing) session.LeftBehind.LookBeside(store.Path());
     const Status saved = nothing ? Status() : store.Save();
     if (!saved.Ok()) return session.Results.Fail(store.Path(), Describe(saved.Number()));
     for (const Wish& wish : wishes) PutSetting(session, *wish.Row, values);

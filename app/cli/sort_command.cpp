@@ -53,6 +53,7 @@ public:
           report_(session.Results),
           choices_(std::move(choices)),
           spelling_(session.Folder),
+          system_(session.LeftBehind),
           terminal_(session.Streams, report_, session.Asked.Common.Yes),
           planner_(report_),
           prompts_(report_.DryRun() ? static_cast<Prompts&>(planner_) : terminal_),
@@ -71,7 +72,7 @@ private:
     SortChoices choices_;
     PathSpelling spelling_;
     FileList list_;
-    SystemDisk system_;
+    TidyDisk system_;
     PlanningDisk planned_;
     TerminalPrompts terminal_;
     PlanningPrompts planner_;

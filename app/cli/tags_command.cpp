@@ -142,6 +142,8 @@ bool Tagging::MayBegin(std::size_t files) {
 
 void Tagging::Run(std::vector<Text> paths) {
     if (!MayBegin(paths.size())) return;
+    if (!report_.DryRun())
+        for (const Text& path : paths) session_.LeftBehind.LookBeside(path);
     const NamingContext naming = session_.Naming();
     std::size_t place = 0;
     TagRun run(std::move(paths), [&](TextView path, const FileTags& tags) {

@@ -9,6 +9,7 @@
 #include "app/shared/name_from_text_host.h"
 #include "app/shared/qt_enable_with_reason.h"
 #include "app/shared/qt_language.h"
+#include "app/shared/qt_left_overs_text.h"
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
 #include "ui_frmNameFromFile.h"
@@ -161,7 +162,8 @@ void frmNameFromFile::EndRun() {
     failures_ = report.Failures;
     CloseRun();
     const QString summary = ToQt(SummaryText(report, UserLanguage()));
-    EndWork(report.Completed ? summary : tr("Stopped. %1").arg(summary));
+    EndWork(WithRemovedLeftOvers(report.Completed ? summary : tr("Stopped. %1").arg(summary),
+                                 context_));
     cmdDetails_->setVisible(!failures_.empty());
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/platform/disk.h"
+#include "core/platform/left_overs.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings_store.h"
 #include "core/settings/user_lists.h"
@@ -20,6 +21,8 @@ struct AppContext {
     Text ListsFolder;               ///< where the three text files are, with trailing separator
     Text ProgramFolder;             ///< with trailing separator
     bool StoreFailureTold = false;  ///< see SaveSettings
+    /// Looks through the folders that are written to; none: nothing is removed from them.
+    LeftOvers* LeftBehind = nullptr;
 };
 
 }  // namespace mdlPLM

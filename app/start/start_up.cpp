@@ -6,7 +6,7 @@
 #include <ostream>
 
 #include "core/names/fixing_rules.h"
-#include "core/platform/disk.h"
+#include "core/platform/left_overs.h"
 #include "core/settings/user_lists.h"
 #include "core/text/code_page.h"
 
@@ -72,6 +72,12 @@ Text UnreadSettingsText(const StartData& data, const Language& words) {
     return told + u" " + UnreadStoreText(data.StoreRead, words);
 }
 
+Text RemovedLeftOver(TextView path, const Language& words) {
+    return Refusal(
+        words(PLM_TRANSLATE("Texts", "left behind by a run that was ended, and removed: %1"),
+              {BlankControlCharacters(Text(path))}));
+}
+
 Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
 
 /// What a batch run has to tell beyond its status.
@@ -96,9 +102,12 @@ int RunBatchMode(BatchJob job, const Surroundings& surroundings) {
     if (!SettleExtension(job, prompts))
         return Refuse(surroundings.Errors,
                       Refusal(words(PLM_TRANSLATE("Texts", "there is no extension to give."))));
-    SystemDisk disk;
+    LeftOvers leftOvers;
+    TidyDisk disk(leftOvers);
     const NamingContext context{data.Values, data.Replacements, data.Values.InPattern};
     const BatchResult result = RunBatch(job, context, disk, {words, surroundings.ShouldStop});
+    for (const Text& path : leftOvers.TakeRemoved())
+        Print(surroundings.Errors, RemovedLeftOver(path, words));
     TellBatch(result, job.Paths.size(), surroundings);
     return result.ExitStatus();
 }

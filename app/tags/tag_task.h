@@ -3,16 +3,24 @@
 
 #include "app/list/list_tasks.h"
 #include "app/tags/tag_run.h"
+#include "core/platform/left_overs.h"
 
 namespace mdlPLM {
 
 class TagTask : public ListTask {
 public:
     using Ended = std::function<void(const TagReport& report)>;
-    TagTask(Text what, TagRun run, Ended ended)
-        : what_(std::move(what)), run_(std::move(run)), ended_(std::move(ended)) {}
+    /// `leftOvers`, where there are any to be removed, must outlive the task.
+    TagTask(Text what, TagRun run, Ended ended, LeftOvers* leftOvers = nullptr)
+        : what_(std::move(what)),
+          run_(std::move(run)),
+          ended_(std::move(ended)),
+          leftOvers_(leftOvers) {}
 
-    bool Step() override { return run_.Step(); }
+    bool Step() override {
+        if (leftOvers_ != nullptr) leftOvers_->LookBeside(run_.Current());
+        return run_.Step();
+    }
     bool Stop() override {
         run_.Stop();
         return run_.Finished();
@@ -26,6 +34,7 @@ private:
     Text what_;
     TagRun run_;
     Ended ended_;
+    LeftOvers* leftOvers_;
 };
 
 }  // namespace mdlPLM

@@ -13,6 +13,7 @@
 #include "app/namefromtext/frmNameFromFile.h"
 #include "app/shared/qt_elided_label.h"
 #include "app/shared/qt_icons.h"
+#include "app/shared/qt_left_overs_text.h"
 #include "app/shared/qt_save_settings.h"
 #include "app/shared/qt_text.h"
 #include "app/shared/qt_window_state.h"
@@ -121,6 +122,7 @@ frmPLM::frmPLM(AppContext& context, MediaPlayer& player)
     ConnectNameFromFile();
     ConnectSort();
     UpdateCounter();
+    SetStatus(WithRemovedLeftOvers({}, context_));
 }
 
 frmPLM::~frmPLM() {
@@ -251,9 +253,9 @@ void frmPLM::closeEvent(QCloseEvent* event) {
 }
 
 void frmPLM::SetStatus(const QString& text, Details details) {
-    status_ = text;
-    lblStatus_->setText(text);
-    lblStatus_->setToolTip(text);
+    status_ = text.isEmpty() ? text : WithRemovedLeftOvers(text, context_);
+    lblStatus_->setText(status_);
+    lblStatus_->setToolTip(status_);
     details_ = std::move(details);
     cmdDetails_->setVisible(details_ != nullptr);
 }

@@ -121,6 +121,7 @@ private:
     void cmdSaveID3_Click();
     void cmdFixID3_Click();
     void cmdMore_Click();
+    void BeginSaving();
     [[nodiscard]] std::vector<Text> SelectedPaths() const;
     void SaveAllSelected();
     void OneFileSaved(const PanelSave& saved);

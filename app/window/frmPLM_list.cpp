@@ -152,6 +152,7 @@ void frmPLM::cmdSave_Click() {
         this, {FromQt(tr("Save List")), context_.Values.LastDir, Text(SaveFilter), false});
     if (chosen.Paths.empty()) return;
     const Text& path = chosen.Paths.front();
+    if (context_.LeftBehind != nullptr) context_.LeftBehind->LookBeside(path);
     const Status saved = SaveListFile(
         list_, path,
         chosen.FilterIndex == SortingFileFilter ? ListFileKind::SortingList : ListFileKind::M3u);

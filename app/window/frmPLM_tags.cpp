@@ -63,7 +63,7 @@ void frmPLM::cmdSaveID3_Click() {
         case TagPanel::State::Nothing:
             return SetStatus(tr("No file is selected."));
         case TagPanel::State::OneFile:
-            player_.Release(shownPath_);
+            BeginSaving();
             return OneFileSaved(tags_->SaveID3());
         case TagPanel::State::Batch:
             return SaveAllSelected();
@@ -76,11 +76,17 @@ void frmPLM::cmdFixID3_Click() {
         case TagPanel::State::Nothing:
             return SetStatus(tr("No file is selected."));
         case TagPanel::State::OneFile:
-            player_.Release(shownPath_);
+            BeginSaving();
             return OneFileSaved(tags_->FixID3(InPattern()));
         case TagPanel::State::Batch:
             return StartTagRun(tr("Cleaning tags"), tags_->FixAll(SelectedPaths(), InPattern()));
     }
+}
+
+// The one file that is shown.
+void frmPLM::BeginSaving() {
+    player_.Release(shownPath_);
+    if (context_.LeftBehind != nullptr) context_.LeftBehind->LookBeside(shownPath_);
 }
 
 std::vector<Text> frmPLM::SelectedPaths() const {
@@ -116,7 +122,8 @@ void frmPLM::StartTagRun(const QString& what, TagRun run) {
     std::vector<FileList::Index> rows = list_.SelectedRows();
     work_.Start(std::make_unique<TagTask>(
         FromQt(what), std::move(run),
-        [this, rows = std::move(rows)](const TagReport& report) { TagRun_Done(report, rows); }));
+        [this, rows = std::move(rows)](const TagReport& report) { TagRun_Done(report, rows); },
+        context_.LeftBehind));
 }
 
 void frmPLM::TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows) {

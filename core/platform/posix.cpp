@@ -18,6 +18,19 @@ namespace {
 
 constexpr int MostLinks = 40;  // as many as the system itself follows
 constexpr BytesView HexDigits = "0123456789abcdef";
+constexpr BytesView TemporaryStart = "plm-";
+constexpr BytesView TemporaryEnd = ".tmp";
+constexpr std::size_t TemporaryDigits = 16;
+
+// The locks belong to the open file, not to the process: another descriptor of the process that is
+// closed does not give them back.
+int TryLock(int descriptor, short kind, int command) {
+    struct flock lock {};
+    lock.l_type = kind;
+    lock.l_whence = SEEK_SET;
+    if (::fcntl(descriptor, command, &lock) != 0) return -1;
+    return lock.l_type;
+}
 
 }  // namespace
 
@@ -133,18 +146,30 @@ Bytes TemporaryNameBeside(const Bytes& target) {
     std::array<unsigned, 2> numbers{};
     if (::getentropy(numbers.data(), sizeof numbers) != 0)
         numbers = {static_cast<unsigned>(::getpid()), static_cast<unsigned>(::clock())};
-    Bytes name = FolderOfNative(target) + "plm-";
+    Bytes name = FolderOfNative(target).append(TemporaryStart);
     for (const unsigned number : numbers)
         for (int shift = 28; shift >= 0; shift -= 4) name += HexDigits[number >> shift & 0xFU];
-    return name + ".tmp";
+    return name.append(TemporaryEnd);
 }
+
+bool IsTemporaryName(BytesView name) {
+    if (name.size() != TemporaryStart.size() + TemporaryDigits + TemporaryEnd.size()) return false;
+    const BytesView digits = name.substr(TemporaryStart.size(), TemporaryDigits);
+    return name.substr(0, TemporaryStart.size()) == TemporaryStart &&
+           name.substr(name.size() - TemporaryEnd.size()) == TemporaryEnd &&
+           digits.find_first_not_of(HexDigits) == BytesView::npos;
+}
+
+bool IsUnlocked(int descriptor) { return TryLock(descriptor, F_WRLCK, F_OFD_GETLK) == F_UNLCK; }
 
 Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Handle& handle) {
     do {
         path = TemporaryNameBeside(target);
         handle = OpenHandle(path, O_RDWR | O_CREAT | O_EXCL, mode);
     } while (!handle.IsOpen() && errno == EEXIST);
-    return handle.IsOpen() ? Status() : LastErrorOfNewName();
+    if (!handle.IsOpen()) return LastErrorOfNewName();
+    (void)TryLock(handle.Get(), F_WRLCK, F_OFD_SETLK);
+    return {};
 }
 
 }  // namespace mdlPLM::posix

@@ -82,11 +82,18 @@ private:
 Status FollowLinks(Bytes& path);
 
 /// A new, empty file under a name of its own in the folder of `target`. The name is short, so that
-/// it fits where the target's name does.
+/// it fits where the target's name does. It is locked for as long as the descriptor is open, where
+/// the file system knows locks: that tells it from what a killed run has left behind.
 Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Handle& handle);
 
 /// A name of that kind that nothing in the folder of `target` has.
 Bytes TemporaryNameBeside(const Bytes& target);
+
+/// True for a name (without its folder) of just that form.
+bool IsTemporaryName(BytesView name);
+
+/// True when no process is known to hold a lock on the open file; false where nothing can be known.
+bool IsUnlocked(int descriptor);
 
 /// The folder of a path with its trailing separator, "" when there is none.
 Bytes FolderOfNative(const Bytes& path);

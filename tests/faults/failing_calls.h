@@ -22,6 +22,7 @@ namespace mdlPLM::test {
 ///   stranger=PATH
 ///   log=PATH          where the struck call is written down
 ///   disks=1           the folders right below `under` are disks of their own
+///   later=SECONDS     the time of day is so much later
 ///   always=CALL ERRNO that call fails whenever it is made; such calls are not counted
 void ArmFaults(const char* plan);
 

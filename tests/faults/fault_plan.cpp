@@ -41,6 +41,7 @@ struct Plan {
     Refusal Always[MostAlways];
     int AlwaysCount;
     bool FoldersAreDisks;
+    long Later;
     long Count;
     bool Begun;
 };
@@ -190,6 +191,7 @@ void TakeLine(const char* line, unsigned long length) {
             Take(text.Place, value, text.Room, rest);
     if (strncmp(line, "at=", 3) == 0) plan.At = atol(value);
     if (strncmp(line, "code=", 5) == 0) plan.Code = atoi(value);
+    if (strncmp(line, "later=", 6) == 0) plan.Later = atol(value);
     if (strncmp(line, "disks=", 6) == 0) plan.FoldersAreDisks = true;
     if (strncmp(line, "always=", 7) == 0) TakeAlways(value);
 }
@@ -213,6 +215,8 @@ long Granted(const char* call, unsigned kind, int descriptor, unsigned long coun
     if (Fails(verdict)) return -1;
     return verdict < 0 ? bytes / 2 : bytes;
 }
+
+long SecondsLater() { return plan.Armed ? plan.Later : 0; }
 
 void ArmFaults(const char* text) {
     plan = Plan();

@@ -32,4 +32,7 @@ bool FailsOpen(const char* call, unsigned nature, int descriptor);
 /// How many bytes the call may transfer: at most `count`, or -1 when it fails.
 long Granted(const char* call, unsigned nature, int descriptor, unsigned long count);
 
+/// How many seconds later than it is the time of day is to be.
+long SecondsLater();
+
 }  // namespace mdlPLM::test

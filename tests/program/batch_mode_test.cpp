@@ -150,6 +150,19 @@ TEST_F(BatchMode, AnInputPatternWithFoldersFindsThemFromInsideThem) {
               (std::vector<Bytes>{"abba/", "abba/gold/", "abba/gold/Abba - Gold - Waterloo.mp3"}));
 }
 
+TEST_F(BatchMode, RemovesWhatAKilledRunHasLeftBehindAndSaysSo) {
+    const Text left = Music.File(u"plm-0123456789abcdef.tmp", "half a song");
+    const Text song = Song(u"a b.mp3");
+    Program.Environment["LD_PRELOAD"] = FailingCallsFile();
+    Program.Environment["ASAN_OPTIONS"] = "verify_asan_link_order=0";
+    Program.Environment["PLM_FAULTS"] = "under=/nowhere/\nwhat=none\nlater=7200";
+    const ProgramResult result = Program.Run({"+ext=ogg"}, {song});
+    EXPECT_EQ(result.Status, 0);
+    EXPECT_EQ(result.Errors, "pellmore: left behind by a run that was ended, and removed: " +
+                                 NativePath(left) + "\n");
+    EXPECT_EQ(Names(), std::vector<Bytes>{"a b.ogg"});
+}
+
 TEST_F(BatchMode, WorksInAFolderGivenWithoutItsPath) {
     (void)Song(u"a b.mp3");
     Program.StartIn(Music.Path());

@@ -785,6 +785,14 @@ Utan skärm kan filer döpas om i satsläge:</translation>
         <source>stopped before %1 of %2 files.</source>
         <translation>stoppat före %1 av %2 filer.</translation>
     </message>
+    <message>
+        <source>left behind by a run that was ended, and removed: %1</source>
+        <translation>borttaget, kvarlämnat av en körning som avbröts: %1</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>och %1 till</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::PairColumn</name>

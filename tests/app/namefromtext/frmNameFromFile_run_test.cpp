@@ -1,5 +1,6 @@
 #include <QMenu>
 #include <QScrollBar>
+#include <ctime>
 
 #include "app/namefromtext/frmNameFromFile.h"
 #include "app/shared/qt_elided_label.h"
@@ -38,6 +39,7 @@ private slots:
     void KeepsTheWindowAfterCancel();
     void TheStopFlagEndsTheRunWithoutTheClosingSteps();
     void TheStopFlagCountsBehindTheLastPairToo();
+    void WhatAKilledRunHasLeftBehindIsToldWithTheResult();
     void FailedFilesAreListedOnRequest();
     void AFolderAndANameOfNothingAreToldAndTheRunGoesOn();
     void UsesTheMainWindowsChoices();
@@ -350,6 +352,31 @@ void frmNameFromFileRunTest::TheStopFlagCountsBehindTheLastPairToo() {
     Run();
     QCOMPARE(Files(), QStringList({"1.mp3"}));
     QCOMPARE(OldList()->model()->rowCount(), 1);
+}
+
+void frmNameFromFileRunTest::WhatAKilledRunHasLeftBehindIsToldWithTheResult() {
+    LeftOvers later([] { return std::int64_t{std::time(nullptr)} + 7200; });
+    TidyDisk disk(later);
+    AppContext context{{},
+                       {},
+                       world_->Store,
+                       disk,
+                       world_->Prompts,
+                       world_->Dialogs,
+                       world_->Folder.Path(),
+                       world_->Folder.Path(),
+                       false,
+                       &later};
+    form_ = std::make_unique<frmNameFromFile>(context, world_->Host);
+    form_->show();
+    const Text left = world_->Folder.File(u"plm-0123456789abcdef.tmp", "half a song");
+    AddFile(u"a.mp3");
+    ShowNames("1");
+    Run();
+    QVERIFY(!IsThere(left));
+    QCOMPARE(Label("lblWork"),
+             "1 renamed (left behind by a run that was ended, and removed: " + ToQt(left) + u')');
+    form_.reset();
 }
 
 void frmNameFromFileRunTest::FailedFilesAreListedOnRequest() {
