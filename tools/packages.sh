@@ -10,5 +10,5 @@ TEST_PACKAGES="libgtest-dev python3 lame ffmpeg id3v2 eyed3 python3-mutagen attr
 PACKAGE_PACKAGES="dpkg-dev file lintian appstream desktop-file-utils man-db"
 FUZZ_PACKAGES="clang"
 CHECK_PACKAGES="clang clang-tidy cppcheck gcovr"
-# Beside the suite: file systems to be mounted by test-filesystems.sh.
-FILE_SYSTEM_PACKAGES="e2fsprogs exfat-fuse exfatprogs ntfs-3g dosfstools"
+# Beside the suite: file systems to be mounted by test-filesystems.sh and test-powercut.sh.
+FILE_SYSTEM_PACKAGES="e2fsprogs xfsprogs btrfs-progs exfat-fuse exfatprogs ntfs-3g dosfstools"

@@ -1,0 +1,434 @@
+#!/usr/bin/env python3
+"""Cuts the power while pellmore-cli works, on real file systems.
+
+Usage: power_cut.py PELLMORE-CLI [quick|full] [ROUNDS]
+
+Each piece of work runs on small disks of its own, which are files behind loop devices. At many
+moments, while it runs and up to 35 seconds behind its end, those files are copied as they stand,
+without anything being flushed: what the system still holds in memory is not in them, as it is not
+on a disk whose power is cut. Each copy is mounted again, which replays its journal, and every file
+on it is compared with what it held before and what it is to hold afterwards.
+
+Needs root. Ends with status 1 when a file is neither the one nor the other.
+"""
+import collections
+import os
+import pathlib
+import random
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+import songs
+
+MEGABYTE = 1 << 20
+
+# Seconds behind the end of the work. ext4 writes its journal every 5 seconds, the system begins to
+# write contents after 5 and is through with it after 35.
+MOMENTS = {
+    "quick": (0, 0.5, 2, 4.5, 6, 8),
+    "full": (0, 0.1, 0.5, 1, 2, 3, 4, 5, 6, 7, 8, 10, 12, 15, 18, 21, 24, 27, 30, 31, 32, 33, 34, 35),
+}
+# While the work runs.
+MOST_DURING = {"quick": 12, "full": 60}
+
+
+class FileSystem:
+    """How disks of one kind are made and mounted."""
+
+    def __init__(self, name, megabytes, make, copy_options="", forget=()):
+        self.name = name
+        self.megabytes = megabytes
+        self.make = make
+        self.copy_options = copy_options
+        self.forget = forget
+
+
+FILE_SYSTEMS = (
+    FileSystem("ext4", 64, ("mkfs.ext4", "-q", "-F")),
+    # A copy has the identity of the disk that it was made from.
+    FileSystem("xfs", 320, ("mkfs.xfs", "-q", "-f"), "nouuid"),
+    FileSystem("btrfs", 256, ("mkfs.btrfs", "-q", "-f"), forget=("btrfs", "device", "scan", "--forget")),
+)
+
+
+class Refused(Exception):
+    """The machine does not make or mount such a disk."""
+
+
+def call(*words):
+    done = subprocess.run([str(word) for word in words], capture_output=True, text=True, check=False)
+    if done.returncode != 0:
+        raise Refused(f"{words[0]}: {(done.stderr or done.stdout).strip()}")
+    return done.stdout.strip()
+
+
+def attach(image):
+    """A loop device; there are few, and others use them too."""
+    for _ in range(60):
+        try:
+            return call("losetup", "-f", "--show", image)
+        except Refused as refusal:
+            failure = refusal
+            time.sleep(0.5)
+    raise failure
+
+
+class Disk:
+    """A file behind a loop device with a file system on it, mounted."""
+
+    def __init__(self, system, folder, name):
+        self.system = system
+        self.image = folder / (name + ".img")
+        self.mount_point = folder / name
+        self.loop = None
+        self.mounted = False
+
+    def set_up(self):
+        with open(self.image, "wb") as image:
+            image.truncate(self.system.megabytes * MEGABYTE)
+        call(*self.system.make, self.image)
+        self.mount_point.mkdir()
+        self.loop = attach(self.image)
+        call("mount", "-t", self.system.name, self.loop, self.mount_point)
+        self.mounted = True
+
+    def activity(self):
+        """What has been written so far, and what is being written."""
+        block = pathlib.Path("/sys/block") / pathlib.Path(self.loop).name
+        numbers = (block / "stat").read_text().split()
+        return int(numbers[8]), numbers[4], numbers[6], numbers[11:12]
+
+    def copy(self, to):
+        """The pieces of the file that hold anything."""
+        source = os.open(self.image, os.O_RDONLY)
+        target = os.open(to, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o600)
+        try:
+            size = os.fstat(source).st_size
+            os.ftruncate(target, size)
+            begin = 0
+            while True:
+                try:
+                    begin = os.lseek(source, begin, os.SEEK_DATA)
+                except OSError:
+                    return  # nothing but a hole up to the end
+                end = os.lseek(source, begin, os.SEEK_HOLE)
+                os.lseek(target, begin, os.SEEK_SET)
+                while begin < end:
+                    begin += os.sendfile(target, source, begin, end - begin)
+        finally:
+            os.close(source)
+            os.close(target)
+
+    def take_down(self):
+        if self.mounted:
+            call("umount", self.mount_point)
+            self.mounted = False
+        if self.loop is not None:
+            call("losetup", "-d", self.loop)
+            self.loop = None
+        self.image.unlink(missing_ok=True)
+
+
+class Work:
+    """A piece of work: what stands on the disks before, and the command line."""
+
+    def __init__(self, name, disks, tree, arguments, in_place=False):
+        self.name = name
+        self.disks = disks
+        self.tree = tree
+        self.arguments = arguments
+        self.in_place = in_place
+
+
+def tag_work(name, kinds, count, more=()):
+    tree = {f"a/{i:03}.mp3": songs.song(kinds[i % len(kinds)], i, 20000 + 997 * (i % 50))
+            for i in range(count)}
+    change = ["tags", "--no-user-settings", *more, "--set", "title=New title",
+              "--set", "comment=" + 300 * "c"]
+    return Work(name, ("a",), tree, change + sorted(tree), "roomy" in kinds)
+
+
+def sort_songs(count, size):
+    return {f"a/in/artist_{i:03}_-_song.mp3": songs.song("full", i, size) for i in range(count)}
+
+
+def works():
+    moved = sort_songs(100, 60000)
+    replaced = sort_songs(100, 30000)
+    names = sorted(replaced)
+    for i, name in enumerate(names):
+        replaced[f"a/out/Artist {i:03} - Song.mp3"] = songs.song("full", 1000 + i, 25000)
+    sort = ["sort", "--no-user-settings", "--yes", "--in-pattern", "%artist - %title.mp3",
+            "--out-pattern", "%artist - %title.mp3", "--setting", "bID3=False"]
+    listed = {f"a/{i:03}.mp3": songs.song("bare", i, 500) for i in range(50)}
+    listed["a/all.srt"] = b"an old list\r\n" * 2000
+    return (
+        tag_work("tags", ("full", "bare"), 400),
+        tag_work("tags in place", ("roomy",), 100, ("--setting", "bRemHiddenID3=True")),
+        Work("move", ("a", "b"), moved, [*sort, "--method", "move", "--to", "b/out", *sorted(moved)]),
+        Work("replace", ("a",), replaced,
+             [*sort, "--method", "copy", "--if-exists", "replace", "--to", "a/out", *names]),
+        Work("list", ("a",), listed,
+             ["list", "--if-exists", "replace", "--output", "a/all.srt", "a/000.mp3", "a/001.mp3"]),
+    )
+
+
+Found = collections.namedtuple("Found", "faults left_overs files")
+
+
+class Judge:
+    """What may stand on the disks after the power was cut at any moment."""
+
+    def __init__(self, program, work, folder):
+        self.work = work
+        self.before = work.tree
+        for disk in work.disks:
+            (folder / disk).mkdir(parents=True)
+        songs.write_tree(folder, work.tree)
+        done = subprocess.run([program, *work.arguments], cwd=folder, capture_output=True, check=False,
+                              stdin=subprocess.DEVNULL)
+        if done.returncode != 0:
+            raise SystemExit(f"{work.name}: {done.stderr.decode()}")
+        self.after = songs.read_tree(folder)
+        if self.after == self.before:
+            raise SystemExit(f"{work.name}: nothing was done")
+        self.after_names = {contents: name for name, contents in self.after.items()}
+        self.folder = folder
+
+    def at_home(self, folder, found):
+        """As if it had been found in the judge's own folder: a list names files by their folder."""
+        here = str(self.folder).encode()
+        return {name: contents.replace(str(folder).encode(), here) if name.endswith(".srt") else contents
+                for name, contents in found.items()}
+
+    def stands(self, name, found):
+        """The old file under its name or its new one, or the new file."""
+        old = self.before[name]
+        new = self.after.get(name)
+        now = found.get(name)
+        if now is not None and now in (old, new):
+            return True
+        if now is not None and new is not None and self.work.in_place:
+            return songs.audio_of(now) == songs.audio_of(old) and len(now) == len(old)
+        moved_to = self.after_names.get(old)
+        return new is None and moved_to is not None and found.get(moved_to) == old
+
+    def look(self, found):
+        faults = [f"{name}: {self.describe(found.get(name))}, held {len(self.before[name])} bytes"
+                  for name in self.before if not self.stands(name, found)]
+        left_overs = 0
+        for name, contents in found.items():
+            if songs.is_left_over(name):
+                left_overs += 1
+            elif name not in self.before and contents != self.after.get(name):
+                faults.append(f"{name}: {self.describe(contents)}, is to hold "
+                              f"{len(self.after.get(name, b''))} bytes")
+        return Found(faults, left_overs, len(self.before))
+
+    @staticmethod
+    def describe(contents):
+        if contents is None:
+            return "gone"
+        if contents.strip(b"\0") == b"":
+            return f"{len(contents)} bytes of nothing"
+        return f"{len(contents)} other bytes"
+
+
+class Trial:
+    """One piece of work on disks of one kind, the power cut at many moments."""
+
+    looking = threading.Lock()  # copies have one identity and are mounted one after the other
+
+    def __init__(self, system, judge, folder, copies):
+        self.system = system
+        self.judge = judge
+        self.folder = folder
+        self.copies = copies
+        self.disks = [Disk(system, folder, name) for name in judge.work.disks]
+        self.cuts = []  # (moment in words, paths of the copies)
+        self.random = random.Random()
+        self.unsteady = 0
+
+    def set_up(self):
+        self.folder.mkdir()
+        self.copies.mkdir()
+        for disk in self.disks:
+            disk.set_up()
+        songs.write_tree(self.folder, self.judge.before)
+        os.sync()
+
+    def take_down(self):
+        for disk in self.disks:
+            disk.take_down()
+
+    def try_cut(self, moment):
+        """Copies all disks. True when nothing was written to any of them meanwhile."""
+        before = [disk.activity() for disk in self.disks]
+        if any(activity[0] for activity in before):
+            return False
+        paths = [self.copies / f"{len(self.cuts):04}-{disk.image.name}" for disk in self.disks]
+        for disk, path in zip(self.disks, paths):
+            disk.copy(path)
+        if before != [disk.activity() for disk in self.disks]:
+            return False
+        self.cuts.append((moment, paths))
+        return True
+
+    def cut(self, moment, program=None):
+        """The power is cut now. Mostly the program is held for as long as that takes."""
+        if program is not None and self.random.random() < 0.25 and self.try_cut(moment):
+            return
+        if program is not None:
+            program.send_signal(signal.SIGSTOP)
+        for _ in range(500):
+            if self.try_cut(moment):
+                break
+            time.sleep(0.002)
+        else:
+            self.unsteady += 1
+        if program is not None:
+            program.send_signal(signal.SIGCONT)
+
+    def run(self, executable, mode):
+        program = subprocess.Popen([executable, *self.judge.work.arguments], cwd=self.folder,
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.PIPE)
+        try:
+            began = time.monotonic()
+            while program.poll() is None and len(self.cuts) < MOST_DURING[mode]:
+                self.cut(f"{1000 * (time.monotonic() - began):.0f} ms after the start", program)
+                time.sleep(self.random.uniform(0, 0.002))
+            errors = program.communicate()[1].decode()
+        finally:
+            program.kill()  # only where something went wrong it is still there
+            program.wait()
+        if program.returncode != 0:
+            raise SystemExit(f"{self.judge.work.name} on {self.system.name}: {errors}")
+        ended = time.monotonic()
+        for moment in MOMENTS[mode]:
+            time.sleep(max(0.0, ended + moment - time.monotonic()))
+            self.cut(f"{moment} s after the end")
+
+    def look_at(self, paths):
+        """What stands on the copies."""
+        place = self.folder / "copy"
+        mounted, loops = [], []
+        try:
+            for disk, path in zip(self.disks, paths):
+                point = place / disk.mount_point.name
+                point.mkdir(parents=True, exist_ok=True)
+                loops.append(attach(path))
+                options = ["-o", self.system.copy_options] if self.system.copy_options else []
+                call("mount", "-t", self.system.name, *options, loops[-1], point)
+                mounted.append(point)
+            return self.judge.look(self.judge.at_home(self.folder, songs.read_tree(place)))
+        finally:
+            for point in mounted:
+                call("umount", point)
+            for loop in loops:
+                if self.system.forget:
+                    subprocess.run([*self.system.forget, loop], check=False, capture_output=True)
+                call("losetup", "-d", loop)
+
+    def look(self):
+        """Faults in words, temporary files left behind, files looked at."""
+        faults, left_overs, files = [], 0, 0
+        for moment, paths in self.cuts:
+            with Trial.looking:
+                found = self.look_at(paths)
+            for path in paths:
+                path.unlink()
+            faults += [f"{moment}: {fault}" for fault in found.faults]
+            left_overs += found.left_overs
+            files += found.files
+        return faults, left_overs, files
+
+
+def run_trial(trial, executable, mode, results):
+    try:
+        trial.set_up()
+        trial.run(executable, mode)
+        trial.take_down()
+        results[trial] = trial.look()
+    except BaseException as problem:  # told by whoever waits for the thread
+        results[trial] = problem
+    finally:
+        trial.take_down()
+
+
+def try_system(system, judges, folder, options):
+    """Runs all work on disks of this kind at once. Returns the number of faults."""
+    executable, mode = options
+    trials = [Trial(system, judge, folder["fast"] / f"{system.name}-{i}",
+                    folder["large"] / f"{system.name}-{i}") for i, judge in enumerate(judges)]
+    results = {}
+    threads = [threading.Thread(target=run_trial, args=(trial, executable, mode, results))
+               for trial in trials]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    faulty = 0
+    for trial in trials:
+        result = results[trial]
+        if isinstance(result, BaseException):
+            raise result
+        faults, left_overs, files = result
+        faulty += len(faults)
+        print(f"{system.name:6} {trial.judge.work.name:14} {len(trial.cuts):5} cuts {files:7} files "
+              f"{len(faults):6} not whole {left_overs:5} left over"
+              + (f"  ({trial.unsteady} moments without a pause in the writing)" if trial.unsteady else ""))
+        for fault in faults[:5]:
+            print(f"    {fault}")
+        if len(faults) > 5:
+            print(f"    and {len(faults) - 5} more")
+    return faulty
+
+
+def can_be_tried(system, folder):
+    disk = Disk(system, folder, "probe-" + system.name)
+    try:
+        disk.set_up()
+        return True
+    except (Refused, OSError) as refusal:
+        print(f"{system.name}: {refusal}", file=sys.stderr)
+        return False
+    finally:
+        disk.take_down()
+
+
+def main():
+    executable = os.path.abspath(sys.argv[1])
+    mode = sys.argv[2] if len(sys.argv) > 2 else "full"
+    rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 1
+    memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+    fast = pathlib.Path(tempfile.mkdtemp(prefix="plm-powercut-", dir=memory))
+    large = pathlib.Path(tempfile.mkdtemp(prefix="plm-powercut-"))
+    tried, refused, faulty = [], [], 0
+    try:
+        judges = [Judge(executable, work, fast / f"reference-{i}") for i, work in enumerate(works())]
+        for system in FILE_SYSTEMS:
+            if not can_be_tried(system, fast):
+                refused.append(system.name)
+                continue
+            for number in range(rounds):
+                place = {"fast": fast / f"round-{number}", "large": large / f"round-{number}"}
+                for folder in place.values():
+                    folder.mkdir(exist_ok=True)
+                faulty += try_system(system, judges, place, (executable, mode))
+            tried.append(system.name)
+    finally:
+        shutil.rmtree(fast, ignore_errors=True)
+        shutil.rmtree(large, ignore_errors=True)
+    print(f"{'Lost' if faulty else 'Nothing lost'}. Tried: {', '.join(tried) or 'none'}. "
+          f"Could not be mounted here: {', '.join(refused) or 'none'}.")
+    return 1 if faulty or not tried else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
