@@ -11,7 +11,6 @@ on it is compared with what it held before and what it is to hold afterwards.
 
 Needs root. Ends with status 1 when a file is neither the one nor the other.
 """
-import collections
 import os
 import pathlib
 import random
@@ -24,6 +23,7 @@ import threading
 import time
 
 import songs
+from work import LONG, NO_HIDDEN, SORT, Judge, Work, badly_named, environment, songs_in, tags, well_named
 
 MEGABYTE = 1 << 20
 
@@ -67,15 +67,19 @@ def call(*words):
     return done.stdout.strip()
 
 
-def attach(image):
-    """A loop device; there are few, and others use them too."""
+def call_patiently(*words):
+    """What is busy for a moment, or used by others, is tried again for a while."""
     for _ in range(60):
         try:
-            return call("losetup", "-f", "--show", image)
+            return call(*words)
         except Refused as refusal:
             failure = refusal
-            time.sleep(0.5)
+            time.sleep(0.25)
     raise failure
+
+
+def attach(image):
+    return call_patiently("losetup", "-f", "--show", image)
 
 
 class Disk:
@@ -126,7 +130,7 @@ class Disk:
 
     def take_down(self):
         if self.mounted:
-            call("umount", self.mount_point)
+            call_patiently("umount", self.mount_point)
             self.mounted = False
         if self.loop is not None:
             call("losetup", "-d", self.loop)
@@ -134,109 +138,25 @@ class Disk:
         self.image.unlink(missing_ok=True)
 
 
-class Work:
-    """A piece of work: what stands on the disks before, and the command line."""
-
-    def __init__(self, name, disks, tree, arguments, in_place=False):
-        self.name = name
-        self.disks = disks
-        self.tree = tree
-        self.arguments = arguments
-        self.in_place = in_place
-
-
-def tag_work(name, kinds, count, more=()):
-    tree = {f"a/{i:03}.mp3": songs.song(kinds[i % len(kinds)], i, 20000 + 997 * (i % 50))
-            for i in range(count)}
-    change = ["tags", "--no-user-settings", *more, "--set", "title=New title",
-              "--set", "comment=" + 300 * "c"]
-    return Work(name, ("a",), tree, change + sorted(tree), "roomy" in kinds)
-
-
-def sort_songs(count, size):
-    return {f"a/in/artist_{i:03}_-_song.mp3": songs.song("full", i, size) for i in range(count)}
-
-
 def works():
-    moved = sort_songs(100, 60000)
-    replaced = sort_songs(100, 30000)
-    names = sorted(replaced)
-    for i, name in enumerate(names):
-        replaced[f"a/out/Artist {i:03} - Song.mp3"] = songs.song("full", 1000 + i, 25000)
-    sort = ["sort", "--no-user-settings", "--yes", "--in-pattern", "%artist - %title.mp3",
-            "--out-pattern", "%artist - %title.mp3", "--setting", "bID3=False"]
-    listed = {f"a/{i:03}.mp3": songs.song("bare", i, 500) for i in range(50)}
-    listed["a/all.srt"] = b"an old list\r\n" * 2000
+    moved = badly_named("a/in", 100, 60000)
+    sources = badly_named("a/in", 100, 30000)
+    sort = [*SORT, "--method"]
+    lists = {**songs_in("a", ("bare",), 50, lambda i: 500), "a/all.srt": b"an old list\r\n" * 2000}
+    size = lambda i: 20000 + 997 * (i % 50)
+    full = songs_in("a", ("full", "bare"), 400, size)
+    roomy = songs_in("a", ("roomy",), 100, size)
     return (
-        tag_work("tags", ("full", "bare"), 400),
-        tag_work("tags in place", ("roomy",), 100, ("--setting", "bRemHiddenID3=True")),
-        Work("move", ("a", "b"), moved, [*sort, "--method", "move", "--to", "b/out", *sorted(moved)]),
-        Work("replace", ("a",), replaced,
-             [*sort, "--method", "copy", "--if-exists", "replace", "--to", "a/out", *names]),
-        Work("list", ("a",), listed,
-             ["list", "--if-exists", "replace", "--output", "a/all.srt", "a/000.mp3", "a/001.mp3"]),
+        Work("tags", full, tags(full, LONG), disks=("a",)),
+        Work("tags in place", roomy, tags(roomy, LONG, NO_HIDDEN), disks=("a",), by_audio=True),
+        Work("move", moved, [*sort, "move", "--to", "b/out", *sorted(moved)], disks=("a", "b")),
+        Work("replace", {**sources, **well_named("a/out", 100, 25000)},
+             [*sort, "copy", "--if-exists", "replace", "--to", "a/out", *sorted(sources)],
+             disks=("a",)),
+        Work("list", lists,
+             ["list", "--if-exists", "replace", "--output", "a/all.srt", "a/000.mp3", "a/001.mp3"],
+             disks=("a",)),
     )
-
-
-Found = collections.namedtuple("Found", "faults left_overs files")
-
-
-class Judge:
-    """What may stand on the disks after the power was cut at any moment."""
-
-    def __init__(self, program, work, folder):
-        self.work = work
-        self.before = work.tree
-        for disk in work.disks:
-            (folder / disk).mkdir(parents=True)
-        songs.write_tree(folder, work.tree)
-        done = subprocess.run([program, *work.arguments], cwd=folder, capture_output=True, check=False,
-                              stdin=subprocess.DEVNULL)
-        if done.returncode != 0:
-            raise SystemExit(f"{work.name}: {done.stderr.decode()}")
-        self.after = songs.read_tree(folder)
-        if self.after == self.before:
-            raise SystemExit(f"{work.name}: nothing was done")
-        self.after_names = {contents: name for name, contents in self.after.items()}
-        self.folder = folder
-
-    def at_home(self, folder, found):
-        """As if it had been found in the judge's own folder: a list names files by their folder."""
-        here = str(self.folder).encode()
-        return {name: contents.replace(str(folder).encode(), here) if name.endswith(".srt") else contents
-                for name, contents in found.items()}
-
-    def stands(self, name, found):
-        """The old file under its name or its new one, or the new file."""
-        old = self.before[name]
-        new = self.after.get(name)
-        now = found.get(name)
-        if now is not None and now in (old, new):
-            return True
-        if now is not None and new is not None and self.work.in_place:
-            return songs.audio_of(now) == songs.audio_of(old) and len(now) == len(old)
-        moved_to = self.after_names.get(old)
-        return new is None and moved_to is not None and found.get(moved_to) == old
-
-    def look(self, found):
-        faults = [f"{name}: {self.describe(found.get(name))}, held {len(self.before[name])} bytes"
-                  for name in self.before if not self.stands(name, found)]
-        left_overs = 0
-        for name, contents in found.items():
-            if songs.is_left_over(name):
-                left_overs += 1
-            elif name not in self.before and contents != self.after.get(name):
-                faults.append(f"{name}: {self.describe(contents)}, is to hold "
-                              f"{len(self.after.get(name, b''))} bytes")
-        return Found(faults, left_overs, len(self.before))
-
-    @staticmethod
-    def describe(contents):
-        if contents is None:
-            return "gone"
-        if contents.strip(b"\0") == b"":
-            return f"{len(contents)} bytes of nothing"
-        return f"{len(contents)} other bytes"
 
 
 class Trial:
@@ -296,8 +216,8 @@ class Trial:
 
     def run(self, executable, mode):
         program = subprocess.Popen([executable, *self.judge.work.arguments], cwd=self.folder,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.PIPE)
+                                   env=environment(self.copies), stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
         try:
             began = time.monotonic()
             while program.poll() is None and len(self.cuts) < MOST_DURING[mode]:
@@ -326,10 +246,10 @@ class Trial:
                 options = ["-o", self.system.copy_options] if self.system.copy_options else []
                 call("mount", "-t", self.system.name, *options, loops[-1], point)
                 mounted.append(point)
-            return self.judge.look(self.judge.at_home(self.folder, songs.read_tree(place)))
+            return self.judge.look(self.folder, songs.read_tree(place))
         finally:
             for point in mounted:
-                call("umount", point)
+                call_patiently("umount", point)
             for loop in loops:
                 if self.system.forget:
                     subprocess.run([*self.system.forget, loop], check=False, capture_output=True)
@@ -411,7 +331,8 @@ def main():
     large = pathlib.Path(tempfile.mkdtemp(prefix="plm-powercut-"))
     tried, refused, faulty = [], [], 0
     try:
-        judges = [Judge(executable, work, fast / f"reference-{i}") for i, work in enumerate(works())]
+        judges = [Judge(work, executable, fast / f"reference-{i}", fast / "home")
+                  for i, work in enumerate(works())]
         for system in FILE_SYSTEMS:
             if not can_be_tried(system, fast):
                 refused.append(system.name)
