@@ -78,6 +78,8 @@ void PutWritten(Report& report, TextView path, std::size_t count) {
 }
 
 void WriteList(Session& session, const FileList& list, ListFileKind kind, IfExists choice) {
+    // What was not looked through any more would be missing from the list.
+    if (session.Streams.Interrupted()) return session.Results.Fail(u"stopped: no list was written");
     const Text path = PathFromNative(*session.Asked.List.Output);
     if (!MayWrite(session, path, choice)) return;
     if (!session.Results.DryRun()) {

@@ -63,6 +63,16 @@ TEST_F(CliSignals, WhatIsIgnoredAtTheStartStaysIgnored) {
     }
 }
 
+// The folder was not looked through to its end: half of it is no list of it.
+TEST_F(CliSignals, AListIsNotWrittenByHalves) {
+    (void)Folder.File(u"music/abba - one.mp3", "x");
+    const Text list = Folder.File(u"all.srt", "the old list");
+    const ProgramResult result = RunToEnd(
+        Struck(Call({"list", "--if-exists", "replace", "--output", "all.srt", "music"}), SIGTERM));
+    ExpectResult(result, 1, "", "pellmore-cli: stopped: no list was written\n");
+    EXPECT_EQ(ReadFile(list), "the old list");
+}
+
 // Four terabytes of nothing: read to its end it would take an hour.
 TEST_F(CliSignals, AnotherOfTheKindEndsWorkOnAFileWithoutEnd) {
     const Text path = Folder.File(u"endless.mp3", "x");
