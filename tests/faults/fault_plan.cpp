@@ -78,6 +78,7 @@ struct OpenPath {
         char* end = link + strlen(link);
         while (count > 0) *end++ = digits[--count];
         (void)Raw(SYS_readlinkat, link, reinterpret_cast<long>(Path), sizeof Path - 1);
+        if (Path[0] != '/') Path[0] = '\0';  // a pipe is called by no path
     }
     char Path[PATH_MAX] = {};
 };

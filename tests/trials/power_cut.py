@@ -148,7 +148,7 @@ def works():
     roomy = songs_in("a", ("roomy",), 100, size)
     return (
         Work("tags", full, tags(full, LONG), disks=("a",)),
-        Work("tags in place", roomy, tags(roomy, LONG, NO_HIDDEN), disks=("a",), by_audio=True),
+        Work("tags in place", roomy, tags(roomy, LONG, NO_HIDDEN), disks=("a",), in_place=True),
         Work("move", moved, [*sort, "move", "--to", "b/out", *sorted(moved)], disks=("a", "b")),
         Work("replace", {**sources, **well_named("a/out", 100, 25000)},
              [*sort, "copy", "--if-exists", "replace", "--to", "a/out", *sorted(sources)],

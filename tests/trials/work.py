@@ -1,5 +1,6 @@
 """Pieces of work for the trials, and what may be found of their files at any moment."""
 import collections
+import copy
 import shutil
 import subprocess
 
@@ -23,9 +24,11 @@ class Work:
         self.arguments = arguments
         self.program = more.get("program", "pellmore-cli")
         self.disks = more.get("disks", ())  # folders that are disks of their own
-        # The tags stand in the middle of a file that keeps its length, or are written in several
-        # steps: a file counts as whole when its audio is.
-        self.by_audio = more.get("by_audio", False)
+        # The tags are written into a file that keeps its length.
+        self.in_place = more.get("in_place", False)
+        # There they may be half written, elsewhere they are written in several steps: a file counts
+        # as whole when its audio is.
+        self.by_audio = self.in_place or more.get("by_audio", False)
 
 
 def tags(tree, changes, more=()):
@@ -75,6 +78,13 @@ class Judge:
             raise SystemExit(f"{work.name}: nothing was done")
         self.target = self.find_targets()
 
+    def by_audio(self):
+        """The same work, of which only the audio of the files counts."""
+        lenient = copy.copy(self)
+        lenient.work = copy.copy(self.work)
+        lenient.work.by_audio = True
+        return lenient
+
     def find_targets(self):
         """Where each file is when the work is done: under its name, or where its audio is."""
         by_audio = {songs.audio_of(contents): name for name, contents in self.after.items()}
@@ -108,6 +118,7 @@ class Judge:
         return any(self.target[old] == name and self.is_whole(old, contents) for old in self.before)
 
     def look(self, folder, found=None):
+        """Compares what stands in the folder, or `found`, with what may stand there."""
         found = self.at_home(folder, songs.read_tree(folder) if found is None else found)
         faults = [f"{name}: {describe(found.get(name))}, held {len(self.before[name])} bytes"
                   for name in self.before if not self.stands(name, found)]
