@@ -4,10 +4,11 @@
 Usage: power_cut.py PELLMORE-CLI [quick|full] [ROUNDS]
 
 Each piece of work runs on small disks of its own, which are files behind loop devices. At many
-moments, while it runs and up to 35 seconds behind its end, those files are copied as they stand,
-without anything being flushed: what the system still holds in memory is not in them, as it is not
-on a disk whose power is cut. Each copy is mounted again, which replays its journal, and every file
-on it is compared with what it held before and what it is to hold afterwards.
+moments, while it runs and up to 35 seconds behind its end, those files are copied as they stand.
+Nothing is flushed for that: what the system still holds in memory is not in them, as it is not on a
+disk whose power is cut. Before some moments another program waits for a file of its own. Each copy
+is mounted again, which replays its journal, and every file on it is compared with what it held
+before and what it is to hold afterwards.
 
 Needs root. Ends with status 1 when a file is neither the one nor the other.
 """
@@ -26,6 +27,7 @@ import songs
 from work import LONG, NO_HIDDEN, SORT, Judge, Work, badly_named, environment, songs_in, tags, well_named
 
 MEGABYTE = 1 << 20
+NEIGHBOUR = "neighbour"
 
 # Seconds behind the end of the work. ext4 writes its journal every 5 seconds, the system begins to
 # write contents after 5 and is through with it after 35.
@@ -140,7 +142,7 @@ class Disk:
 
 def works():
     moved = badly_named("a/in", 100, 60000)
-    sources = badly_named("a/in", 100, 30000)
+    sources = badly_named("b/in", 100, 30000)
     sort = [*SORT, "--method"]
     lists = {**songs_in("a", ("bare",), 50, lambda i: 500), "a/all.srt": b"an old list\r\n" * 2000}
     size = lambda i: 20000 + 997 * (i % 50)
@@ -152,7 +154,7 @@ def works():
         Work("move", moved, [*sort, "move", "--to", "b/out", *sorted(moved)], disks=("a", "b")),
         Work("replace", {**sources, **well_named("a/out", 100, 25000)},
              [*sort, "copy", "--if-exists", "replace", "--to", "a/out", *sorted(sources)],
-             disks=("a",)),
+             disks=("a", "b")),
         Work("list", lists,
              ["list", "--if-exists", "replace", "--output", "a/all.srt", "a/000.mp3", "a/001.mp3"],
              disks=("a",)),
@@ -199,8 +201,20 @@ class Trial:
         self.cuts.append((moment, paths))
         return True
 
+    def flush_a_neighbour(self):
+        """Another program waits for a file of its own. Names that were taken meanwhile go to the
+        disk with it, contents mostly do not: what was renamed too early is seen behind this."""
+        for disk in self.disks:
+            neighbour = os.open(disk.mount_point / NEIGHBOUR, os.O_WRONLY | os.O_CREAT, 0o600)
+            os.pwrite(neighbour, self.random.randbytes(4096), 0)
+            os.fsync(neighbour)
+            os.close(neighbour)
+
     def cut(self, moment, program=None):
         """The power is cut now. Mostly the program is held for as long as that takes."""
+        if (len(self.cuts) % 3) == 2:
+            self.flush_a_neighbour()
+            moment += ", behind a neighbour's flush"
         if program is not None and self.random.random() < 0.25 and self.try_cut(moment):
             return
         if program is not None:
@@ -246,7 +260,10 @@ class Trial:
                 options = ["-o", self.system.copy_options] if self.system.copy_options else []
                 call("mount", "-t", self.system.name, *options, loops[-1], point)
                 mounted.append(point)
-            return self.judge.look(self.folder, songs.read_tree(place))
+            found = songs.read_tree(place)
+            for disk in self.disks:
+                found.pop(f"{disk.mount_point.name}/{NEIGHBOUR}", None)
+            return self.judge.look(self.folder, found)
         finally:
             for point in mounted:
                 call_patiently("umount", point)
