@@ -18,6 +18,7 @@
 #include "app/window/frmPLM.h"
 #include "core/platform/path.h"
 #include "core/platform/stop_signals.h"
+#include "core/platform/tidy_disk.h"
 #include "core/text/code_page.h"
 
 using namespace mdlPLM;
@@ -54,7 +55,7 @@ public:
         ReleasingDisk disk(systemDisk, player);
         QtPrompts prompts;
         QtFileDialogs dialogs;
-        AppContext context{data.Values, data.Replacements, data.Store,         disk, prompts,
+        AppContext context{data.Values, data.Replacements, data.Store,         disk,  prompts,
                            dialogs,     data.ListsFolder,  data.ProgramFolder, false, &leftOvers};
         leftOvers.LookBeside(data.Store.Path());
         frmPLM window(context, player);

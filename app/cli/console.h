@@ -29,7 +29,7 @@ public:
     virtual bool ReadLine(Bytes& line) = 0;
     /// All of standard input.
     virtual Bytes ReadAll() = 0;
-    /// True once the user has asked to stop (Ctrl-C).
+    /// True once the program has been asked to stop (Ctrl-C, a closed terminal, kill).
     [[nodiscard]] virtual bool Interrupted() const = 0;
 };
 

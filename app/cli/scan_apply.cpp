@@ -9,6 +9,7 @@
 #include "app/cli/records.h"
 #include "app/cli/terminal_prompts.h"
 #include "core/platform/path.h"
+#include "core/platform/tidy_disk.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM::cli {

@@ -4,6 +4,7 @@
 #include "app/cli/planning_disk.h"
 #include "app/cli/sort_watch.h"
 #include "core/platform/path.h"
+#include "core/platform/tidy_disk.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM::cli {

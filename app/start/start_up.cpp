@@ -6,7 +6,7 @@
 #include <ostream>
 
 #include "core/names/fixing_rules.h"
-#include "core/platform/left_overs.h"
+#include "core/platform/tidy_disk.h"
 #include "core/settings/user_lists.h"
 #include "core/text/code_page.h"
 

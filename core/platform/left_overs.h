@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/platform/disk.h"
+#include "core/text/text.h"
 
 namespace mdlPLM {
 
@@ -37,21 +37,6 @@ private:
     Clock clock_;
     std::map<Text, std::int64_t, std::less<>> looked_;
     std::vector<Text> removed_;
-};
-
-/// The machine's own file system, whose folders are looked through when they are first used.
-class TidyDisk final : public SystemDisk {
-public:
-    /// `leftOvers` must outlive the disk.
-    explicit TidyDisk(LeftOvers& leftOvers) : leftOvers_(leftOvers) {}
-    Status Rename(TextView from, TextView to, IfTargetExists ifExists) override;
-    Status BeginCopy(TextView from, TextView to, IfTargetExists ifExists,
-                     std::unique_ptr<PiecewiseCopy>& copy) override;
-
-private:
-    void LookBesideBoth(TextView from, TextView to);
-
-    LeftOvers& leftOvers_;
 };
 
 }  // namespace mdlPLM

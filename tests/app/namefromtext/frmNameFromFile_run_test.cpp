@@ -4,6 +4,7 @@
 
 #include "app/namefromtext/frmNameFromFile.h"
 #include "app/shared/qt_elided_label.h"
+#include "core/platform/tidy_disk.h"
 #include "core/tags/file_tags.h"
 #include "core/text/code_page.h"
 #include "tests/app/namefromtext/name_from_file_fixture.h"

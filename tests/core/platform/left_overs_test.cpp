@@ -149,21 +149,5 @@ TEST_F(LeftOversTest, WhatCannotBeListedOrRemovedIsPassedOver) {
     EXPECT_TRUE(IsThere(file));
 }
 
-TEST_F(LeftOversTest, ADiskLooksThroughTheFoldersThatARunUses) {
-    (void)Folder.File(u"in/song.mp3", "x");
-    (void)Folder.File(u"in/" + Text(Left), "x");
-    (void)Folder.File(u"out/" + Text(Left), "x");
-    (void)Folder.File(u"other/" + Text(Left), "x");
-    TidyDisk disk(Tidy);
-    std::unique_ptr<PiecewiseCopy> copy;
-    ASSERT_TRUE(disk.BeginCopy(Folder / u"in/song.mp3", Folder / u"out/song.mp3",
-                               IfTargetExists::Fail, copy)
-                    .Ok());
-    EXPECT_EQ(Tidy.TakeRemoved().size(), 2U);
-    ASSERT_TRUE(
-        disk.Rename(Folder / u"in/song.mp3", Folder / u"other/b.mp3", IfTargetExists::Fail).Ok());
-    EXPECT_TRUE(IsGone(u"other/" + Text(Left)));
-}
-
 }  // namespace
 }  // namespace mdlPLM
