@@ -21,7 +21,7 @@ class LeftOversTest : public testing::Test {
 protected:
     [[nodiscard]] bool IsGone(TextView name) const { return !IsThere(Folder / name); }
 
-    std::int64_t Now = std::time(nullptr) + 2 * 3600;
+    std::int64_t Now = std::time(nullptr) + 7200;
     LeftOvers Tidy{[this] { return Now; }};
     TempFolder Folder;
 };
