@@ -12,6 +12,7 @@ namespace mdlPLM::test {
 ///   what=fail         that call fails with `code`
 ///   what=kill         the process is killed before that call
 ///   what=signal       the signal `code` is sent to the process before that call
+///   what=hang         that call is never made, and never over
 ///   what=half         that call transfers half of its bytes, if it transfers any
 ///   what=interrupt    a signal interrupts that call, if it is one of those that are made again
 ///   what=stranger     before that call somebody else makes the file `stranger`, if it is not there

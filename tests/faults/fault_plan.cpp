@@ -143,6 +143,7 @@ int Strike(const Call& call) {
     if (Is("stranger")) return PutStranger(), 0;
     Append(plan.Log, call.Name, call.From);
     if (Is("kill")) (void)Raw(SYS_kill, Raw(SYS_getpid), SIGKILL);
+    while (Is("hang")) (void)Raw(SYS_ppoll);
     if (Is("signal")) return (void)Raw(SYS_kill, Raw(SYS_getpid), plan.Code), 0;
     if (Is("half")) return -1;
     if (Is("interrupt")) return EINTR;

@@ -4,7 +4,6 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
-#include <map>
 #include <thread>
 
 #include "tests/program/cli_fixture.h"
@@ -23,12 +22,15 @@ protected:
         return true;
     }
     /// The call with a signal sent to the program before its first call on a file.
-    [[nodiscard]] ProgramCall Struck(ProgramCall call, int signal) const {
+    [[nodiscard]] ProgramCall Struck(const ProgramCall& call, int signal) const {
+        return Struck(call, "signal\ncode=" + std::to_string(signal));
+    }
+    [[nodiscard]] ProgramCall Struck(ProgramCall call, const Bytes& what) const {
         call.Environment["LD_PRELOAD"] = FailingCallsFile();
         call.Environment["ASAN_OPTIONS"] = "verify_asan_link_order=0";
         call.Environment["PLM_FAULTS"] = "under=" + NativePath(Folder.Path()) +
                                          "\nlog=" + NativePath(Home / u"log") +
-                                         "\nwhat=signal\nat=1\ncode=" + std::to_string(signal);
+                                         "\nat=1\nwhat=" + what;
         return call;
     }
     /// The same line typed into a shell that ignores the signal, as nohup does.
@@ -74,23 +76,27 @@ TEST_F(CliSignals, AListIsNotWrittenByHalves) {
 }
 
 // Four terabytes of nothing: read to its end it would take an hour.
-TEST_F(CliSignals, AnotherOfTheKindEndsWorkOnAFileWithoutEnd) {
+TEST_F(CliSignals, TheSearchOfAFileWithoutEndIsEnded) {
     const Text path = Folder.File(u"endless.mp3", "x");
     std::filesystem::resize_file(NativePath(path), std::uintmax_t{1} << 42);
-    std::map<int, RunningProgram> programs;
-    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM})
-        programs.try_emplace(signal, Call({"stream", "endless.mp3"}));
-    for (auto& [signal, program] : programs)
-        ASSERT_TRUE(WaitUntil(
-            program, [&p = program, number = signal] { return p.HasSignalIn("SigCgt", number); }));
-    // Sent again until they end: those that come at once are one wish.
-    const auto sendAgain = [&] {
-        for (auto& [signal, program] : programs) program.Send(signal);
-        return false;
-    };
-    for (auto& [signal, program] : programs) {
-        EXPECT_FALSE(WaitUntil(program, sendAgain));
+    RunningProgram program(Call({"stream", "endless.mp3"}));
+    ASSERT_TRUE(WaitUntil(program, [&] { return program.HasSignalIn("SigCgt", SIGTERM); }));
+    program.Send(SIGTERM);
+    ExpectResult(program.Wait(), 1, "", "pellmore-cli: stopped: 0 of 1 files done\n");
+}
+
+TEST_F(CliSignals, AnotherOfTheKindEndsWhatHasNoEnd) {
+    (void)Folder.File(u"abba - one.mp3", "x");
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+        RunningProgram program(Struck(Call({"names", "abba - one.mp3"}), "hang"));
+        ASSERT_TRUE(WaitUntil(program, [&] { return IsThere(Home / u"log"); }));
+        // Sent again until it ends: those that come at once are one wish.
+        EXPECT_FALSE(WaitUntil(program, [&] {
+            program.Send(signal);
+            return false;
+        }));
         EXPECT_EQ(program.Wait().Signal, signal);
+        std::filesystem::remove(NativePath(Home / u"log"));
     }
 }
 

@@ -62,6 +62,23 @@ TEST_P(WindowAndSignals, AQuestionGetsItsSafeAnswer) {
     EXPECT_TRUE(IsThere(song));
 }
 
+TEST_P(WindowAndSignals, AnotherOfTheKindEndsWhatHasNoEnd) {
+    TempFolder music;
+    const Text log = music / u"log";
+    const Text song = music.File(u"in/a b.mp3", "x");
+    Program.Environment["LD_PRELOAD"] = FailingCallsFile();
+    Program.Environment["ASAN_OPTIONS"] = "verify_asan_link_order=0";
+    Program.Environment["PLM_FAULTS"] =
+        "under=" + NativePath(music / u"in/") + "\nlog=" + NativePath(log) + "\nat=1\nwhat=hang";
+    RunningProgram running(Program.Call({"+list"}, {song}));
+    ASSERT_TRUE(WaitUntil(running, [&] { return IsThere(log); }));
+    EXPECT_FALSE(WaitUntil(running, [&] {
+        running.Send(GetParam());
+        return false;
+    }));
+    EXPECT_EQ(running.Wait().Signal, GetParam());
+}
+
 INSTANTIATE_TEST_SUITE_P(Each, WindowAndSignals, testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM));
 
 TEST_F(WindowAndSignals, WhatIsIgnoredAtTheStartStaysIgnored) {

@@ -780,8 +780,6 @@ Utan skärm kan filer döpas om i satsläge:</translation>
         <translation>En rad i listan är längre än ett filnamn kan vara. Den hoppades över.</translation>
     </message>
     <message>
-        <source>%1 lines of this list are longer than a file name can be. They were passed over.</source>
-        <translation>%1 rader i listan är längre än ett filnamn kan vara. De hoppades över.</translation>
         <source>stopped before %1 of %2 files.</source>
         <translation>stoppat före %1 av %2 filer.</translation>
     </message>
@@ -792,6 +790,10 @@ Utan skärm kan filer döpas om i satsläge:</translation>
     <message>
         <source>and %1 more</source>
         <translation>och %1 till</translation>
+    </message>
+    <message>
+        <source>%1 lines of this list are longer than a file name can be. They were passed over.</source>
+        <translation>%1 rader i listan är längre än ett filnamn kan vara. De hoppades över.</translation>
     </message>
 </context>
 <context>
