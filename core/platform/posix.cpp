@@ -21,6 +21,7 @@ constexpr BytesView HexDigits = "0123456789abcdef";
 constexpr BytesView TemporaryStart = "plm-";
 constexpr BytesView TemporaryEnd = ".tmp";
 constexpr std::size_t TemporaryDigits = 16;
+constexpr std::size_t LongestEnding = 8;  // of a file name, its dot included
 
 // The locks belong to the open file, not to the process: another descriptor of the process that is
 // closed does not give them back.
@@ -150,6 +151,17 @@ Bytes TemporaryNameBeside(const Bytes& target) {
     for (const unsigned number : numbers)
         for (int shift = 28; shift >= 0; shift -= 4) name += HexDigits[number >> shift & 0xFU];
     return name.append(TemporaryEnd);
+}
+
+// It keeps its ending, so that a song that was left under it can be found and played.
+Bytes NameInBetween(const Bytes& from) {
+    Bytes name = TemporaryNameBeside(from);
+    name.resize(name.size() - TemporaryEnd.size());
+    name.append(".renaming");
+    const std::size_t dot = from.rfind('.');
+    const bool inName = dot != Bytes::npos && dot >= FolderOfNative(from).size();
+    if (inName && from.size() - dot <= LongestEnding) name.append(from, dot);
+    return name;
 }
 
 bool IsTemporaryName(BytesView name) {

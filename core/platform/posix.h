@@ -89,7 +89,11 @@ Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Ha
 /// A name of that kind that nothing in the folder of `target` has.
 Bytes TemporaryNameBeside(const Bytes& target);
 
-/// True for a name (without its folder) of just that form.
+/// A name beside `from` that the file itself bears for a moment, while it is renamed. It is not of
+/// the form of a temporary file: what a killed run leaves under it is the user's own file.
+Bytes NameInBetween(const Bytes& from);
+
+/// True for a name (without its folder) of the form that temporary files have.
 bool IsTemporaryName(BytesView name);
 
 /// True when no process is known to hold a lock on the open file; false where nothing can be known.

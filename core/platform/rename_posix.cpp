@@ -89,7 +89,7 @@ Twins RelationOf(const Bytes& from, const Bytes& to) {
 
 // Where a plain rename between two spellings does nothing, a name in between brings it about.
 Status Respell(const Bytes& from, const Bytes& to) {
-    const Bytes between = TemporaryNameBeside(from);
+    const Bytes between = NameInBetween(from);
     if (const int code = RenameInOneStep(from, between)) return ErrorFromSystem(code);
     const int code = RenameInOneStep(between, to);
     if (code != 0) (void)RenameInOneStep(between, from);

@@ -133,6 +133,21 @@ TEST_F(LeftOversTest, TheCurrentFolderNeedsNoName) {
     EXPECT_TRUE(IsGone(Left));
 }
 
+// Where letter case is not told apart, the file itself has another name for a moment.
+TEST_F(LeftOversTest, AFileThatWasBeingRenamedIsNoLeftOver) {
+    for (const TextView name : {u"Song.mp3", u"Song", u"Song.tmp", u"a.tmp/Song"}) {
+        const Text between = PathFromNative(posix::NameInBetween(NativePath(Folder / name)));
+        EXPECT_EQ(FolderOfPath(between), FolderOfPath(Folder / name));
+        const Text file = Folder.File(between.substr(Folder.Path().size()), "the song");
+        Tidy.LookIn(FolderOfPath(file));
+        EXPECT_TRUE(IsThere(file)) << NativePath(file);
+    }
+    EXPECT_EQ(Tidy.TakeRemoved(), std::vector<Text>{});
+    const Bytes between = posix::NameInBetween("/music/Song.mp3");
+    EXPECT_EQ(between.substr(0, 11), "/music/plm-");
+    EXPECT_EQ(between.substr(between.size() - 13), ".renaming.mp3");
+}
+
 TEST_F(LeftOversTest, WhatCannotBeListedOrRemovedIsPassedOver) {
     const Text file = Folder.File(u"locked/" + Text(Left), "x");
     const Text folder = FolderOfPath(file);
