@@ -288,6 +288,8 @@ void RenameRun::SettleFirst() {
         prompts_.Critical({Text(BoxTitle), reason, first.Tagged});
         report_.Failures.push_back({first.Tagged, reason, first.Pair});
     }
+    // Written anew it is another file to the system.
+    if (first.Saves > 0 && first.Attributed == first.Tagged) own_.Add(first.Tagged, disk_);
     SetAttributes(first.Attributed);
     ++settled_;
 }

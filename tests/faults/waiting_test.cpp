@@ -2,10 +2,14 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <iostream>
 
 #include "app/list/folder_walk.h"
+#include "app/tags/tag_run.h"
 #include "core/platform/disk.h"
+#include "core/platform/path.h"
 #include "tests/faults/fault_run.h"
+#include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
 namespace mdlPLM::test {
@@ -61,6 +65,52 @@ TEST(Waiting, APlainCopyDoesNotWait) {
     const auto copy = [] { return CopyOne(u"two", IfTargetExists::Fail, Wait::No); };
     EXPECT_EQ(place.Run(NothingKept, copy).Status, 0);
     EXPECT_EQ(ReadFile(place.Under + u"two"), "new");
+}
+
+// The words of each failure, a line each.
+int TagFiles(const std::vector<Text>& paths) {
+    TagRun run(paths, [](TextView, const FileTags&) {
+        TagChange change;
+        change.V2.Title = "New title";
+        change.Modes.V2 = TagMode::Write;
+        return change;
+    });
+    while (run.Step()) continue;
+    for (const FileFailure& failure : run.Report().Failures)
+        std::cerr << NativePath(failure.Path + u": " + failure.Reason) << std::endl;
+    return static_cast<int>(run.Report().Failures.size());
+}
+
+// An error that stays, a quota that shows only when the disk is asked: the whole batch.
+TEST(Waiting, TagsThatAreWrittenAnewAreOnTheDiskBeforeTheNameIsTaken) {
+    const std::map<Bytes, Bytes> before = {{"one", Noise(500)},
+                                           {"three", Noise(500)},
+                                           {"two", WholeTag(TextFrame("TIT2", "a")) + Noise(500)}};
+    for (const auto& [plan, reason] :
+         {std::pair{NothingKept, "Device I/O error"},
+          std::pair{FaultPlan{"fail", 0, 0, {}, {"always=fsync 122"}}, "Disk full"}}) {
+        const Place place;
+        for (const auto& [name, contents] : before)
+            WriteFile(place.Under + PathFromNative(name), contents);
+        const auto tag = [] { return TagFiles({u"one", u"two", u"three"}); };
+        const StruckRun failed = place.Run(plan, tag);
+        EXPECT_EQ(failed.Status, 3);
+        EXPECT_EQ(failed.Errors,
+                  Bytes("one: ") + reason + "\ntwo: " + reason + "\nthree: " + reason + "\n");
+        EXPECT_TRUE(ReadTree(place.Under) == before);
+        EXPECT_EQ(place.Run({}, tag).Status, 0);
+        for (const auto& [name, contents] : ReadTree(place.Under)) {
+            EXPECT_EQ(contents.substr(0, 3), "ID3");
+            EXPECT_EQ(contents.substr(contents.size() - 500), Noise(500));
+        }
+    }
+}
+
+TEST(Waiting, TagsThatAreWrittenInPlaceDoNotWait) {
+    const Place place;
+    WriteFile(place.Under + u"one", WholeTag(TextFrame("TIT2", "a"), 200) + Noise(500));
+    EXPECT_EQ(place.Run(NothingKept, [] { return TagFiles({u"one"}); }).Status, 0);
+    EXPECT_NE(ReadFile(place.Under + u"one").find("New title"), Bytes::npos);
 }
 
 TEST(Interrupted, OpeningAFolderIsTakenAgain) {

@@ -1,3 +1,4 @@
+#include "core/platform/file.h"
 #include "core/tags/id3v1.h"
 #include "core/tags/id3v2.h"
 #include "tests/program/cli_fixture.h"
@@ -185,6 +186,43 @@ TEST_F(CliTags, AFileThatCannotBeWrittenIsNamedAndTheOthersAreDone) {
                  "pellmore-cli: short.mp3: Bad record number\n"
                  "pellmore-cli: gone.mp3: File not found\n");
     EXPECT_EQ(ReadFile(Folder / u"short.mp3"), "x");
+}
+
+TEST_F(CliTags, FilesThatAreWrittenAnewAreToldInTheirOrderWithTheirOwnTags) {
+    (void)Folder.File(u"a.mp3", Noise(200));
+    (void)MakeTagged(u"b.mp3");
+    (void)Folder.File(u"d.mp3", Noise(300));
+    const ProgramResult result = Cli({"tags", "--json", "--v2", "--fix", "--set", "album=Arrival",
+                                      "a.mp3", "b.mp3", "gone.mp3", "d.mp3"});
+    EXPECT_EQ(result.Status, 1);
+    EXPECT_EQ(result.Errors, "pellmore-cli: gone.mp3: File not found\n");
+    std::vector<std::pair<Json, Json>> told;
+    for (const Json& object : Objects(result))
+        told.emplace_back(object.at("path"), object.at("outcome"));
+    EXPECT_EQ(told, (std::vector<std::pair<Json, Json>>{{"a.mp3", "written"},
+                                                        {"b.mp3", "written"},
+                                                        {"gone.mp3", "failed"},
+                                                        {"d.mp3", "written"}}));
+    EXPECT_EQ(Objects(result)[1].at("v2").at("title"), "Waterloo");
+    EXPECT_EQ(Objects(result)[3].at("v2").at("album"), "Arrival");
+    EXPECT_EQ(V2Of(u"b.mp3").Title, "Waterloo");
+    EXPECT_EQ(V2Of(u"d.mp3").Album, "Arrival");
+    EXPECT_EQ(ListTree(Folder.Path()), (std::vector<Bytes>{"a.mp3", "b.mp3", "d.mp3"}));
+}
+
+TEST_F(CliTags, AFileThatAnotherProgramWritesToIsNamedInAPlanToo) {
+    File other;
+    ASSERT_TRUE(other.Open(MakeTagged(), File::Mode::ReadWrite).Ok());
+    ASSERT_TRUE(other.Lock().Ok());
+    const Bytes before = ReadFile(Folder / u"a.mp3");
+    for (const char* more : {"--v2", "--dry-run"}) {
+        const ProgramResult result = Cli({"tags", "--set", "title=New", more, "a.mp3"});
+        EXPECT_EQ(result.Status, 1);
+        EXPECT_EQ(result.Errors,
+                  "pellmore-cli: a.mp3: Another program is writing to this file. Nothing was "
+                  "written; save it again when that program is done.\n");
+    }
+    EXPECT_TRUE(ReadFile(Folder / u"a.mp3") == before);
 }
 
 TEST_F(CliTags, ManyFilesAreAskedForAtATerminalWithThePanelsQuestion) {

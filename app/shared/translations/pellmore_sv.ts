@@ -502,6 +502,18 @@
         <translation>Filen har ändrats sedan den visades. Den sparades inte.</translation>
     </message>
     <message>
+        <source>Another program is writing to this file. Nothing was written; save it again when that program is done.</source>
+        <translation>Ett annat program skriver till den här filen. Inget skrevs; spara den igen när det programmet är klart.</translation>
+    </message>
+    <message>
+        <source>Another program changed, moved or removed this file meanwhile. Nothing was written; look at the file and save it again.</source>
+        <translation>Ett annat program har ändrat, flyttat eller tagit bort den här filen under tiden. Inget skrevs; titta på filen och spara den igen.</translation>
+    </message>
+    <message>
+        <source>The work was stopped before this file was written. It is as it was.</source>
+        <translation>Arbetet avbröts innan den här filen skrevs. Den är som den var.</translation>
+    </message>
+    <message>
         <source>The tags of this file could not be saved:</source>
         <translation>Taggarna i den här filen kunde inte sparas:</translation>
     </message>
