@@ -907,6 +907,23 @@ Utan skärm kan filer döpas om i satsläge:</translation>
     </message>
 </context>
 <context>
+    <name>mdlPLM::PairLists</name>
+    <message>
+        <source>The MP3 files to rename.
+Files and folders can be dropped here.</source>
+        <translation>MP3-filerna att döpa om.
+Filer och mappar kan släppas här.</translation>
+    </message>
+    <message>
+        <source>The names that a scan makes, each beside its file.</source>
+        <translation>Namnen som en avsökning gör, vart och ett bredvid sin fil.</translation>
+    </message>
+    <message>
+        <source>Add MP3 files</source>
+        <translation>Lägg till MP3-filer</translation>
+    </message>
+</context>
+<context>
     <name>mdlPLM::PlayerCommands</name>
     <message>
         <source>Nothing is heard: there is no sound device.</source>
@@ -1396,16 +1413,6 @@ Den första av %n bilder</numerusform>
         <translation>St&amp;äng</translation>
     </message>
     <message>
-        <source>The MP3 files to rename.
-Files and folders can be dropped here.</source>
-        <translation>MP3-filerna att döpa om.
-Filer och mappar kan släppas här.</translation>
-    </message>
-    <message>
-        <source>The names that a scan makes, each beside its file.</source>
-        <translation>Namnen som en avsökning gör, vart och ett bredvid sin fil.</translation>
-    </message>
-    <message>
         <source>S&amp;how failed files...</source>
         <translation>Visa misslyckade filer (&amp;X)...</translation>
     </message>
@@ -1430,10 +1437,6 @@ Filer och mappar kan släppas här.</translation>
         <translation>Stoppat.</translation>
     </message>
     <message>
-        <source>Stopped. %1</source>
-        <translation>Stoppat. %1</translation>
-    </message>
-    <message>
         <source>Looking for files...</source>
         <translation>Söker filer...</translation>
     </message>
@@ -1452,10 +1455,6 @@ Filer och mappar kan släppas här.</translation>
     <message>
         <source>Scanning...</source>
         <translation>Söker av...</translation>
-    </message>
-    <message>
-        <source>Add MP3 files</source>
-        <translation>Lägg till MP3-filer</translation>
     </message>
     <message>
         <source>Open Sourcefile</source>
