@@ -4,6 +4,7 @@
 #include "app/dialogs/qt_replacement_model.h"
 #include "app/shared/qt_entry_filter.h"
 #include "app/shared/qt_save_settings.h"
+#include "app/shared/qt_setting_controls.h"
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
 #include "ui_frmOptions.h"
@@ -11,6 +12,32 @@
 namespace mdlPLM {
 
 namespace {
+
+using Form = Ui::frmOptions;
+
+constexpr SettingControl<Form> SettingControls[] = {
+    Bound<Form, &Form::chkID3, &Settings::bID3>(),
+    Bound<Form, &Form::chkExtension, &Settings::bExtension>(),
+    Bound<Form, &Form::txtExtension, &Settings::Extension>(),
+    Bound<Form, &Form::chkLowext, &Settings::bLowExtension>(),
+    Bound<Form, &Form::chkUndtospace, &Settings::bScoreToSpace>(),
+    Bound<Form, &Form::chk20tospace, &Settings::b20toSpace>(),
+    Bound<Form, &Form::chkSpaces, &Settings::bSpaces>(),
+    Bound<Form, &Form::chkParenth, &Settings::bParentheses>(),
+    Bound<Form, &Form::chkReplace, &Settings::bReplace>(),
+    Bound<Form, &Form::chkMisses, &Settings::bMisses>(),
+    Bound<Form, &Form::chkSetAttributes, &Settings::bSetAttributes>(),
+    Bound<Form, &Form::chkReadOnly, &Settings::bReadOnly>(),
+    Bound<Form, &Form::chkHidden, &Settings::bHidden>(),
+    Bound<Form, &Form::chkArchive, &Settings::bArhive>(),
+    Bound<Form, &Form::chkRemoveChars, &Settings::bRemoveChars>(),
+    Bound<Form, &Form::txtRemoveChars, &Settings::strSettings>(),
+    Bound<Form, &Form::chkRemHiddenID3, &Settings::bRemHiddenID3>(),
+    Bound<Form, &Form::chkOptimizeID3v1, &Settings::bOptimizedID3v1>(),
+    Bound<Form, &Form::optChange, &Settings::Change>(),
+};
+static_assert(AllWrittenBy(WrittenBy::OptionsDialog, SettingControls));
+static_assert(std::size(SettingControls) == CountWrittenBy(WrittenBy::OptionsDialog));
 
 QString CountText(std::size_t pairs) {
     if (pairs == 0) return frmOptions::tr("No pairs in the list.");
@@ -28,8 +55,8 @@ frmOptions::frmOptions(AppContext& context, QWidget* parent)
       finds_(new ReplacementModel(editor_, &Replacement::Find, this)),
       puts_(new ReplacementModel(editor_, &Replacement::Put, this)) {
     ui_->setupUi(this);
-    const QList<QAbstractButton*> cases = ui_->optChange->buttons();
-    for (int i = 0; i < cases.size(); ++i) ui_->optChange->setId(cases[i], i);
+    NumberButtons(*ui_->optChange, {ui_->optChange0, ui_->optChange1, ui_->optChange2,
+                                    ui_->optChange3, ui_->optChange4});
     ui_->cmbReplace1->setModel(finds_);
     ui_->cmbReplace2->setModel(puts_);
     FilterEntry(*ui_->txtExtension, IsForbiddenInExtension);
@@ -46,21 +73,14 @@ frmOptions::frmOptions(AppContext& context, QWidget* parent)
 frmOptions::~frmOptions() = default;
 
 void frmOptions::ShowSettings() {
-    for (const OptionRow& row : OptionRows)
-        findChild<QCheckBox*>(row.Control)->setChecked(context_.Values.*row.Value);
-    for (const OptionTextRow& row : OptionTextRows) {
-        auto* box = findChild<QLineEdit*>(row.Control);
-        box->setText(ToQt(context_.Values.*row.Value));
-        box->setCursorPosition(0);
-    }
+    for (const auto& row : SettingControls) row.Load(*ui_, context_.Values);
     ShowCaseOption();
 }
 
+// The Tab key goes to the chosen one; left alone it would go to the first.
 void frmOptions::ShowCaseOption() {
-    QAbstractButton* chosen = ui_->optChange->button(context_.Values.Change);
+    const QAbstractButton* chosen = ui_->optChange->button(context_.Values.Change);
     if (chosen == nullptr) return;
-    chosen->setChecked(true);
-    // The Tab key goes to the chosen one; left alone it would go to the first.
     for (QAbstractButton* button : ui_->optChange->buttons())
         button->setFocusPolicy(button == chosen ? Qt::StrongFocus : Qt::ClickFocus);
 }
@@ -89,14 +109,8 @@ void frmOptions::ShowPair() {
     ui_->lblReplaceCount->setText(CountText(editor_.Pairs().size()));
 }
 
-Settings frmOptions::ChosenSettings() const {
-    Settings chosen = context_.Values;
-    for (const OptionRow& row : OptionRows)
-        chosen.*row.Value = findChild<QCheckBox*>(row.Control)->isChecked();
-    for (const OptionTextRow& row : OptionTextRows)
-        chosen.*row.Value = FromQt(findChild<QLineEdit*>(row.Control)->text());
-    if (ui_->optChange->checkedId() >= 0) chosen.Change = ui_->optChange->checkedId();
-    return chosen;
+void frmOptions::TakeSettings() {
+    for (const auto& row : SettingControls) row.Take(*ui_, context_.Values);
 }
 
 void frmOptions::SaveReplacementList() {
@@ -111,7 +125,7 @@ void frmOptions::SaveReplacementList() {
 }
 
 void frmOptions::cmdOK_Click() {
-    TakeOverOptions(ChosenSettings(), context_.Values);
+    TakeSettings();
     StoreSettings(context_.Values, WrittenBy::OptionsDialog, context_.Store);
     SaveSettings(context_);
     SaveReplacementList();

@@ -28,7 +28,7 @@ private:
     void ShowCaseOption();
     void ConnectHandlers();
     void ShowPair();
-    [[nodiscard]] Settings ChosenSettings() const;
+    void TakeSettings();
     void SaveReplacementList();
 
     void cmdOK_Click();

@@ -21,6 +21,7 @@ void WorkQueue::Start(std::unique_ptr<ListTask> task, Done done, Pace pace) {
     jobs_.push_back({std::move(task), std::move(done), pace});
     if (jobs_.size() > 1) return;
     emit BusyChanged(true);
+    if (pace == Pace::StepByStepLater) return turn_.start();
     Slice();
 }
 
@@ -46,7 +47,7 @@ void WorkQueue::Slice() {
 bool WorkQueue::RunSlice(Job& job) {
     QElapsedTimer clock;
     clock.start();
-    const int length = job.Speed == Pace::StepByStep ? 0 : sliceLength_;
+    const int length = job.Speed == Pace::Slices ? sliceLength_ : 0;
     bool more = true;
     do {
         more = job.Task->Step();

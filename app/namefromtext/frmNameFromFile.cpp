@@ -7,8 +7,7 @@
 #include <QScrollBar>
 #include <array>
 
-#include "app/namefromtext/qt_pair_column.h"
-#include "app/namefromtext/qt_sliced_work.h"
+#include "app/namefromtext/qt_pair_lists.h"
 #include "app/shared/app_context.h"
 #include "app/shared/name_from_text_host.h"
 #include "app/shared/qt_elided_label.h"
@@ -58,17 +57,14 @@ frmNameFromFile::frmNameFromFile(AppContext& context, NameFromTextHost& host, QW
     : QMainWindow(parent),
       context_(context),
       host_(host),
-      ui_(std::make_unique<Ui::frmNameFromFile>()),
-      oldFiles_(new PairColumn(lists_, PairColumn::Side::OldFiles, this)),
-      newNames_(new PairColumn(lists_, PairColumn::Side::NewNames, this)),
-      work_(new SlicedWork(this)) {
+      ui_(std::make_unique<Ui::frmNameFromFile>()) {
     ui_->setupUi(this);
     setWindowIcon(Icon(IconName::NameFromText));
     SetUpStatusLine();
     SetUpBoxes();
-    SetUpLists();
+    lists_ = new PairLists({context_, host_, *ui_, *this}, this);
     ConnectText();
-    ConnectLists();
+    ConnectButtons();
     Form_Load();
     RestoreGeometry(*this, context_.Store);
     RestoreSplitter(*ui_->splTop, context_.Store);
@@ -94,19 +90,6 @@ void frmNameFromFile::SetUpBoxes() {
     ui_->splTop->setSizes({550, 460});
     SetStretch(*ui_->splTop, 3, 2);
     SetStretch(*ui_->splLists, 3, 2);
-}
-
-void frmNameFromFile::SetUpLists() {
-    ui_->lstOldFileNames->setModel(oldFiles_);
-    ui_->lstNewFileNames->setModel(newNames_);
-    ui_->lstOldFileNames->PairWith(ui_->lstNewFileNames);
-    ui_->lstOldFileNames->SetHint(
-        tr("The MP3 files to rename.\nFiles and folders can be dropped here."));
-    ui_->lstNewFileNames->SetHint(tr("The names that a scan makes, each beside its file."));
-    new FileDrops(ui_->lstOldFileNames->viewport(),
-                  [this](std::vector<Text> paths) { GatherDropped(std::move(paths)); });
-    connect(oldFiles_, &PairColumn::CountChanged, newNames_, &PairColumn::ShowPartners);
-    connect(newNames_, &PairColumn::CountChanged, oldFiles_, &PairColumn::ShowPartners);
 }
 
 void frmNameFromFile::SetUpStatusLine() {
@@ -147,35 +130,15 @@ void frmNameFromFile::ConnectText() {
     connect(ui_->txtAlbum, &QLineEdit::textChanged, this, &Form::txtAlbum_Change);
 }
 
-void frmNameFromFile::ConnectLists() {
+void frmNameFromFile::ConnectButtons() {
     using Form = frmNameFromFile;
-    const auto onClick = [this](QPushButton* button, auto handler) {
-        connect(button, &QPushButton::clicked, this, handler);
-    };
-    onClick(ui_->cmdAddFiles, &Form::cmdAddFiles_Click);
-    onClick(ui_->cmdRemoveFile, &Form::cmdRemoveFile_Click);
-    onClick(ui_->cmdRemoveNew, &Form::cmdRemoveNew_Click);
-    onClick(ui_->cmdClearOld, &Form::cmdClearOld_Click);
-    onClick(ui_->cmdClearNew, &Form::cmdClearNew_Click);
-    onClick(ui_->cmdMoveUp, &Form::cmdMoveUp_Click);
-    onClick(ui_->cmdMoveDn, &Form::cmdMoveDn_Click);
-    onClick(ui_->cmdRenameFiles, &Form::cmdRenameFiles_Click);
-    onClick(ui_->cmdClose, &QWidget::close);
-    onClick(cmdStop_, &Form::cmdStop_Click);
-    connect(work_, &SlicedWork::SliceDone, this, &Form::ShowWorkProgress);
-    onClick(cmdDetails_, &Form::cmdDetails_Click);
-    connect(ui_->mnuAddMP3, &QAction::triggered, this, &Form::cmdAddFiles_Click);
+    connect(lists_, &PairLists::FilesDropped, this, &Form::GatherDropped);
+    connect(ui_->cmdRenameFiles, &QPushButton::clicked, this, &Form::cmdRenameFiles_Click);
+    connect(ui_->cmdClose, &QPushButton::clicked, this, &QWidget::close);
     connect(ui_->mnuClose, &QAction::triggered, this, &QWidget::close);
-    PairedListView* const oldList = ui_->lstOldFileNames;
-    PairedListView* const newList = ui_->lstNewFileNames;
-    connect(oldList->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &Form::lstOldFileNames_Click);
-    // A click on the file that is selected already shows its name again.
-    connect(oldList, &QListView::clicked, this, &Form::lstOldFileNames_Click);
-    connect(oldList, &PairedListView::DeletePressed, this, &Form::lstOldFileNames_KeyDown);
-    connect(newList, &PairedListView::DeletePressed, this, &Form::lstNewFileNames_KeyDown);
-    connect(newList, &QListView::doubleClicked, this, &Form::lstNewFileNames_DblClick);
-    connect(newList, &PairedListView::EditPressed, this, &Form::lstNewFileNames_DblClick);
+    connect(cmdDetails_, &QPushButton::clicked, this, &Form::cmdDetails_Click);
+    connect(cmdStop_, &QPushButton::clicked, &work_, &WorkQueue::Stop);
+    connect(&work_, &WorkQueue::Progressed, this, &Form::ShowWorkProgress);
 }
 
 void frmNameFromFile::Form_Load() {
@@ -194,9 +157,8 @@ void frmNameFromFile::showEvent(QShowEvent* event) {
 
 void frmNameFromFile::closeEvent(QCloseEvent* event) {
     // A box is waiting for its answer in the middle of a piece of work.
-    if (work_->Working()) return event->ignore();
-    work_->Stop();
-    CloseRun();
+    if (work_.InStep()) return event->ignore();
+    work_.Stop();
     KeepGeometry(*this, context_.Store);
     KeepSplitter(*ui_->splTop, context_.Store);
     KeepSplitter(*ui_->splLists, context_.Store);
@@ -208,41 +170,24 @@ void frmNameFromFile::ShowStatus(const QString& text) {
     lblWork_->setToolTip(text);
 }
 
-void frmNameFromFile::BeginWork(const QString& what) {
-    workName_ = what;
+void frmNameFromFile::BeginWork() {
     cmdDetails_->hide();
     ShowStatus({});
 }
 
-int frmNameFromFile::WorkPercent() const {
-    if (scan_) return static_cast<int>(100 * scan_->Done() / scan_->Total());
-    return gathering_ ? -1 : ui_->txtSourceText->FilledPercent();
-}
-
 // Short work is over before this shows anything.
 void frmNameFromFile::ShowWorkProgress() {
-    if (run_) return;
+    if (renaming_) return;
     EnableControls(false);
-    const int percent = WorkPercent();
-    ShowStatus(workName_);
-    prgWork_->setRange(0, percent < 0 ? 0 : 100);
-    prgWork_->setValue(percent);
+    const TaskProgress progress = work_.Current()->Progress();
+    ShowStatus(ToQt(progress.What));
+    prgWork_->setRange(0, static_cast<int>(progress.Total));
+    prgWork_->setValue(static_cast<int>(progress.Done));
     prgWork_->show();
     cmdStop_->show();
 }
 
-// What came together goes into its list in one go: a list lays all its rows out after each change.
 void frmNameFromFile::EndWork(const QString& said) {
-    if (scan_) {
-        newNames_->Append(coming_);
-        ShowNewCount();
-    } else if (gathering_) {
-        oldFiles_->Append(coming_);
-        ShowOldCount();
-    }
-    coming_.clear();
-    scan_.reset();
-    gathering_.reset();
     prgWork_->hide();
     cmdStop_->hide();
     EnableControls(true);
@@ -256,12 +201,6 @@ void frmNameFromFile::EnableControls(bool on) {
     ui_->mnuOpenSource->setEnabled(on);
     ui_->mnuAddMP3->setEnabled(on);
     if (on && focusBefore_ != nullptr) focusBefore_->setFocus();
-}
-
-void frmNameFromFile::cmdStop_Click() {
-    work_->Stop();
-    ui_->txtSourceText->StopFilling();
-    EndWork(tr("Stopped."));
 }
 
 }  // namespace mdlPLM

@@ -5,8 +5,8 @@
 #include <QPointer>
 #include <memory>
 
+#include "app/list/qt_work_queue.h"
 #include "app/namefromtext/line_scan.h"
-#include "app/namefromtext/name_pairs.h"
 #include "app/namefromtext/rename_run.h"
 
 class QComboBox;
@@ -18,11 +18,8 @@ class QPushButton;
 namespace mdlPLM {
 
 struct AppContext;
-class FileGathering;
 class NameFromTextHost;
-class PairColumn;
-class RunProgressWindow;
-class SlicedWork;
+class PairLists;
 namespace Ui {
 class frmNameFromFile;
 }
@@ -44,10 +41,9 @@ protected:
 
 private:
     void SetUpBoxes();
-    void SetUpLists();
     void SetUpStatusLine();
     void ConnectText();
-    void ConnectLists();
+    void ConnectButtons();
     void Form_Load();
 
     // The text and its scans.
@@ -64,58 +60,29 @@ private:
     void txtAlbum_Change();
     void WarnAboutLength(QLineEdit& box, const QString& plainTip, const QString& warning);
 
-    // The lists.
-    void cmdAddFiles_Click();
     void GatherDropped(std::vector<Text> dropped);
-    void cmdRemoveFile_Click();
-    void cmdRemoveNew_Click();
-    void cmdClearOld_Click();
-    void cmdClearNew_Click();
-    void cmdMoveUp_Click();
-    void cmdMoveDn_Click();
-    void MoveSelected(NamePairs::Direction direction);
-    void lstOldFileNames_Click();
-    void lstOldFileNames_KeyDown();
-    void lstNewFileNames_KeyDown();
-    void lstNewFileNames_DblClick();
-    void ShowOldCount();
-    void ShowNewCount();
 
     // The run.
     void cmdRenameFiles_Click();
     [[nodiscard]] RunChoices ReadRunChoices() const;
     [[nodiscard]] std::vector<RenamePair> Pairs() const;
-    bool RunPair();
-    void ShowNextPair();
-    void EndRun();
-    void CloseRun();
+    void EndRun(const RunReport& report);
     void ClearAfterRun();
     void cmdDetails_Click();
 
-    // Work in slices.
+    // Long work.
     void ShowStatus(const QString& text);
-    void BeginWork(const QString& what);
+    void BeginWork();
     void ShowWorkProgress();
-    [[nodiscard]] int WorkPercent() const;
     void EndWork(const QString& said);
-    void cmdStop_Click();
     void EnableControls(bool on);
 
     AppContext& context_;
     NameFromTextHost& host_;
     std::unique_ptr<Ui::frmNameFromFile> ui_;
-    NamePairs lists_;
-    PairColumn* oldFiles_;
-    PairColumn* newNames_;
-
-    SlicedWork* work_;
-    QString workName_;
-    std::unique_ptr<LineScan> scan_;
-    std::unique_ptr<FileGathering> gathering_;
-    std::vector<Text> coming_;  // names or files that the work under way has made so far
-    std::unique_ptr<RenameRun> run_;
-    std::unique_ptr<RunProgressWindow> progress_;
+    PairLists* lists_ = nullptr;
     std::vector<RunFailure> failures_;
+    bool renaming_ = false;  ///< a run is under way: its own window shows how far it is
 
     QLabel* lblWork_;
     QProgressBar* prgWork_;
@@ -123,6 +90,8 @@ private:
     QPushButton* cmdDetails_;
     QPointer<QWidget> focusBefore_;  // where the focus was when work began
     bool centred_ = false;
+
+    WorkQueue work_{this};  // last: work under way ends with the window
 };
 
 }  // namespace mdlPLM

@@ -1,98 +1,32 @@
-// The two lists and the run that renames and tags.
+// Dropped files, and the run that renames and tags.
 #include <QPushButton>
 
+#include "app/list/list_texts.h"
 #include "app/namefromtext/frmNameFromFile.h"
-#include "app/namefromtext/qt_pair_column.h"
-#include "app/namefromtext/qt_sliced_work.h"
+#include "app/namefromtext/qt_gather_task.h"
+#include "app/namefromtext/qt_pair_lists.h"
+#include "app/namefromtext/qt_rename_task.h"
 #include "app/shared/app_context.h"
-#include "app/shared/file_dialogs.h"
 #include "app/shared/name_from_text_host.h"
 #include "app/shared/qt_enable_with_reason.h"
 #include "app/shared/qt_language.h"
 #include "app/shared/qt_left_overs_text.h"
 #include "app/shared/qt_text.h"
-#include "core/platform/path.h"
 #include "ui_frmNameFromFile.h"
 
 namespace mdlPLM {
 
-void frmNameFromFile::cmdAddFiles_Click() {
-    FileDialogRequest request;
-    request.Title = FromQt(tr("Add MP3 files"));
-    request.Filter = u"MP3 Files (*.mp3;*.mp2)|*.mp3;*.mp2|All Files (*.*)|*.*";
-    request.InitialFolder = lists_.OldFiles().empty() ? context_.Values.LastDir
-                                                      : FolderOfPath(lists_.OldFiles()[0].Path);
-    request.Multiple = true;
-    const FileDialogResult chosen = context_.Dialogs.OpenFiles(this, request);
-    if (chosen.Paths.empty()) return;
-    oldFiles_->Append(chosen.Paths);
-    ShowOldCount();
-}
-
+// What came together goes into its list in one go: a list lays all its rows out after each change.
 void frmNameFromFile::GatherDropped(std::vector<Text> dropped) {
-    if (work_->Running()) return;
-    gathering_ = host_.GatherFiles(std::move(dropped));
-    BeginWork(tr("Looking for files..."));
-    work_->Start([this] { return gathering_->Step(coming_); }, [this] { EndWork({}); });
-}
-
-void frmNameFromFile::cmdRemoveFile_Click() {
-    oldFiles_->Remove(ui_->lstOldFileNames->SelectedRow());
-    ShowOldCount();
-}
-
-void frmNameFromFile::cmdRemoveNew_Click() {
-    newNames_->Remove(ui_->lstNewFileNames->SelectedRow());
-    ShowNewCount();
-}
-
-void frmNameFromFile::cmdClearOld_Click() {
-    oldFiles_->Clear();
-    ShowOldCount();
-}
-
-void frmNameFromFile::cmdClearNew_Click() {
-    newNames_->Clear();
-    ShowNewCount();
-}
-
-void frmNameFromFile::cmdMoveUp_Click() { MoveSelected(NamePairs::Direction::Up); }
-
-void frmNameFromFile::cmdMoveDn_Click() { MoveSelected(NamePairs::Direction::Down); }
-
-void frmNameFromFile::MoveSelected(NamePairs::Direction direction) {
-    const int row = ui_->lstOldFileNames->SelectedRow();
-    if (row >= 0) ui_->lstOldFileNames->SelectRow(oldFiles_->MoveOldFile(row, direction));
-}
-
-void frmNameFromFile::lstOldFileNames_Click() {
-    const int row = ui_->lstOldFileNames->SelectedRow();
-    if (row >= 0 && row < newNames_->rowCount()) ui_->lstNewFileNames->SelectRow(row);
-}
-
-// The counters are left alone by this key, on purpose.
-void frmNameFromFile::lstOldFileNames_KeyDown() {
-    oldFiles_->Remove(ui_->lstOldFileNames->SelectedRow());
-}
-
-void frmNameFromFile::lstNewFileNames_KeyDown() {
-    newNames_->Remove(ui_->lstNewFileNames->SelectedRow());
-}
-
-void frmNameFromFile::lstNewFileNames_DblClick() {
-    const int row = ui_->lstNewFileNames->SelectedRow();
-    if (row < 0) return;
-    const Text name = lists_.NewNames()[static_cast<std::size_t>(row)];
-    if (const std::optional<Text> edited = host_.EditName(this, name))
-        newNames_->SetNewName(row, *edited);
-}
-
-void frmNameFromFile::ShowOldCount() {
-    ui_->lblNrOldFiles->setText(ToQt(FilesText(lists_.OldFiles().size())));
-}
-
-void frmNameFromFile::ShowNewCount() {
-    ui_->lblNrNewFiles->setText(ToQt(FilesText(lists_.NewNames().size())));
+    if (work_.Busy()) return;
+    BeginWork();
+    auto task = std::make_unique<GatherTask>(FromQt(tr("Looking for files...")),
+                                             host_.GatherFiles(std::move(dropped)));
+    const GatherTask& gathering = *task;
+    work_.Start(std::move(task), [this, &gathering](bool stopped) {
+        lists_->AddFiles(gathering.Files());
+        EndWork(stopped ? tr("Stopped.") : QString());
+    });
 }
 
 RunChoices frmNameFromFile::ReadRunChoices() const {
@@ -118,9 +52,10 @@ RunChoices frmNameFromFile::ReadRunChoices() const {
 }
 
 std::vector<RenamePair> frmNameFromFile::Pairs() const {
+    const NamePairs& lists = lists_->Pairs();
     std::vector<RenamePair> pairs;
-    for (std::size_t i = 0; i < lists_.Pairs(); ++i)
-        pairs.push_back({lists_.OldFiles()[i].Path, lists_.NewNames()[i]});
+    for (std::size_t i = 0; i < lists.Pairs(); ++i)
+        pairs.push_back({lists.OldFiles()[i].Path, lists.NewNames()[i]});
     return pairs;
 }
 
@@ -129,53 +64,33 @@ void frmNameFromFile::RestRenaming(bool rest) {
 }
 
 void frmNameFromFile::cmdRenameFiles_Click() {
-    if (!MayRename(lists_.OldFiles().size(), lists_.NewNames().size(), context_.Ask)) return;
-    run_ = std::make_unique<RenameRun>(Pairs(), ReadRunChoices(), context_.Values, context_.Files,
-                                       context_.Ask);
-    BeginWork({});
+    const NamePairs& lists = lists_->Pairs();
+    if (!MayRename(lists.OldFiles().size(), lists.NewNames().size(), context_.Ask)) return;
+    RenameRun run(Pairs(), ReadRunChoices(), context_.Values, context_.Files, context_.Ask);
+    renaming_ = true;
+    BeginWork();
     EnableControls(false);
-    progress_ = host_.OpenProgress(this);
-    ShowNextPair();
-    work_->StartPieceByPiece([this] { return RunPair(); }, [this] { EndRun(); });
+    auto task = std::make_unique<RenameTask>(std::move(run), host_.OpenProgress(this));
+    const RenameTask& renaming = *task;
+    work_.Start(
+        std::move(task), [this, &renaming](bool) { EndRun(renaming.Report()); },
+        WorkQueue::Pace::StepByStepLater);
 }
 
-// One turn more than there are pairs: the stop flag counts behind the last one too.
-bool frmNameFromFile::RunPair() {
-    if (progress_->StopRequested()) run_->Stop();
-    if (run_->Finished()) return false;
-    run_->Step();
-    ShowNextPair();
-    return !run_->Report().Cancelled;
-}
-
-void frmNameFromFile::ShowNextPair() {
-    if (run_->Done() == run_->Total()) return;
-    const RenamePair& pair = run_->Next();
-    progress_->ShowPair(FileNameOfPath(pair.OldPath), pair.NewName, run_->Done() + 1,
-                        run_->Total());
-}
-
-void frmNameFromFile::EndRun() {
-    const RunReport report = run_->Report();
-    if (!report.Stopped) progress_->ShowDone();
+void frmNameFromFile::EndRun(const RunReport& report) {
+    renaming_ = false;
     if (report.Completed) ClearAfterRun();
     failures_ = report.Failures;
-    CloseRun();
-    const QString summary = ToQt(SummaryText(report, UserLanguage()));
-    EndWork(WithRemovedLeftOvers(report.Completed ? summary : tr("Stopped. %1").arg(summary),
-                                 context_));
+    const Language words = UserLanguage();
+    const CommandEnd end = report.Completed ? CommandEnd::Reached : CommandEnd::Stopped;
+    EndWork(
+        WithRemovedLeftOvers(ToQt(RunStatus(SummaryText(report, words), end, words)), context_));
     cmdDetails_->setVisible(!failures_.empty());
-}
-
-void frmNameFromFile::CloseRun() {
-    progress_.reset();
-    run_.reset();
 }
 
 // The genre and its check box stay as they are.
 void frmNameFromFile::ClearAfterRun() {
-    cmdClearOld_Click();
-    cmdClearNew_Click();
+    lists_->Clear();
     ui_->txtSourceText->ClearText();
     for (QLineEdit* box : {ui_->txtAlbum, ui_->txtArtist, ui_->txtReleaseDate, ui_->txtYear})
         box->clear();

@@ -2,9 +2,10 @@
 #include <QPalette>
 
 #include "app/namefromtext/frmNameFromFile.h"
+#include "app/namefromtext/line_scan_task.h"
 #include "app/namefromtext/pre_scan.h"
-#include "app/namefromtext/qt_pair_column.h"
-#include "app/namefromtext/qt_sliced_work.h"
+#include "app/namefromtext/qt_fill_task.h"
+#include "app/namefromtext/qt_pair_lists.h"
 #include "app/shared/app_context.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/name_from_text_host.h"
@@ -20,25 +21,12 @@ namespace {
 // The longest text that an ID3v1 field holds.
 constexpr int FieldLimit = 30;
 constexpr QRgb WarningColour = 0xFFFFFFC0;
-constexpr std::size_t LinesPerPiece = 200;
-// An album text of this size is most likely something else.
-constexpr std::int64_t LargeFile = 64 << 20;
 
 Text Shown(const QComboBox& box) { return FromQt(box.currentText()); }
 
 Text WithoutSeparator(Text folder) {
     if (folder.size() > 1) folder.pop_back();
     return folder;
-}
-
-bool MayRead(const Text& path, Prompts& ask) {
-    const std::int64_t size = FileLength(path);
-    if (size < LargeFile) return true;
-    const Text question = UserLanguage()(
-        PLM_TRANSLATE("Texts",
-                      "The file \"%1\" has %2 megabytes.\nRead it as an album text all the same?"),
-        {path, NumberText(size >> 20)});
-    return ask.AskYesNo({{}, Replace(question, u"\n", CrLf), {}}) == Answer::Yes;
 }
 
 QString NamesMade(std::size_t count) {
@@ -52,14 +40,13 @@ void frmNameFromFile::cmdOpenSource_Click() {
     FileDialogRequest request;
     request.Title = FromQt(tr("Open Sourcefile"));
     request.Filter = u"Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
-    request.InitialFolder = lists_.OldFiles().empty() ? host_.LastSourceFolder()
-                                                      : FolderOfPath(lists_.OldFiles()[0].Path);
+    request.InitialFolder = lists_->FolderOr(host_.LastSourceFolder());
     const FileDialogResult chosen = context_.Dialogs.OpenFiles(this, request);
     if (!chosen.Paths.empty() && !Trim(chosen.Paths[0]).empty()) OpenSource(chosen.Paths[0]);
 }
 
 void frmNameFromFile::OpenSource(const Text& path) {
-    if (!MayRead(path, context_.Ask)) return;
+    if (!MayReadSource(path, context_.Ask, UserLanguage())) return;
     Text text;
     const Status status = ReadSourceFile(path, context_.Values, text);
     if (!status.Ok()) return context_.Ask.Critical({{}, ErrorMessage(status.Number()), path});
@@ -70,14 +57,14 @@ void frmNameFromFile::OpenSource(const Text& path) {
 }
 
 void frmNameFromFile::ShowComingText(bool preScan) {
-    SourceBox* const box = ui_->txtSourceText;
-    BeginWork(tr("Showing the text..."));
-    work_->Start([box] { return box->FillStep(); },
-                 [this, preScan] {
-                     EndWork({});
-                     if (preScan) PreScanText();
-                     ShowLineEndOffer();
-                 });
+    BeginWork();
+    work_.Start(std::make_unique<FillTask>(FromQt(tr("Showing the text...")), *ui_->txtSourceText),
+                [this, preScan](bool stopped) {
+                    EndWork(stopped ? tr("Stopped.") : QString());
+                    if (stopped) return;
+                    if (preScan) PreScanText();
+                    ShowLineEndOffer();
+                });
 }
 
 void frmNameFromFile::ShowLineEndOffer() {
@@ -133,11 +120,15 @@ void frmNameFromFile::cmdScan_Click() {
 }
 
 void frmNameFromFile::ScanChosenText(Text text, ScanChoices choices) {
-    scan_ = std::make_unique<LineScan>(std::move(text), std::move(choices), context_.Values,
-                                       context_.Replacements);
-    BeginWork(tr("Scanning..."));
-    work_->Start([this] { return scan_->Step(LinesPerPiece, coming_); },
-                 [this] { EndWork(NamesMade(coming_.size())); });
+    auto task = std::make_unique<LineScanTask>(
+        FromQt(tr("Scanning...")),
+        LineScan(std::move(text), std::move(choices), context_.Values, context_.Replacements));
+    const LineScanTask& scan = *task;
+    BeginWork();
+    work_.Start(std::move(task), [this, &scan](bool stopped) {
+        lists_->AddNames(scan.Names());
+        EndWork(stopped ? tr("Stopped.") : NamesMade(scan.Names().size()));
+    });
 }
 
 // The two warnings differ on purpose.

@@ -107,6 +107,16 @@ Text PrepareLoadedText(TextView text, const Settings& settings) {
     return Trim(RemoveChars(text, settings.strSettings, RemoveMode::Remove));
 }
 
+bool MayReadSource(const Text& path, Prompts& ask, const Language& words) {
+    const std::int64_t size = FileLength(path);
+    if (size < LargeSource) return true;
+    const Text question = words(
+        PLM_TRANSLATE("Texts",
+                      "The file \"%1\" has %2 megabytes.\nRead it as an album text all the same?"),
+        {path, NumberText(size >> 20)});
+    return ask.AskYesNo({{}, Replace(question, u"\n", CrLf), {}}) == Answer::Yes;
+}
+
 Status ReadSourceFile(TextView path, const Settings& settings, Text& text) {
     Bytes contents;
     const Status status = ReadWholeFile(path, contents);

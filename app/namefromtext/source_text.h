@@ -3,7 +3,9 @@
 #pragma once
 
 #include "core/platform/errors.h"
+#include "core/platform/prompts.h"
 #include "core/settings/settings.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
@@ -15,6 +17,11 @@ Text DecodeSourceFile(BytesView contents);
 /// A loaded text without the characters to remove, trimmed of blanks. The list is applied whether
 /// or not its option is on, by design.
 Text PrepareLoadedText(TextView text, const Settings& settings);
+
+/// A file of this many bytes is most likely no album text.
+inline constexpr std::int64_t LargeSource = 64 << 20;
+/// True when the file may be read: a large one is asked about.
+bool MayReadSource(const Text& path, Prompts& ask, const Language& words = {});
 
 /// The text of the file at `path`, decoded and prepared.
 Status ReadSourceFile(TextView path, const Settings& settings, Text& text);

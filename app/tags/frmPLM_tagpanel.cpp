@@ -22,6 +22,44 @@ namespace {
 /// How long the header of the sound is searched for in one turn of the event loop (milliseconds).
 constexpr qint64 SearchingTime = 15;
 
+struct TextBox {
+    TagBox Box;
+    QLineEdit* Ui::frmPLM_tagpanel::*Control;
+};
+
+constexpr TextBox TextBoxes[] = {
+    {TagBox::txtTitle, &Ui::frmPLM_tagpanel::txtTitle},
+    {TagBox::txtArtist, &Ui::frmPLM_tagpanel::txtArtist},
+    {TagBox::txtAlbum, &Ui::frmPLM_tagpanel::txtAlbum},
+    {TagBox::txtYear, &Ui::frmPLM_tagpanel::txtYear},
+    {TagBox::txtTrackNr, &Ui::frmPLM_tagpanel::txtTrackNr},
+    {TagBox::txtComments, &Ui::frmPLM_tagpanel::txtComments},
+    {TagBox::txtV2Title, &Ui::frmPLM_tagpanel::txtV2Title},
+    {TagBox::txtV2Artist, &Ui::frmPLM_tagpanel::txtV2Artist},
+    {TagBox::txtV2Album, &Ui::frmPLM_tagpanel::txtV2Album},
+    {TagBox::txtV2Year, &Ui::frmPLM_tagpanel::txtV2Year},
+    {TagBox::txtV2Track, &Ui::frmPLM_tagpanel::txtV2Track},
+    {TagBox::txtV2Comments, &Ui::frmPLM_tagpanel::txtV2Comments},
+    {TagBox::txtV2Composer, &Ui::frmPLM_tagpanel::txtV2Composer},
+    {TagBox::txtV2OrigArtist, &Ui::frmPLM_tagpanel::txtV2OrigArtist},
+    {TagBox::txtV2Copyright, &Ui::frmPLM_tagpanel::txtV2Copyright},
+    {TagBox::txtV2Encoder, &Ui::frmPLM_tagpanel::txtV2Encoder},
+    {TagBox::txtV2URL, &Ui::frmPLM_tagpanel::txtV2URL},
+};
+
+/// A box that takes any text too, and offers the genres.
+struct GenreBox {
+    TagBox Box;
+    QComboBox* Ui::frmPLM_tagpanel::*Control;
+    bool V2Spelling;
+};
+
+constexpr GenreBox GenreBoxes[] = {
+    {TagBox::cmbGenre, &Ui::frmPLM_tagpanel::cmbGenre, false},
+    {TagBox::cmbV2Genre, &Ui::frmPLM_tagpanel::cmbV2Genre, true},
+};
+static_assert(std::size(TextBoxes) + std::size(GenreBoxes) == TagBoxCount);
+
 struct StreamLabel {
     QLabel* Ui::frmPLM_tagpanel::*Label;
     Text StreamLines::*Line;
@@ -51,8 +89,7 @@ frmPLM_tagpanel::frmPLM_tagpanel(const Settings& settings, const ReplacementList
       panel_(settings, replacements, UserLanguage()),
       ui_(std::make_unique<Ui::frmPLM_tagpanel>()) {
     ui_->setupUi(this);
-    SetUpGenres(*ui_->cmbGenre, false);
-    SetUpGenres(*ui_->cmbV2Genre, true);
+    for (const GenreBox& row : GenreBoxes) SetUpGenres(*(ui_.get()->*row.Control), row.V2Spelling);
     SetUpBoxes();
     ConnectButtons();
     searching_.setInterval(0);
@@ -70,11 +107,11 @@ void frmPLM_tagpanel::SetUpGenres(QComboBox& box, bool v2Spelling) {
 }
 
 void frmPLM_tagpanel::SetUpBoxes() {
+    for (const TextBox& row : TextBoxes) boxes_[IndexOf(row.Box)] = ui_.get()->*row.Control;
+    for (const GenreBox& row : GenreBoxes)
+        boxes_[IndexOf(row.Box)] = (ui_.get()->*row.Control)->lineEdit();
     for (const TagBoxRow& row : TagBoxTable) {
-        auto* control = findChild<QWidget*>(QLatin1String(row.Name));
-        auto* combo = qobject_cast<QComboBox*>(control);
-        QLineEdit* box = combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(control);
-        boxes_[IndexOf(row.Box)] = box;
+        QLineEdit* const box = boxes_[IndexOf(row.Box)];
         box->installEventFilter(this);
         connect(box, &QLineEdit::textChanged, this,
                 [this, which = row.Box](const QString& text) { Box_Change(which, text); });
@@ -139,6 +176,12 @@ void frmPLM_tagpanel::ShowPlayed(const QString& toolTip) {
     ui_->picTab->setToolTip(toolTip);
     ui_->picTab->setAccessibleDescription(toolTip);
 }
+
+QAbstractButton& frmPLM_tagpanel::CopyFromV1Button() const { return *ui_->cmdCopyFromV1; }
+
+QAbstractButton& frmPLM_tagpanel::CopyToV1Button() const { return *ui_->cmdCopyToV1; }
+
+QAbstractButton& frmPLM_tagpanel::MoreButton() const { return *ui_->cmdMore; }
 
 void frmPLM_tagpanel::CopyFromV1() {
     panel_.CopyFromV1();
@@ -223,7 +266,9 @@ void frmPLM_tagpanel::SearchStream() {
     ShowStream();
 }
 
-void frmPLM_tagpanel::RestStreamSearch(bool rest) {
+void frmPLM_tagpanel::Rest(bool rest) {
+    ui_->cmdSaveID3->setEnabled(!rest);
+    ui_->cmdFixID3->setEnabled(!rest);
     searchRests_ = rest;
     if (rest)
         searching_.stop();

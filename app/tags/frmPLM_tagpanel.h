@@ -9,6 +9,7 @@
 
 #include "app/tags/tag_panel.h"
 
+class QAbstractButton;
 class QComboBox;
 class QLineEdit;
 
@@ -41,9 +42,15 @@ public:
     PanelSave FixID3(TextView inPattern);
     TagRun SaveAll(std::vector<Text> paths);
     [[nodiscard]] TagRun FixAll(std::vector<Text> paths, TextView inPattern) const;
-    /// The search for the header of the sound waits, so that other work is not held up by it.
-    void RestStreamSearch(bool rest);
+    /// While other work is under way: nothing is saved, and the search for the header of the sound
+    /// waits, so that the work is not held up by it.
+    void Rest(bool rest);
     void SetOtherFrames(Bytes frames);
+
+    /// The buttons that menu entries stand for.
+    [[nodiscard]] QAbstractButton& CopyFromV1Button() const;
+    [[nodiscard]] QAbstractButton& CopyToV1Button() const;
+    [[nodiscard]] QAbstractButton& MoreButton() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

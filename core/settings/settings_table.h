@@ -2,6 +2,7 @@
 // writing, the command line and the tests walk it. The defaults are those of a fresh Settings.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <variant>
@@ -58,6 +59,19 @@ inline constexpr std::array<SettingRow, 30> SettingRows = {{
     {u"bOptimizedID3v1", u"bOptimizedID3v1", WrittenBy::OptionsDialog, &Settings::bOptimizedID3v1},
     {u"Change", u"Change", WrittenBy::OptionsDialog, &Settings::Change, 0, 4},
 }};
+
+/// The row of a field. Each field has one.
+constexpr const SettingRow& RowOfSetting(const SettingField& field) {
+    return *std::find_if(SettingRows.begin(), SettingRows.end(),
+                         [&](const SettingRow& row) { return row.Field == field; });
+}
+
+/// How many settings one writer saves.
+constexpr std::size_t CountWrittenBy(WrittenBy writer) {
+    return static_cast<std::size_t>(
+        std::count_if(SettingRows.begin(), SettingRows.end(),
+                      [&](const SettingRow& row) { return row.Writer == writer; }));
+}
 
 /// A field as the store writes it.
 Text SettingText(const Settings& settings, const SettingRow& row);

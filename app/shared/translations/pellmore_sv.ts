@@ -807,6 +807,89 @@ Utan skärm kan filer döpas om i satsläge:</translation>
         <source>%1 lines of this list are longer than a file name can be. They were passed over.</source>
         <translation>%1 rader i listan är längre än ett filnamn kan vara. De hoppades över.</translation>
     </message>
+    <message>
+        <source>1 file</source>
+        <translation>1 fil</translation>
+    </message>
+    <message>
+        <source>%1 files</source>
+        <translation>%1 filer</translation>
+    </message>
+    <message>
+        <source>Stopped. %1</source>
+        <translation>Stoppat. %1</translation>
+    </message>
+    <message>
+        <source>Stopped. %1 added.</source>
+        <translation>Stoppat. %1 lades till.</translation>
+    </message>
+    <message>
+        <source>%1 added.</source>
+        <translation>%1 lades till.</translation>
+    </message>
+    <message>
+        <source>%1 saved to %2</source>
+        <translation>%1 sparades i %2</translation>
+    </message>
+    <message>
+        <source>%1 taken out of the list.</source>
+        <translation>%1 togs ur listan.</translation>
+    </message>
+    <message>
+        <source>%1 deleted, %2 could not be deleted.</source>
+        <translation>%1 togs bort, %2 kunde inte tas bort.</translation>
+    </message>
+    <message>
+        <source>%1 taken out of the list because they are missing.</source>
+        <translation>%1 togs ur listan eftersom de saknas.</translation>
+    </message>
+    <message>
+        <source>Stopped. The selection is as it was.</source>
+        <translation>Stoppat. Markeringen är som den var.</translation>
+    </message>
+    <message>
+        <source>%1 selected.</source>
+        <translation>%1 markerades.</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::ListCommands</name>
+    <message>
+        <source>Drop MP3 files, folders or playlists here</source>
+        <translation>Släpp MP3-filer, mappar eller spellistor här</translation>
+    </message>
+    <message>
+        <source>Add Files</source>
+        <translation>Lägg till filer</translation>
+    </message>
+    <message>
+        <source>Add Folder</source>
+        <translation>Lägg till mapp</translation>
+    </message>
+    <message>
+        <source>Load List</source>
+        <translation>Öppna lista</translation>
+    </message>
+    <message>
+        <source>Save List</source>
+        <translation>Spara lista</translation>
+    </message>
+    <message>
+        <source>No file is selected.</source>
+        <translation>Ingen fil är markerad.</translation>
+    </message>
+    <message>
+        <source>Deleting files</source>
+        <translation>Tar bort filer</translation>
+    </message>
+    <message>
+        <source>Looking for missing files</source>
+        <translation>Söker filer som saknas</translation>
+    </message>
+    <message>
+        <source>Looking for tags</source>
+        <translation>Söker taggar</translation>
+    </message>
 </context>
 <context>
     <name>mdlPLM::PairColumn</name>
@@ -821,6 +904,106 @@ Utan skärm kan filer döpas om i satsläge:</translation>
     <message>
         <source>Doubleclick to edit the filename!</source>
         <translation>Dubbelklicka för att redigera filnamnet!</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::PairLists</name>
+    <message>
+        <source>The MP3 files to rename.
+Files and folders can be dropped here.</source>
+        <translation>MP3-filerna att döpa om.
+Filer och mappar kan släppas här.</translation>
+    </message>
+    <message>
+        <source>The names that a scan makes, each beside its file.</source>
+        <translation>Namnen som en avsökning gör, vart och ett bredvid sin fil.</translation>
+    </message>
+    <message>
+        <source>Add MP3 files</source>
+        <translation>Lägg till MP3-filer</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::PlayerCommands</name>
+    <message>
+        <source>Nothing is heard: there is no sound device.</source>
+        <translation>Inget hörs: det finns ingen ljudenhet.</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::Preview</name>
+    <message>
+        <source>Stopped. The other new names are not computed.</source>
+        <translation>Stoppat. De andra nya namnen är inte uträknade.</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::SortCommands</name>
+    <message>
+        <source>Not used while files are renamed.</source>
+        <translation>Används inte när filer döps om.</translation>
+    </message>
+    <message>
+        <source>&amp;Target folder:</source>
+        <translation>&amp;Målmapp:</translation>
+    </message>
+    <message>
+        <source>File loca&amp;tion:</source>
+        <translation>Filens &amp;mapp:</translation>
+    </message>
+    <message>
+        <source>No file is selected, so there is nothing to sort.</source>
+        <translation>Ingen fil är markerad, så det finns inget att sortera.</translation>
+    </message>
+    <message>
+        <source>0 files</source>
+        <translation>0 files</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::StatusLine</name>
+    <message>
+        <source>Details...</source>
+        <translation>Detaljer...</translation>
+    </message>
+    <message>
+        <source>Progress</source>
+        <translation>Förlopp</translation>
+    </message>
+    <message>
+        <source>%v of %m</source>
+        <translation>%v av %m</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stoppa</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <translation>Detaljer</translation>
+    </message>
+</context>
+<context>
+    <name>mdlPLM::TagCommands</name>
+    <message>
+        <source>No file is selected.</source>
+        <translation>Ingen fil är markerad.</translation>
+    </message>
+    <message>
+        <source>Cleaning tags</source>
+        <translation>Städar taggar</translation>
+    </message>
+    <message>
+        <source>Saving tags</source>
+        <translation>Sparar taggar</translation>
+    </message>
+    <message>
+        <source>There was nothing to save.</source>
+        <translation>Det fanns inget att spara.</translation>
+    </message>
+    <message>
+        <source>The tags were saved.</source>
+        <translation>Taggarna sparades.</translation>
     </message>
 </context>
 <context>
@@ -1230,16 +1413,6 @@ Den första av %n bilder</numerusform>
         <translation>St&amp;äng</translation>
     </message>
     <message>
-        <source>The MP3 files to rename.
-Files and folders can be dropped here.</source>
-        <translation>MP3-filerna att döpa om.
-Filer och mappar kan släppas här.</translation>
-    </message>
-    <message>
-        <source>The names that a scan makes, each beside its file.</source>
-        <translation>Namnen som en avsökning gör, vart och ett bredvid sin fil.</translation>
-    </message>
-    <message>
         <source>S&amp;how failed files...</source>
         <translation>Visa misslyckade filer (&amp;X)...</translation>
     </message>
@@ -1264,10 +1437,6 @@ Filer och mappar kan släppas här.</translation>
         <translation>Stoppat.</translation>
     </message>
     <message>
-        <source>Stopped. %1</source>
-        <translation>Stoppat. %1</translation>
-    </message>
-    <message>
         <source>Looking for files...</source>
         <translation>Söker filer...</translation>
     </message>
@@ -1286,10 +1455,6 @@ Filer och mappar kan släppas här.</translation>
     <message>
         <source>Scanning...</source>
         <translation>Söker av...</translation>
-    </message>
-    <message>
-        <source>Add MP3 files</source>
-        <translation>Lägg till MP3-filer</translation>
     </message>
     <message>
         <source>Open Sourcefile</source>
@@ -1904,146 +2069,6 @@ Filer och mappar kan släppas här.</translation>
     <message>
         <source>&amp;About</source>
         <translation>&amp;Om</translation>
-    </message>
-    <message>
-        <source>Details...</source>
-        <translation>Detaljer...</translation>
-    </message>
-    <message>
-        <source>Progress</source>
-        <translation>Förlopp</translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation>Stoppa</translation>
-    </message>
-    <message>
-        <source>Details</source>
-        <translation>Detaljer</translation>
-    </message>
-    <message>
-        <source>1 file</source>
-        <translation>1 fil</translation>
-    </message>
-    <message>
-        <source>%1 files</source>
-        <translation>%1 filer</translation>
-    </message>
-    <message>
-        <source>Drop MP3 files, folders or playlists here</source>
-        <translation>Släpp MP3-filer, mappar eller spellistor här</translation>
-    </message>
-    <message>
-        <source>Stopped. %1 added.</source>
-        <translation>Stoppat. %1 lades till.</translation>
-    </message>
-    <message>
-        <source>%1 added.</source>
-        <translation>%1 lades till.</translation>
-    </message>
-    <message>
-        <source>Add Files</source>
-        <translation>Lägg till filer</translation>
-    </message>
-    <message>
-        <source>Add Folder</source>
-        <translation>Lägg till mapp</translation>
-    </message>
-    <message>
-        <source>Load List</source>
-        <translation>Öppna lista</translation>
-    </message>
-    <message>
-        <source>Save List</source>
-        <translation>Spara lista</translation>
-    </message>
-    <message>
-        <source>%1 saved to %2</source>
-        <translation>%1 sparades i %2</translation>
-    </message>
-    <message>
-        <source>%1 taken out of the list.</source>
-        <translation>%1 togs ur listan.</translation>
-    </message>
-    <message>
-        <source>Nothing is heard: there is no sound device.</source>
-        <translation>Inget hörs: det finns ingen ljudenhet.</translation>
-    </message>
-    <message>
-        <source>No file is selected.</source>
-        <translation>Ingen fil är markerad.</translation>
-    </message>
-    <message>
-        <source>%1 deleted, %2 could not be deleted.</source>
-        <translation>%1 togs bort, %2 kunde inte tas bort.</translation>
-    </message>
-    <message>
-        <source>Deleting files</source>
-        <translation>Tar bort filer</translation>
-    </message>
-    <message>
-        <source>%1 taken out of the list because they are missing.</source>
-        <translation>%1 togs ur listan eftersom de saknas.</translation>
-    </message>
-    <message>
-        <source>Looking for missing files</source>
-        <translation>Söker filer som saknas</translation>
-    </message>
-    <message>
-        <source>Stopped. The selection is as it was.</source>
-        <translation>Stoppat. Markeringen är som den var.</translation>
-    </message>
-    <message>
-        <source>%1 selected.</source>
-        <translation>%1 markerades.</translation>
-    </message>
-    <message>
-        <source>Looking for tags</source>
-        <translation>Söker taggar</translation>
-    </message>
-    <message>
-        <source>Stopped. The other new names are not computed.</source>
-        <translation>Stoppat. De andra nya namnen är inte uträknade.</translation>
-    </message>
-    <message>
-        <source>Not used while files are renamed.</source>
-        <translation>Används inte när filer döps om.</translation>
-    </message>
-    <message>
-        <source>File loca&amp;tion:</source>
-        <translation>Filens &amp;mapp:</translation>
-    </message>
-    <message>
-        <source>No file is selected, so there is nothing to sort.</source>
-        <translation>Ingen fil är markerad, så det finns inget att sortera.</translation>
-    </message>
-    <message>
-        <source>0 files</source>
-        <translation>0 files</translation>
-    </message>
-    <message>
-        <source>Cleaning tags</source>
-        <translation>Städar taggar</translation>
-    </message>
-    <message>
-        <source>Saving tags</source>
-        <translation>Sparar taggar</translation>
-    </message>
-    <message>
-        <source>There was nothing to save.</source>
-        <translation>Det fanns inget att spara.</translation>
-    </message>
-    <message>
-        <source>The tags were saved.</source>
-        <translation>Taggarna sparades.</translation>
-    </message>
-    <message>
-        <source>Stopped. %1</source>
-        <translation>Stoppat. %1</translation>
-    </message>
-    <message>
-        <source>%v of %m</source>
-        <translation>%v av %m</translation>
     </message>
 </context>
 <context>

@@ -11,7 +11,6 @@
 #include <QRadioButton>
 #include <QTest>
 
-#include "app/dialogs/options_form.h"
 #include "app/shared/app_context.h"
 #include "app/shared/qt_text.h"
 #include "core/platform/path.h"
@@ -22,6 +21,29 @@
 using namespace mdlPLM;
 
 namespace {
+
+struct OptionRow {
+    const char* Control;
+    bool Settings::*Value;
+};
+constexpr OptionRow OptionRows[] = {
+    {"chkID3", &Settings::bID3},
+    {"chkExtension", &Settings::bExtension},
+    {"chkLowext", &Settings::bLowExtension},
+    {"chkUndtospace", &Settings::bScoreToSpace},
+    {"chk20tospace", &Settings::b20toSpace},
+    {"chkSpaces", &Settings::bSpaces},
+    {"chkParenth", &Settings::bParentheses},
+    {"chkReplace", &Settings::bReplace},
+    {"chkMisses", &Settings::bMisses},
+    {"chkSetAttributes", &Settings::bSetAttributes},
+    {"chkReadOnly", &Settings::bReadOnly},
+    {"chkHidden", &Settings::bHidden},
+    {"chkArchive", &Settings::bArhive},
+    {"chkRemoveChars", &Settings::bRemoveChars},
+    {"chkRemHiddenID3", &Settings::bRemHiddenID3},
+    {"chkOptimizeID3v1", &Settings::bOptimizedID3v1},
+};
 
 /// What the dialog is opened on: its own folder, store and prompts.
 struct World {

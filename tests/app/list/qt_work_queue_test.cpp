@@ -57,6 +57,9 @@ private slots:
     void TaskThatMustEndByItselfIsGivenTheTime();
     void StopInsideStepEndsBehindIt();
     void TurnsOfTheLoopInsideStepDoNotReenterIt();
+    void SaysWhetherItWaitsInsideAStep();
+    void StepsThatWantAnAnswerComeOneATurn();
+    void StepsForLaterWaitForTheNextTurn();
     void BusyIsToldOnce();
     void TaskCanStartTheNextWhenItIsDone();
 
@@ -142,6 +145,37 @@ void WorkQueueTest::TurnsOfTheLoopInsideStepDoNotReenterIt() {
     queue_->Start(std::move(task));
     QTRY_VERIFY(!queue_->Busy());
     QCOMPARE(deepest, 1);
+}
+
+void WorkQueueTest::SaysWhetherItWaitsInsideAStep() {
+    auto task = Task("a", 2);
+    QList<bool> inStep;
+    task->OnStep = [&] { inStep << queue_->InStep(); };
+    queue_->Start(std::move(task));
+    QVERIFY(!queue_->InStep());
+    QTRY_VERIFY(!queue_->Busy());
+    QCOMPARE(inStep, QList<bool>({true, true}));
+}
+
+void WorkQueueTest::StepsThatWantAnAnswerComeOneATurn() {
+    queue_->SetSliceLength(10000);
+    queue_->Start(Task("a", 3), Note("a"), WorkQueue::Pace::StepByStep);
+    QCOMPARE(log_.join(u'|'), QStringLiteral("a step|a publish"));
+    QTRY_VERIFY(!queue_->Busy());
+    QCOMPARE(log_.count(QStringLiteral("a step")), 3);
+    QCOMPARE(log_.last(), QStringLiteral("a done"));
+}
+
+void WorkQueueTest::StepsForLaterWaitForTheNextTurn() {
+    queue_->Start(Task("a", 2), Note("a"), WorkQueue::Pace::StepByStepLater);
+    QVERIFY(queue_->Busy());
+    QVERIFY(log_.isEmpty());
+    QTRY_VERIFY(!queue_->Busy());
+    QCOMPARE(log_.count(QStringLiteral("a step")), 2);
+    log_.clear();
+    queue_->Start(Task("b", 2), Note("b"), WorkQueue::Pace::StepByStepLater);
+    queue_->Stop();
+    QCOMPARE(log_.join(u'|'), QStringLiteral("b stopped|b done stopped"));
 }
 
 void WorkQueueTest::BusyIsToldOnce() {

@@ -2,7 +2,7 @@
 
 #include <QMenu>
 
-#include "app/namefromtext/qt_sliced_work.h"
+#include "app/list/qt_work_queue.h"
 #include "core/tags/genres.h"
 #include "tests/app/namefromtext/name_from_file_fixture.h"
 
@@ -458,7 +458,7 @@ void frmNameFromFileTest::AnswersWhileALongTextIsShownAndScanned() {
     const Bytes line = "07 - Some Artist - A song with a name" + Bytes(150, ' ') + "\r\n";
     while (contents.size() < 5000000) contents += line;
     world_->Dialogs.Chosen.push_back({world_->Folder.File(u"album.txt", contents)});
-    form_->findChild<SlicedWork*>()->SetSliceLength(0);
+    form_->findChild<WorkQueue*>()->SetSliceLength(0);
     Press("cmdOpenSource");
     QVERIFY(Box()->isReadOnly());
     QVERIFY(Get<QPushButton>("cmdStop")->isVisible());
@@ -477,7 +477,7 @@ void frmNameFromFileTest::LongWorkCanBeStopped() {
     Bytes contents;
     while (contents.size() < 200000) contents += "07 - Some Artist - A song with a name\r\n";
     world_->Dialogs.Chosen.push_back({world_->Folder.File(u"album.txt", contents)});
-    form_->findChild<SlicedWork*>()->SetSliceLength(0);
+    form_->findChild<WorkQueue*>()->SetSliceLength(0);
     Press("cmdOpenSource");
     Press("cmdStop");
     QVERIFY(!Box()->isReadOnly());

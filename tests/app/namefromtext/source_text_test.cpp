@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text/code_page.h"
+#include "tests/support/scripted_prompts.h"
 #include "tests/support/temp_folder.h"
 
 namespace mdlPLM {
@@ -155,6 +156,29 @@ TEST(SourceText, CharactersThatABoxKeepsForItselfAreShownAsDamaged) {
     const SourceText source = Loaded(u"a\uFDD0\uFDD2b");
     EXPECT_EQ(source.Whole(), u"a\uFFFD\uFFFDb");
     EXPECT_EQ(Loaded(u"a\u2029b").Whole(), u"a\r\nb");
+}
+
+TEST(SourceFile, ALargeOneIsAskedAboutByNameAndSize) {
+    const TempFolder folder;
+    const Text path = folder.File(u"film.txt");
+    SetFileLength(path, LargeSource + (std::int64_t{1} << 20));
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        ScriptedPrompts ask({answer});
+        EXPECT_EQ(MayReadSource(path, ask), answer == Answer::Yes);
+        EXPECT_EQ(ask.Bodies(), std::vector<Text>{u"The file \"" + path +
+                                                  u"\" has 65 megabytes.\r\nRead it as an album "
+                                                  u"text all the same?"});
+    }
+}
+
+TEST(SourceFile, OneOfTheUsualSizeIsReadWithoutAQuestion) {
+    const TempFolder folder;
+    const Text path = folder.File(u"album.txt");
+    SetFileLength(path, LargeSource - 1);
+    ScriptedPrompts ask;
+    EXPECT_TRUE(MayReadSource(path, ask));
+    EXPECT_TRUE(MayReadSource(folder / u"missing.txt", ask));
+    EXPECT_TRUE(ask.Log.empty());
 }
 
 }  // namespace
