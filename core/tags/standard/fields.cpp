@@ -1,0 +1,134 @@
+#include "core/tags/standard/fields.h"
+
+#include "core/tags/standard/date_text.h"
+#include "core/tags/standard/genre_text.h"
+
+namespace mdlPLM::standard {
+
+namespace {
+
+constexpr TextView OwnFigures = u"iTun";
+
+constexpr bool IsInOrder() {
+    for (std::size_t i = 0; i < FieldCount; ++i)
+        if (static_cast<std::size_t>(FieldTable[i].Which) != i) return false;
+    return true;
+}
+static_assert(IsInOrder());
+
+// The first text of the first frame of that identifier that has one.
+Text FirstText(const Tag& tag, FrameId id) {
+    for (const Frame& frame : tag.Frames) {
+        if (frame.Id != id) continue;
+        Text text = ParseFirstText(frame);
+        if (!text.empty()) return text;
+    }
+    return {};
+}
+
+std::vector<Text> TextsOf(const Tag& tag, FrameId id) {
+    for (const Frame& frame : tag.Frames) {
+        if (frame.Id != id) continue;
+        std::vector<Text> texts = ParseTexts(frame);
+        if (!texts.empty()) return texts;
+    }
+    return {};
+}
+
+Text DateOfParts(const Tag& tag, const FieldRow& row) {
+    DateParts parts;
+    parts.Year = FirstText(tag, row.Parts[0]);
+    if (parts.Year.empty() || row.Parts[1] == FrameId()) return parts.Year;
+    parts.Day = FirstText(tag, row.Parts[1]);
+    parts.Time = FirstText(tag, row.Parts[2]);
+    return JoinDate(parts);
+}
+
+// A tag may hold it in both ways: the one of its version counts, unless the other says the same and
+// more.
+Text DateOf(const Tag& tag, const FieldRow& row) {
+    Text own = FirstText(tag, row.Id);
+    Text other = DateOfParts(tag, row);
+    if (tag.Header.Form != TagForm::V24) std::swap(own, other);
+    return own.empty() || StartsWith(other, own) ? other : own;
+}
+
+bool IsOwnFigures(const DescribedText& text) { return StartsWith(text.Description, OwnFigures); }
+
+Text OneOf(const Tag& tag, Field field) {
+    const std::optional<std::size_t> place = ShownFrame(tag, field);
+    return place ? ParseDescribed(tag.Frames[*place]).Value : Text();
+}
+
+std::vector<Text> NoneIfEmpty(Text text) {
+    std::vector<Text> values;
+    if (!text.empty()) values.push_back(std::move(text));
+    return values;
+}
+
+}  // namespace
+
+std::vector<Text> FieldValues(const Tag& tag, Field field) {
+    const FieldRow& row = RowOf(field);
+    switch (row.Form) {
+        case FieldForm::Text:
+            return TextsOf(tag, row.Id);
+        case FieldForm::Genre:
+            return ParseGenres(TextsOf(tag, row.Id));
+        case FieldForm::Date:
+            return NoneIfEmpty(DateOf(tag, row));
+        case FieldForm::Comment:
+        case FieldForm::Url:
+            break;
+    }
+    return NoneIfEmpty(OneOf(tag, field));
+}
+
+Text FieldText(const Tag& tag, Field field) { return Joined(FieldValues(tag, field)); }
+
+FieldTexts ReadFields(const Tag& tag) {
+    FieldTexts texts;
+    for (const FieldRow& row : FieldTable) texts[row.Which] = FieldText(tag, row.Which);
+    return texts;
+}
+
+Text FieldForName(const Tag& tag, Field field) {
+    const FieldRow& row = RowOf(field);
+    if (row.Form == FieldForm::Date) return YearOf(DateOf(tag, row));
+    if (row.Form == FieldForm::Text) {
+        Text text = FirstText(tag, row.Id);
+        const bool counted = field == Field::Track || field == Field::Disc;
+        return counted ? WithoutTotal(text) : text;
+    }
+    std::vector<Text> values = FieldValues(tag, field);
+    return values.empty() ? Text() : std::move(values.front());
+}
+
+Text WithoutTotal(TextView track) {
+    return Text(track.substr(0, std::min(track.find(u'/'), track.size())));
+}
+
+std::optional<std::size_t> ShownFrame(const Tag& tag, Field field) {
+    const FrameId id = RowOf(field).Id;
+    std::optional<std::size_t> first;
+    for (std::size_t i = 0; i < tag.Frames.size(); ++i) {
+        if (tag.Frames[i].Id != id) continue;
+        const DescribedText text = ParseDescribed(tag.Frames[i]);
+        if (text.Value.empty() || IsOwnFigures(text)) continue;
+        if (text.Description.empty()) return i;
+        if (!first) first = i;
+    }
+    return first;
+}
+
+std::vector<PlacedPicture> ReadPictures(const Tag& tag) {
+    std::vector<PlacedPicture> pictures;
+    for (std::size_t i = 0; i < tag.Frames.size(); ++i) {
+        if (KindOf(tag.Frames[i].Id) != FrameKind::Picture) continue;
+        if (std::optional<Picture> picture = ParsePicture(tag.Frames[i]))
+            pictures.push_back({i, *std::move(picture)});
+    }
+    return pictures;
+}
+
+}  // namespace mdlPLM::standard

@@ -1,0 +1,121 @@
+#include "core/tags/standard/frame_table.h"
+
+#include <algorithm>
+
+namespace mdlPLM::standard {
+
+namespace {
+
+struct Row {
+    FrameId Id;
+    BytesView ThreeLetters;  // of ID3v2.2; empty: it had none
+    FrameKind Kind;
+};
+
+constexpr auto Text = FrameKind::Text;
+constexpr auto Url = FrameKind::Url;
+constexpr auto Other = FrameKind::Other;
+
+// In alphabetical order. GRP1, MVIN, MVNM, PCST, TCAT, TCMP, TDES, TGID, TKWD, TSO2, TSOC and WFED
+// are of no standard but common.
+constexpr Row Rows[] = {
+    {"AENC", "CRA", Other}, {"APIC", "PIC", FrameKind::Picture},
+    {"ASPI", "", Other},    {"COMM", "COM", FrameKind::Comment},
+    {"COMR", "", Other},    {"ENCR", "", Other},
+    {"EQU2", "", Other},    {"EQUA", "EQU", Other},
+    {"ETCO", "ETC", Other}, {"GEOB", "GEO", Other},
+    {"GRID", "", Other},    {"GRP1", "GP1", Text},
+    {"IPLS", "IPL", Text},  {"LINK", "LNK", Other},
+    {"MCDI", "MCI", Other}, {"MLLT", "MLL", Other},
+    {"MVIN", "MVI", Text},  {"MVNM", "MVN", Text},
+    {"OWNE", "", Other},    {"PCNT", "CNT", Other},
+    {"PCST", "PCS", Other}, {"POPM", "POP", Other},
+    {"POSS", "", Other},    {"PRIV", "", Other},
+    {"RBUF", "BUF", Other}, {"RVA2", "", Other},
+    {"RVAD", "RVA", Other}, {"RVRB", "REV", Other},
+    {"SEEK", "", Other},    {"SIGN", "", Other},
+    {"SYLT", "SLT", Other}, {"SYTC", "STC", Other},
+    {"TALB", "TAL", Text},  {"TBPM", "TBP", Text},
+    {"TCAT", "TCT", Text},  {"TCMP", "TCP", Text},
+    {"TCOM", "TCM", Text},  {"TCON", "TCO", Text},
+    {"TCOP", "TCR", Text},  {"TDAT", "TDA", Text},
+    {"TDEN", "", Text},     {"TDES", "TDS", Text},
+    {"TDLY", "TDY", Text},  {"TDOR", "", Text},
+    {"TDRC", "", Text},     {"TDRL", "TDR", Text},
+    {"TDTG", "", Text},     {"TENC", "TEN", Text},
+    {"TEXT", "TXT", Text},  {"TFLT", "TFT", Text},
+    {"TGID", "TID", Text},  {"TIME", "TIM", Text},
+    {"TIPL", "", Text},     {"TIT1", "TT1", Text},
+    {"TIT2", "TT2", Text},  {"TIT3", "TT3", Text},
+    {"TKEY", "TKE", Text},  {"TKWD", "TKW", Text},
+    {"TLAN", "TLA", Text},  {"TLEN", "TLE", Text},
+    {"TMCL", "", Text},     {"TMED", "TMT", Text},
+    {"TMOO", "", Text},     {"TOAL", "TOT", Text},
+    {"TOFN", "TOF", Text},  {"TOLY", "TOL", Text},
+    {"TOPE", "TOA", Text},  {"TORY", "TOR", Text},
+    {"TOWN", "", Text},     {"TPE1", "TP1", Text},
+    {"TPE2", "TP2", Text},  {"TPE3", "TP3", Text},
+    {"TPE4", "TP4", Text},  {"TPOS", "TPA", Text},
+    {"TPRO", "", Text},     {"TPUB", "TPB", Text},
+    {"TRCK", "TRK", Text},  {"TRDA", "TRD", Text},
+    {"TRSN", "", Text},     {"TRSO", "", Text},
+    {"TSIZ", "TSI", Text},  {"TSO2", "TS2", Text},
+    {"TSOA", "TSA", Text},  {"TSOC", "TSC", Text},
+    {"TSOP", "TSP", Text},  {"TSOT", "TST", Text},
+    {"TSRC", "TRC", Text},  {"TSSE", "TSS", Text},
+    {"TSST", "", Text},     {"TXXX", "TXX", FrameKind::UserText},
+    {"TYER", "TYE", Text},  {"UFID", "UFI", Other},
+    {"USER", "", Other},    {"USLT", "ULT", FrameKind::Comment},
+    {"WCOM", "WCM", Url},   {"WCOP", "WCP", Url},
+    {"WFED", "WFD", Url},   {"WOAF", "WAF", Url},
+    {"WOAR", "WAR", Url},   {"WOAS", "WAS", Url},
+    {"WORS", "", Url},      {"WPAY", "", Url},
+    {"WPUB", "WPB", Url},   {"WXXX", "WXX", FrameKind::UserUrl},
+};
+
+struct ImageFormat {
+    BytesView ThreeLetters;
+    BytesView Mime;
+};
+constexpr ImageFormat ImageFormats[] = {
+    {"JPG", "image/jpeg"}, {"PNG", "image/png"}, {"-->", "-->"}};
+
+const Row* RowOf(FrameId id) {
+    const auto* const row = std::lower_bound(
+        std::begin(Rows), std::end(Rows), id.Code(),
+        [](const Row& candidate, std::uint32_t code) { return candidate.Id.Code() < code; });
+    return row != std::end(Rows) && row->Id == id ? row : nullptr;
+}
+
+}  // namespace
+
+FrameKind KindOf(FrameId id) {
+    if (const Row* row = RowOf(id)) return row->Kind;
+    if (id.View().front() == 'T') return FrameKind::Text;
+    return id.View().front() == 'W' ? FrameKind::Url : FrameKind::Other;
+}
+
+bool IsKnown(FrameId id) { return RowOf(id) != nullptr; }
+
+std::optional<FrameId> FromThreeLetters(BytesView threeLetters) {
+    if (threeLetters.empty()) return std::nullopt;
+    for (const Row& row : Rows)
+        if (row.ThreeLetters == threeLetters) return row.Id;
+    return std::nullopt;
+}
+
+FrameId IdOfThreeLetters(BytesView threeLetters) {
+    const std::optional<FrameId> known = FromThreeLetters(threeLetters);
+    return known ? *known : FrameId(Bytes("X").append(threeLetters));
+}
+
+Bytes MimeOfFormat(BytesView threeLetters) {
+    for (const ImageFormat& format : ImageFormats)
+        if (format.ThreeLetters == threeLetters) return Bytes(format.Mime);
+    Bytes mime = "image/";
+    for (const char letter : threeLetters)
+        mime.push_back(letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 0x20) : letter);
+    return mime;
+}
+
+}  // namespace mdlPLM::standard
