@@ -76,6 +76,7 @@ public:
                 if (IsBetter(other, best)) best = std::move(other);
             }
         }
+        best.List.Clean = best.At >= Landing::Padding;
         Recover(best);
         return std::move(best.List);
     }

@@ -25,6 +25,7 @@ struct Frame {
 struct FrameList {
     std::vector<Frame> Frames;
     std::size_t End = 0;  ///< where the last one ends
+    bool Clean = true;    ///< each ends where another, padding or the tag's end follows
     /// What follows them and is neither a frame nor padding.
     BytesView Unread;
 };

@@ -78,9 +78,9 @@ void ParseUnsynchronised(Tag& tag, BytesView inside) {
     }
     FrameList list = Walk(tag.Header, FrameText(tag.Header, inside, tag.Header.Size));
     // In ID3v2.4 each frame is unsynchronised by itself, but some programs do it the old way.
-    if (possible && !list.Unread.empty()) {
+    if (possible && !list.Clean) {
         WholeTag whole = WalkWhole(tag.Header, inside);
-        if (whole.List.Unread.empty()) {
+        if (whole.List.Clean) {
             TakeWhole(tag, std::move(whole));
             return;
         }
