@@ -76,8 +76,10 @@ public:
                 if (IsBetter(other, best)) best = std::move(other);
             }
         }
+        const std::size_t count = best.List.Frames.size();
         best.List.Clean = best.At >= Landing::Padding;
         Recover(best);
+        if (best.List.Frames.size() > count) best.List.Clean = false;
         return std::move(best.List);
     }
 
