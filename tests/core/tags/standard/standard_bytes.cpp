@@ -116,6 +116,35 @@ TagEdit Edit(Field field, TextView text) {
     return edit;
 }
 
+Bytes Performed(const Bytes& file, const SavePlan& plan) {
+    Bytes result = file;
+    switch (plan.Way) {
+        case SaveWay::NoWork:
+        case SaveWay::Refused:
+            return result;
+        case SaveWay::InPlace:
+            result.replace(0, plan.Head.size(), plan.Head);
+            result.resize(static_cast<std::size_t>(std::max(plan.NewSize, plan.TrailerPlace)));
+            result.replace(static_cast<std::size_t>(plan.TrailerPlace), plan.Trailer.size(),
+                           plan.Trailer);
+            break;
+        case SaveWay::Shorten:
+            break;
+        default:
+            result = plan.Head +
+                     file.substr(static_cast<std::size_t>(plan.CarriedFrom),
+                                 static_cast<std::size_t>(plan.CarriedLength)) +
+                     plan.Trailer;
+    }
+    result.resize(static_cast<std::size_t>(plan.NewSize));
+    return result;
+}
+
+Bytes SavedFile(const Bytes& file, const TagEdit& edit, const TrailerEdit& trailer) {
+    const Tag tag = ParseTag(file);
+    return Performed(file, PlanSave(LayoutOf(file), EditTag(tag, edit), trailer));
+}
+
 Bytes Saved(const Bytes& file, const TagEdit& edit) {
     const Tag tag = ParseTag(file);
     const EditedTag edited = EditTag(tag, edit);

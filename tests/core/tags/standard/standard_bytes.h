@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/tags/standard/edit.h"
-#include "core/tags/standard/file_layout.h"
+#include "core/tags/standard/standard_plan.h"
 #include "core/tags/standard/tag.h"
 
 namespace mdlPLM::standard::test {
@@ -60,6 +60,12 @@ Bytes Ids(const Tag& tag);
 
 /// An edit of one field.
 TagEdit Edit(Field field, TextView text);
+
+/// A file after a plan was performed.
+Bytes Performed(const Bytes& file, const SavePlan& plan);
+
+/// A file after its tags were saved the standard way.
+Bytes SavedFile(const Bytes& file, const TagEdit& edit, const TrailerEdit& trailer = {});
 
 /// A tag after it was saved into a file of its own, without padding: header and frames.
 Bytes Saved(const Bytes& file, const TagEdit& edit);
