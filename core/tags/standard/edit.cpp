@@ -175,8 +175,6 @@ private:
         for (std::size_t place = 0; place < slots_.size(); ++place)
             if (!slots_[place].Removed) RenderSlot(place, edited.Frames);
         edited.Frames.append(added_);
-        // Bytes that nobody can read do not make a tag.
-        if (!edited.Frames.empty()) edited.Frames.append(tag_.Unread);
         edited.Header.Form = form_;
         edited.Header.Experimental = tag_.Header.Experimental;
         edited.Header.Size = edited.Frames.size();

@@ -33,7 +33,8 @@ struct EditedTag {
 /// that stands in several frames of one identifier is left in one; of comments and addresses the
 /// one that is shown is replaced. Dates are written as the version has them; where the tag holds
 /// one in the other way too it is kept in step, and that way is added when the version's own cannot
-/// tell all of it.
+/// tell all of it. Bytes of the tag that are neither a frame nor padding (Tag::Unread) go: left
+/// where they are they would make it a damaged one again.
 EditedTag EditTag(const Tag& tag, const TagEdit& edit);
 
 /// A tag that is taken away with all its frames.

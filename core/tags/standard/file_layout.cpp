@@ -170,7 +170,7 @@ private:
 
     void MeasureTag() {
         const std::int64_t declared = tag_.Header.Length();
-        const std::int64_t end = std::min(declared, layout_.AudioEnd);
+        const std::int64_t end = std::clamp(declared, layout_.TagUsed, layout_.AudioEnd);
         const std::int64_t content = FirstNonNul(read_, layout_.TagUsed, layout_.AudioEnd);
         const bool overlaps = content <= end && TagLengthAt(content) > 0;
         std::int64_t next = overlaps ? content : end;
@@ -198,7 +198,7 @@ private:
         const std::int64_t from = std::max(layout_.TagUsed, end - MostOverhang);
         const std::optional<std::int64_t> audio = FindFirstFrame(read_, from, layout_.AudioEnd);
         layout_.AudioBegin = audio.value_or(end);
-        layout_.TagRoom = std::max(end, layout_.TagUsed);
+        layout_.TagRoom = end;
         if (!audio) return;
         const bool padded = hidden && FirstNonNul(read_, end, *audio) == *audio;
         if (*audio < end || padded) layout_.TagRoom = *audio;

@@ -113,8 +113,10 @@ Bytes MimeOfFormat(BytesView threeLetters) {
     for (const ImageFormat& format : ImageFormats)
         if (format.ThreeLetters == threeLetters) return Bytes(format.Mime);
     Bytes mime = "image/";
-    for (const char letter : threeLetters)
-        mime.push_back(letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 0x20) : letter);
+    for (const char letter : threeLetters) {
+        const bool upper = letter >= 'A' && letter <= 'Z';
+        if (IsIdCharacter(letter)) mime.push_back(static_cast<char>(letter + (upper ? 0x20 : 0)));
+    }
     return mime;
 }
 

@@ -32,7 +32,8 @@ std::optional<FrameId> FromThreeLetters(BytesView threeLetters);
 /// free for everyone (ID3v2.3.0, section 3.3), so that its content can be kept.
 FrameId IdOfThreeLetters(BytesView threeLetters);
 
-/// The MIME type for the three letters that ID3v2.2 tells a picture's format in ("JPG").
+/// The MIME type for the three letters that ID3v2.2 tells a picture's format in ("JPG"); "image/"
+/// for what are no letters.
 Bytes MimeOfFormat(BytesView threeLetters);
 
 }  // namespace mdlPLM::standard

@@ -77,20 +77,24 @@ public:
             }
         }
         const std::size_t count = best.List.Frames.size();
-        best.List.Clean = best.At >= Landing::Padding;
+        best.List.Clean = IsClean(best);
         Recover(best);
         if (best.List.Frames.size() > count) best.List.Clean = false;
         return std::move(best.List);
     }
 
 private:
+    static bool IsClean(const Walked& walked) { return walked.At >= Landing::Padding; }
+
+    // The frames of a walk that end where something can follow.
+    static std::size_t GoodFrames(const Walked& walked) {
+        const std::size_t count = walked.List.Frames.size();
+        return count - (count > 0 && !IsClean(walked) ? 1 : 0);
+    }
+
     static bool IsBetter(const Walked& a, const Walked& b) {
-        const bool aClean = a.At >= Landing::Padding;
-        const bool bClean = b.At >= Landing::Padding;
-        if (aClean != bClean) return aClean;
-        const std::size_t aCount = a.List.Frames.size();
-        const std::size_t bCount = b.List.Frames.size();
-        return aCount != bCount ? aCount > bCount : aClean && a.At > b.At;
+        if (GoodFrames(a) != GoodFrames(b)) return GoodFrames(a) > GoodFrames(b);
+        return IsClean(a) && IsClean(b) && a.At > b.At;
     }
 
     [[nodiscard]] BytesView From(std::size_t at) const {
@@ -99,7 +103,8 @@ private:
 
     [[nodiscard]] bool IsShortId(std::size_t at) const {
         const BytesView id = text_.substr(at, ShortIdSize);
-        return AreIdCharacters(id) && (form_ == TagForm::V22 || FromThreeLetters(id));
+        if (form_ == TagForm::V22) return AreIdCharacters(id);
+        return text_[at + ShortIdSize] < 0x20 && FromThreeLetters(id);
     }
 
     // An identifier of three letters also stands in later tags: a tag of ID3v2.2 that was given
@@ -169,13 +174,18 @@ private:
     }
 
     [[nodiscard]] Measured Measure(std::size_t at, Sizes sizes) const {
-        if (form_ == TagForm::V22 || !AreIdCharacters(text_.substr(at, IdSize)))
-            return MeasureShort(at);
+        const bool isShort = form_ == TagForm::V22 || text_[at + ShortIdSize] < 0x20;
+        return isShort ? MeasureShort(at) : MeasureLong(at, sizes);
+    }
+
+    [[nodiscard]] Measured MeasureLong(std::size_t at, Sizes sizes) const {
         const BytesView field = From(at).substr(IdSize, SizeField);
-        Reading own{form_, HeaderSize, PlainNumber(field)};
-        Reading other{form_, HeaderSize, SevenBitNumber(field)};
-        const bool twoWays = own.Size != other.Size;
-        if (form_ == TagForm::V24 && IsSevenBit(field)) std::swap(own, other);
+        const Reading plain{form_, HeaderSize, PlainNumber(field)};
+        const Reading sevenBit{form_, HeaderSize, SevenBitNumber(field)};
+        const bool twoWays = IsSevenBit(field) && plain.Size != sevenBit.Size;
+        const bool ownIsPlain = form_ == TagForm::V23 || !twoWays;
+        const Reading& own = ownIsPlain ? plain : sevenBit;
+        const Reading& other = twoWays && ownIsPlain ? sevenBit : plain;
         const bool takeOther =
             sizes == Sizes::Other ||
             (sizes == Sizes::Mixed &&
@@ -185,11 +195,24 @@ private:
         return measured;
     }
 
+    [[nodiscard]] bool HasOddId(std::size_t at) const {
+        if (form_ == TagForm::V22 || at >= end_ || end_ - at < HeaderSize) return false;
+        const BytesView id = text_.substr(at, IdSize);
+        return std::all_of(id.begin(), id.end(), [](char c) { return c >= 0x20 && c <= 0x7E; });
+    }
+
+    // Some programs have identifiers that are none; their sizes lead on like those of others.
+    [[nodiscard]] bool StartsOddFrame(std::size_t at) const {
+        if (!HasOddId(at)) return false;
+        const std::size_t next = MeasureLong(at, Sizes::Mixed).Next;
+        return LandingAt(next) >= Landing::Padding || HasOddId(next);
+    }
+
     [[nodiscard]] Walked Walk(std::size_t from, Sizes sizes) const {
         Walked walked;
         walked.List.Frames.reserve(UsualFrames);
         walked.List.End = from;
-        while (StartsFrame(walked.List.End)) {
+        while (StartsFrame(walked.List.End) || StartsOddFrame(walked.List.End)) {
             const Measured measured = Measure(walked.List.End, sizes);
             walked.TwoWays = walked.TwoWays || measured.TwoWays;
             walked.List.End = measured.Next;

@@ -2,8 +2,8 @@
 //
 // A frame's size is a plain number in ID3v2.3 and has seven bits a byte in ID3v2.4. Many tags have
 // it the other way (among them those that this program writes in its classic way), and some have
-// both. So a tag is walked with either reading, and the one counts that ends cleanly with more
-// frames; the version's own where they are alike.
+// both. So a tag is walked with either reading, and the one counts that finds more frames which end
+// cleanly; the version's own where they are alike.
 #pragma once
 
 #include <vector>

@@ -132,8 +132,8 @@ TEST(StandardFrameBody, PicturesOfTheFirstVersionGetAMimeType) {
     Frame frame = FrameOf(TagForm::V22, B("\0\0"), B("\1JPG\3\xFF\xFE\0\0data"));
     frame.Id = "APIC";
     EXPECT_EQ(Carried(frame, TagForm::V23), B("\0\0\1image/jpeg\0\3\xFF\xFE\0\0data"));
-    for (const auto& [format, mime] :
-         {std::pair("PNG", "image/png"), std::pair("-->", "-->"), std::pair("GIF", "image/gif")}) {
+    for (const auto& [format, mime] : {std::pair("PNG", "image/png"), std::pair("-->", "-->"),
+                                       std::pair("GIF", "image/gif"), std::pair("a?b", "image/")}) {
         const Bytes body = B("\0") + format + B("\0\0data");
         frame.Body = body;
         EXPECT_EQ(Carried(frame, TagForm::V23), B("\0\0\0") + mime + B("\0\0\0data"));
