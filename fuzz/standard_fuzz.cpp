@@ -81,7 +81,7 @@ void CheckLayout(const FileLayout& layout) {
 TagEdit TakeEdit(Input& input, const Tag& tag) {
     TagEdit edit;
     const unsigned flags = input.LineFlags();
-    const Text text = Replace(input.LineText(), u"; ", u";");
+    const Text text = Collapse(Writable(input.LineText()), u"; ", u";");
     for (std::size_t i = 0; i < FieldCount; ++i)
         if ((flags & 1U << i) != 0) edit.Fields[FieldTable[i].Which] = text;
     if ((flags & NewTagIsV24) != 0) edit.NewTagForm = TagForm::V24;
@@ -172,9 +172,11 @@ void CheckSaved(const Tag& old, BytesView saved, const TagEdit& edit) {
     if (!tag.Present) return;
     Require(tag.Header.Length() <= LengthOf(saved), "a tag declares more than the file holds");
     Require(tag.FramesEnd <= tag.Header.Length(), "a tag declares less than it holds");
-    TagEdit again = edit;
-    again.Removed.clear();
-    again.Added.clear();
+    TagEdit again;
+    again.Fields = edit.Fields;
+    // Where one comment went, another may be shown.
+    for (const Field field : {Field::Comments, Field::URL})
+        if (again.Fields[field] == Text()) again.Fields[field].reset();
     Require(!EditTag(tag, again).Changed, "a second save changes something");
 }
 

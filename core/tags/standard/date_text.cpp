@@ -23,11 +23,11 @@ bool HasForm(TextView text, TextView form) {
                       [&](char16_t w, char16_t c) { return fits(c, w); });
 }
 
-bool IsYear(TextView text) { return text.size() == YearSize && IsAllDigits(text); }
-
 bool IsPart(TextView text) { return text.size() == PartSize && IsAllDigits(text); }
 
 }  // namespace
+
+bool IsYear(TextView text) { return text.size() == YearSize && IsAllDigits(text); }
 
 Text JoinDate(const DateParts& parts) {
     Text date = parts.Year;

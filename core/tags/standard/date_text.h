@@ -23,4 +23,7 @@ DateParts SplitDate(TextView date);
 /// The four digits that a date begins with; the whole text when it does not begin so.
 Text YearOf(TextView date);
 
+/// True for four digits.
+bool IsYear(TextView text);
+
 }  // namespace mdlPLM::standard

@@ -106,6 +106,14 @@ Text FromUtf16(BytesView bytes, char order) {
     return WellFormed(text);
 }
 
+void AppendValue(Text& all, Text value) {
+    if (value.empty()) return;
+    if (all.empty())
+        all = std::move(value);
+    else
+        all.append(Separator).append(value);
+}
+
 bool IsWide(Encoding encoding) {
     return encoding == Encoding::Utf16 || encoding == Encoding::Utf16BigEndian;
 }
@@ -158,6 +166,13 @@ std::vector<Text> TextReader::Values() {
     return values;
 }
 
+Text TextReader::AllJoined() {
+    Text all;
+    Text value;
+    while (Next(value)) AppendValue(all, std::move(value));
+    return all;
+}
+
 // Cuts the bytes up to the next end off, which is `width` NULs.
 BytesView TextReader::Piece(std::size_t width) {
     const std::size_t found = width == 1 ? rest_.find('\0') : FindWideNul(rest_);
@@ -185,10 +200,7 @@ Text TextReader::NextNarrow(bool utf8) {
 
 Text Joined(const std::vector<Text>& values) {
     Text joined;
-    for (const Text& value : values) {
-        if (&value != &values.front()) joined.append(Separator);
-        joined.append(value);
-    }
+    for (const Text& value : values) AppendValue(joined, value);
     return joined;
 }
 

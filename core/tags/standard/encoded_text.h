@@ -30,6 +30,8 @@ public:
     bool Next(Text& text);
     /// All that are left and not empty.
     std::vector<Text> Values();
+    /// The same as one text, for display: "; " stands between them.
+    Text AllJoined();
     /// What follows the last text that was taken.
     [[nodiscard]] BytesView Rest() const { return rest_; }
     void Skip(std::size_t count) { rest_.remove_prefix(count); }
@@ -48,7 +50,7 @@ private:
     char order_ = '\0';  // of the last mark: its first byte
 };
 
-/// The values as one text, for display: "; " stands between them.
+/// Values as one text, as TextReader::AllJoined has them.
 Text Joined(const std::vector<Text>& values);
 
 /// The mirror: the encoding that a text is written in by tags of either form. In ID3v2.3 single

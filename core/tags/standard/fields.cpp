@@ -53,11 +53,33 @@ Text DateOf(const Tag& tag, const FieldRow& row) {
     return own.empty() || StartsWith(other, own) ? other : own;
 }
 
+// The version's own frame tells the year as a rule; the others need not be looked at then.
+Text YearForName(const Tag& tag, const FieldRow& row) {
+    const bool v24 = tag.Header.Form == TagForm::V24;
+    const Text own = FirstText(tag, v24 ? row.Id : row.Parts[0]);
+    Text year = YearOf(own);
+    return IsYear(year) ? year : YearOf(DateOf(tag, row));
+}
+
 bool IsOwnFigures(const DescribedText& text) { return StartsWith(text.Description, OwnFigures); }
 
-Text OneOf(const Tag& tag, Field field) {
-    const std::optional<std::size_t> place = ShownFrame(tag, field);
-    return place ? ParseDescribed(tag.Frames[*place]).Value : Text();
+struct Found {
+    std::optional<std::size_t> Place;
+    DescribedText Text;
+};
+
+Found FindShown(const Tag& tag, Field field) {
+    const FrameId id = RowOf(field).Id;
+    Found found;
+    for (std::size_t i = 0; i < tag.Frames.size(); ++i) {
+        if (tag.Frames[i].Id != id) continue;
+        DescribedText text = ParseDescribed(tag.Frames[i]);
+        if (text.Value.empty() || IsOwnFigures(text)) continue;
+        const bool plain = text.Description.empty();
+        if (plain || !found.Place) found = {i, std::move(text)};
+        if (plain) break;
+    }
+    return found;
 }
 
 std::vector<Text> NoneIfEmpty(Text text) {
@@ -81,7 +103,7 @@ std::vector<Text> FieldValues(const Tag& tag, Field field) {
         case FieldForm::Url:
             break;
     }
-    return NoneIfEmpty(OneOf(tag, field));
+    return NoneIfEmpty(FindShown(tag, field).Text.Value);
 }
 
 Text FieldText(const Tag& tag, Field field) { return Joined(FieldValues(tag, field)); }
@@ -94,14 +116,21 @@ FieldTexts ReadFields(const Tag& tag) {
 
 Text FieldForName(const Tag& tag, Field field) {
     const FieldRow& row = RowOf(field);
-    if (row.Form == FieldForm::Date) return YearOf(DateOf(tag, row));
-    if (row.Form == FieldForm::Text) {
-        Text text = FirstText(tag, row.Id);
-        const bool counted = field == Field::Track || field == Field::Disc;
-        return counted ? WithoutTotal(text) : text;
+    switch (row.Form) {
+        case FieldForm::Text: {
+            Text text = FirstText(tag, row.Id);
+            const bool counted = field == Field::Track || field == Field::Disc;
+            return counted ? WithoutTotal(text) : text;
+        }
+        case FieldForm::Genre:
+            return ParseFirstGenre(FirstText(tag, row.Id));
+        case FieldForm::Date:
+            return YearForName(tag, row);
+        case FieldForm::Comment:
+        case FieldForm::Url:
+            break;
     }
-    std::vector<Text> values = FieldValues(tag, field);
-    return values.empty() ? Text() : std::move(values.front());
+    return FindShown(tag, field).Text.Value;
 }
 
 Text WithoutTotal(TextView track) {
@@ -109,16 +138,7 @@ Text WithoutTotal(TextView track) {
 }
 
 std::optional<std::size_t> ShownFrame(const Tag& tag, Field field) {
-    const FrameId id = RowOf(field).Id;
-    std::optional<std::size_t> first;
-    for (std::size_t i = 0; i < tag.Frames.size(); ++i) {
-        if (tag.Frames[i].Id != id) continue;
-        const DescribedText text = ParseDescribed(tag.Frames[i]);
-        if (text.Value.empty() || IsOwnFigures(text)) continue;
-        if (text.Description.empty()) return i;
-        if (!first) first = i;
-    }
-    return first;
+    return FindShown(tag, field).Place;
 }
 
 std::vector<PlacedPicture> ReadPictures(const Tag& tag) {

@@ -174,13 +174,13 @@ Text ParseFirstText(const Frame& frame) {
 
 DescribedText ParseDescribed(const Frame& frame) {
     const Content content = ContentOf(frame);
-    const FrameKind kind = KindOf(frame.Id);
-    const std::size_t before = kind == FrameKind::Comment ? LanguageSize : 0;
+    const bool hasLanguage = frame.Id == FrameId("COMM") || frame.Id == FrameId("USLT");
+    const std::size_t before = hasLanguage ? LanguageSize : 0;
     TextReader reader = TextsBehind(content.View, before);
     DescribedText text;
     if (before > 0 && content.View.size() > before) text.Language = content.View.substr(1, before);
     text.Description = TakeDescription(reader);
-    text.Value = kind == FrameKind::UserUrl ? UrlText(reader.Rest()) : Joined(reader.Values());
+    text.Value = frame.Id == FrameId("WXXX") ? UrlText(reader.Rest()) : reader.AllJoined();
     return text;
 }
 

@@ -29,7 +29,7 @@ public:
     }
 
     friend constexpr bool operator==(const FrameId& a, const FrameId& b) {
-        return a.letters_ == b.letters_;
+        return a.Code() == b.Code();
     }
     friend constexpr bool operator!=(const FrameId& a, const FrameId& b) { return !(a == b); }
 

@@ -29,32 +29,43 @@ enum class Sizes {
     Mixed,  // each the way that leads to the better place
 };
 
+// The header of a frame: how it is to be read, and what it leads to.
 struct Measured {
-    Frame Found;
-    std::size_t Next = 0;
-    bool TwoWays = false;  // the two readings differ
+    TagForm Form = TagForm::V23;
+    std::size_t Header = 0;  // what comes before the content
+    std::size_t Size = 0;    // of the content
+    bool TwoWays = false;    // the two readings differ
 };
 
 struct Walked {
-    FrameList List;
+    std::size_t End = 0;
+    std::size_t Count = 0;
     Landing At = Landing::Garbage;
-    bool TwoWays = false;
+    std::size_t FirstTwoWays = BytesView::npos;  // the first frame whose size has two readings
+    std::size_t CountBefore = 0;                 // the frames before that one
 };
+
+template <std::size_t Block>
+void TakeNulsOff(BytesView text, std::size_t& end) {
+    static constexpr std::array<char, Block> nuls{};
+    while (end >= Block && std::memcmp(text.data() + end - Block, nuls.data(), Block) == 0)
+        end -= Block;
+}
 
 // Behind the last byte that is not NUL.
 std::size_t EndOfContent(BytesView text) {
-    constexpr std::size_t block = 64;
-    static constexpr std::array<char, block> nuls{};
     std::size_t end = text.size();
-    while (end >= block && std::memcmp(text.data() + end - block, nuls.data(), block) == 0)
-        end -= block;
-    while (end > 0 && text[end - 1] == '\0') --end;
+    TakeNulsOff<256>(text, end);
+    TakeNulsOff<16>(text, end);
+    TakeNulsOff<1>(text, end);
     return end;
 }
 
 bool IsSync(BytesView bytes) {
     return bytes.size() > 1 && bytes[0] == '\xFF' && static_cast<unsigned char>(bytes[1]) >= 0xE0;
 }
+
+bool IsControl(char c) { return c >= '\0' && c < ' '; }
 
 bool AreIdCharacters(BytesView bytes) {
     return std::all_of(bytes.begin(), bytes.end(), IsIdCharacter);
@@ -68,19 +79,12 @@ public:
           contentEnd_(EndOfContent(text.substr(0, end_))),
           form_(form) {}
 
-    [[nodiscard]] FrameList Run() const {
-        Walked best = Walk(0, Sizes::Own);
-        if (best.TwoWays) {
-            for (const Sizes sizes : {Sizes::Other, Sizes::Mixed}) {
-                Walked other = Walk(0, sizes);
-                if (IsBetter(other, best)) best = std::move(other);
-            }
-        }
-        const std::size_t count = best.List.Frames.size();
-        best.List.Clean = IsClean(best);
+    FrameList Run() {
+        Walked best = Walk(0, Sizes::Own, &list_.Frames);
+        if (best.FirstTwoWays != BytesView::npos) best = WalkOtherWays(best);
+        list_.Clean = IsClean(best);
         Recover(best);
-        if (best.List.Frames.size() > count) best.List.Clean = false;
-        return std::move(best.List);
+        return std::move(list_);
     }
 
 private:
@@ -88,13 +92,29 @@ private:
 
     // The frames of a walk that end where something can follow.
     static std::size_t GoodFrames(const Walked& walked) {
-        const std::size_t count = walked.List.Frames.size();
-        return count - (count > 0 && !IsClean(walked) ? 1 : 0);
+        return walked.Count - (walked.Count > 0 && !IsClean(walked) ? 1 : 0);
     }
 
     static bool IsBetter(const Walked& a, const Walked& b) {
         if (GoodFrames(a) != GoodFrames(b)) return GoodFrames(a) > GoodFrames(b);
         return IsClean(a) && IsClean(b) && a.At > b.At;
+    }
+
+    // The others are tried from where they differ, and without making a list.
+    Walked WalkOtherWays(const Walked& own) {
+        Walked best = own;
+        Sizes bestSizes = Sizes::Own;
+        for (const Sizes sizes : {Sizes::Other, Sizes::Mixed}) {
+            Walked other = Walk(own.FirstTwoWays, sizes, nullptr);
+            other.Count += own.CountBefore;
+            if (!IsBetter(other, best)) continue;
+            best = other;
+            bestSizes = sizes;
+        }
+        if (bestSizes == Sizes::Own) return own;
+        list_.Frames.resize(own.CountBefore);
+        Walk(own.FirstTwoWays, bestSizes, &list_.Frames);
+        return best;
     }
 
     [[nodiscard]] BytesView From(std::size_t at) const {
@@ -104,7 +124,7 @@ private:
     [[nodiscard]] bool IsShortId(std::size_t at) const {
         const BytesView id = text_.substr(at, ShortIdSize);
         if (form_ == TagForm::V22) return AreIdCharacters(id);
-        return text_[at + ShortIdSize] < 0x20 && FromThreeLetters(id);
+        return IsControl(text_[at + ShortIdSize]) && FromThreeLetters(id);
     }
 
     // An identifier of three letters also stands in later tags: a tag of ID3v2.2 that was given
@@ -139,60 +159,53 @@ private:
         return text_[at] == '\0' || IsSync(From(at));
     }
 
-    // The size as it is to be read; `header` is what comes before the content.
-    struct Reading {
-        TagForm Form;
-        std::size_t Header;
-        std::size_t Size;
-    };
-
-    [[nodiscard]] Landing LandingOf(std::size_t at, const Reading& reading) const {
-        return LandingAt(at + reading.Header + reading.Size);
+    static std::size_t NextOf(std::size_t at, const Measured& measured) {
+        return at + measured.Header + measured.Size;
     }
 
-    [[nodiscard]] Measured Taken(std::size_t at, const Reading& reading) const {
-        Measured measured;
-        Frame& frame = measured.Found;
-        frame.Form = reading.Form;
-        const bool shortId = text_[at + ShortIdSize] == '\0' || reading.Form == TagForm::V22;
+    [[nodiscard]] Landing LandingOf(std::size_t at, const Measured& measured) const {
+        return LandingAt(NextOf(at, measured));
+    }
+
+    [[nodiscard]] Frame FrameAt(std::size_t at, const Measured& measured) const {
+        Frame frame;
+        frame.Form = measured.Form;
+        const bool shortId = text_[at + ShortIdSize] == '\0' || measured.Form == TagForm::V22;
         frame.Id = shortId ? IdOfThreeLetters(text_.substr(at, ShortIdSize))
                            : FrameId(text_.substr(at, IdSize));
-        if (reading.Form != TagForm::V22) frame.Flags = {text_[at + 8], text_[at + 9]};
-        frame.Body = text_.substr(at + reading.Header, reading.Size);
-        measured.Next = at + reading.Header + reading.Size;
-        return measured;
+        if (measured.Form != TagForm::V22) frame.Flags = {text_[at + 8], text_[at + 9]};
+        frame.Body = text_.substr(at + measured.Header, measured.Size);
+        return frame;
     }
 
     [[nodiscard]] Measured MeasureShort(std::size_t at) const {
         const BytesView bytes = From(at);
-        const Reading own{TagForm::V22, ShortHeaderSize, PlainNumber(bytes.substr(3, 3))};
-        if (form_ == TagForm::V22 || end_ - at < HeaderSize) return Taken(at, own);
-        const Reading longer{form_, HeaderSize, PlainNumber(bytes.substr(IdSize, SizeField))};
-        return Taken(at, bytes[ShortIdSize] == '\0' && LandingOf(at, longer) > LandingOf(at, own)
-                             ? longer
-                             : own);
+        const Measured own{TagForm::V22, ShortHeaderSize, PlainNumber(bytes.substr(3, 3)), false};
+        if (form_ == TagForm::V22 || end_ - at < HeaderSize) return own;
+        const Measured longer{form_, HeaderSize, PlainNumber(bytes.substr(IdSize, SizeField)),
+                              false};
+        const bool isLonger =
+            bytes[ShortIdSize] == '\0' && LandingOf(at, longer) > LandingOf(at, own);
+        return isLonger ? longer : own;
     }
 
     [[nodiscard]] Measured Measure(std::size_t at, Sizes sizes) const {
-        const bool isShort = form_ == TagForm::V22 || text_[at + ShortIdSize] < 0x20;
+        const bool isShort = form_ == TagForm::V22 || IsControl(text_[at + ShortIdSize]);
         return isShort ? MeasureShort(at) : MeasureLong(at, sizes);
     }
 
     [[nodiscard]] Measured MeasureLong(std::size_t at, Sizes sizes) const {
         const BytesView field = From(at).substr(IdSize, SizeField);
-        const Reading plain{form_, HeaderSize, PlainNumber(field)};
-        const Reading sevenBit{form_, HeaderSize, SevenBitNumber(field)};
-        const bool twoWays = IsSevenBit(field) && plain.Size != sevenBit.Size;
-        const bool ownIsPlain = form_ == TagForm::V23 || !twoWays;
-        const Reading& own = ownIsPlain ? plain : sevenBit;
-        const Reading& other = twoWays && ownIsPlain ? sevenBit : plain;
-        const bool takeOther =
-            sizes == Sizes::Other ||
-            (sizes == Sizes::Mixed &&
-             LandingOf(at, other) > std::max(LandingOf(at, own), Landing::Garbage));
-        Measured measured = Taken(at, takeOther ? other : own);
-        measured.TwoWays = twoWays;
-        return measured;
+        const std::size_t plain = PlainNumber(field);
+        const std::size_t sevenBit = SevenBitNumber(field);
+        const bool twoWays = plain != sevenBit && IsSevenBit(field);
+        if (!twoWays) return {form_, HeaderSize, plain, false};
+        const bool ownIsPlain = form_ == TagForm::V23;
+        const Measured own{form_, HeaderSize, ownIsPlain ? plain : sevenBit, true};
+        const Measured other{form_, HeaderSize, ownIsPlain ? sevenBit : plain, true};
+        if (sizes == Sizes::Own) return own;
+        const bool better = LandingOf(at, other) > std::max(LandingOf(at, own), Landing::Garbage);
+        return sizes == Sizes::Other || better ? other : own;
     }
 
     [[nodiscard]] bool HasOddId(std::size_t at) const {
@@ -204,21 +217,26 @@ private:
     // Some programs have identifiers that are none; their sizes lead on like those of others.
     [[nodiscard]] bool StartsOddFrame(std::size_t at) const {
         if (!HasOddId(at)) return false;
-        const std::size_t next = MeasureLong(at, Sizes::Mixed).Next;
+        const std::size_t next = NextOf(at, MeasureLong(at, Sizes::Mixed));
         return LandingAt(next) >= Landing::Padding || HasOddId(next);
     }
 
-    [[nodiscard]] Walked Walk(std::size_t from, Sizes sizes) const {
+    // `frames`: where they go; null: they are only counted.
+    Walked Walk(std::size_t from, Sizes sizes, std::vector<Frame>* frames) const {
         Walked walked;
-        walked.List.Frames.reserve(UsualFrames);
-        walked.List.End = from;
-        while (StartsFrame(walked.List.End) || StartsOddFrame(walked.List.End)) {
-            const Measured measured = Measure(walked.List.End, sizes);
-            walked.TwoWays = walked.TwoWays || measured.TwoWays;
-            walked.List.End = measured.Next;
-            walked.List.Frames.push_back(measured.Found);
+        if (frames != nullptr) frames->reserve(UsualFrames);
+        std::size_t at = from;
+        for (; StartsFrame(at) || StartsOddFrame(at); ++walked.Count) {
+            const Measured measured = Measure(at, sizes);
+            if (measured.TwoWays && walked.FirstTwoWays == BytesView::npos) {
+                walked.FirstTwoWays = at;
+                walked.CountBefore = walked.Count;
+            }
+            if (frames != nullptr) frames->push_back(FrameAt(at, measured));
+            at = NextOf(at, measured);
         }
-        walked.At = LandingAt(walked.List.End);
+        walked.End = at;
+        walked.At = LandingAt(at);
         return walked;
     }
 
@@ -234,7 +252,7 @@ private:
         const bool known = form_ == TagForm::V22
                                ? FromThreeLetters(id.substr(0, ShortIdSize)).has_value()
                                : IsKnown(FrameId(id));
-        return known && LandingAt(Measure(at, Sizes::Mixed).Next) >= Landing::Padding;
+        return known && LandingOf(at, Measure(at, Sizes::Mixed)) >= Landing::Padding;
     }
 
     [[nodiscard]] std::size_t FindKnownFrame(std::size_t from) const {
@@ -245,41 +263,38 @@ private:
 
     // Where the walk can be taken up again.
     [[nodiscard]] std::size_t NextBehind(const Walked& walked) const {
-        const std::size_t end = walked.List.End;
         // The size that has led here may be too large as well as too small.
         if (walked.At != Landing::Padding)
-            return FindKnownFrame(
-                walked.List.Frames.empty() ? end : StartOf(walked.List.Frames.back().Body));
-        const std::size_t next = text_.find_first_not_of('\0', end);
-        const bool frames = next < end_ && StartsFrame(next) && StartsKnownFrame(next);
-        return frames ? next : BytesView::npos;
+            return FindKnownFrame(list_.Frames.empty() ? walked.End
+                                                       : StartOf(list_.Frames.back().Body));
+        const std::size_t next = text_.find_first_not_of('\0', walked.End);
+        return next < end_ && StartsKnownFrame(next) ? next : BytesView::npos;
     }
 
-    void Recover(Walked& walked) const {
-        FrameList& list = walked.List;
+    void Recover(Walked walked) {
         while (walked.At < Landing::End) {
             const std::size_t next = NextBehind(walked);
             if (next == BytesView::npos) break;
-            if (walked.At != Landing::Padding) EndLastAt(list, next);
-            Walked rest = Walk(next, Sizes::Mixed);
-            list.Frames.insert(list.Frames.end(), rest.List.Frames.begin(), rest.List.Frames.end());
-            list.End = rest.List.End;
-            walked.At = rest.At;
+            if (walked.At != Landing::Padding) EndLastAt(next);
+            list_.Clean = false;
+            walked = Walk(next, Sizes::Mixed, &list_.Frames);
         }
+        list_.End = std::min(walked.End, text_.size());
         if (walked.At == Landing::Garbage)
-            list.Unread = text_.substr(list.End, contentEnd_ - list.End);
+            list_.Unread = text_.substr(walked.End, contentEnd_ - walked.End);
         if (walked.At != Landing::Beyond) return;
-        EndLastAt(list, end_);
-        list.End = end_;
+        EndLastAt(end_);
+        list_.End = end_;
     }
 
-    void EndLastAt(FrameList& list, std::size_t end) const {
-        if (list.Frames.empty()) return;
-        BytesView& body = list.Frames.back().Body;
+    void EndLastAt(std::size_t end) {
+        if (list_.Frames.empty()) return;
+        BytesView& body = list_.Frames.back().Body;
         const std::size_t start = std::min(StartOf(body), end);
         body = text_.substr(start, end - start);
     }
 
+    FrameList list_;
     BytesView text_;
     std::size_t end_;
     std::size_t contentEnd_;

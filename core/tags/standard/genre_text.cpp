@@ -113,11 +113,18 @@ std::vector<Text> WithNumbers(const std::vector<Text>& names) {
 std::vector<Text> ParseGenres(const std::vector<Text>& values) {
     std::vector<Text> genres;
     for (const Text& value : values) ParseValue(value, genres);
+    if (genres.size() < 2) return genres;
     std::set<Text> seen;
     std::vector<Text> once;
     for (Text& genre : genres)
         if (seen.insert(genre).second) once.push_back(std::move(genre));
     return once;
+}
+
+Text ParseFirstGenre(TextView value) {
+    std::vector<Text> genres;
+    ParseValue(value, genres);
+    return genres.empty() ? Text() : std::move(genres.front());
 }
 
 std::vector<Text> RenderGenres(const std::vector<Text>& genres, bool v24) {

@@ -12,6 +12,9 @@ namespace mdlPLM::standard {
 /// place; "((" stands for "(". A number without a name stays a number.
 std::vector<Text> ParseGenres(const std::vector<Text>& values);
 
+/// The first genre of a value alone.
+Text ParseFirstGenre(TextView value);
+
 /// The mirror: the values that a frame holds. In ID3v2.4 the names themselves. In ID3v2.3 one of
 /// the 148 names becomes its number in brackets, which readers of every age know; several of them
 /// stand in one value, but beside other names each is a value of its own.

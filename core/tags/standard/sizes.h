@@ -7,11 +7,27 @@
 namespace mdlPLM::standard {
 
 /// Of up to four bytes.
-std::size_t PlainNumber(BytesView bytes);
+constexpr std::size_t PlainNumber(BytesView bytes) {
+    std::size_t number = 0;
+    for (const char byte : bytes.substr(0, 4))
+        number = number << 8U | static_cast<unsigned char>(byte);
+    return number;
+}
+
 /// Of up to four bytes; their top bits do not count.
-std::size_t SevenBitNumber(BytesView bytes);
+constexpr std::size_t SevenBitNumber(BytesView bytes) {
+    std::size_t number = 0;
+    for (const char byte : bytes.substr(0, 4))
+        number = number << 7U | (static_cast<unsigned char>(byte) & 0x7FU);
+    return number;
+}
+
 /// True when no byte has its top bit set.
-bool IsSevenBit(BytesView bytes);
+constexpr bool IsSevenBit(BytesView bytes) {
+    unsigned all = 0;
+    for (const char byte : bytes) all |= static_cast<unsigned char>(byte);
+    return all < 0x80;
+}
 
 /// `value` in four bytes. It must be below 2^32, or 2^28 in seven bits a byte.
 void AppendPlainNumber(Bytes& bytes, std::size_t value);
