@@ -99,7 +99,7 @@ TagEdit TakeEdit(Input& input, const Tag& tag) {
     return edit;
 }
 
-bool IsOfEdited(FrameId id, const TagEdit& edit) {
+bool IsOfEdited(const FrameId& id, const TagEdit& edit) {
     return std::any_of(FieldTable.begin(), FieldTable.end(), [&](const FieldRow& row) {
         const bool part = std::find(row.Parts.begin(), row.Parts.end(), id) != row.Parts.end();
         return (row.Id == id || part) && edit.Fields[row.Which].has_value();

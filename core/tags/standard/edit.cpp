@@ -27,12 +27,12 @@ std::vector<Text> Split(TextView text) {
     return values;
 }
 
-bool Holds(const Tag& tag, FrameId id) {
+bool Holds(const Tag& tag, const FrameId& id) {
     return std::any_of(tag.Frames.begin(), tag.Frames.end(),
                        [id](const Frame& frame) { return frame.Id == id; });
 }
 
-void AppendFrame(Bytes& bytes, FrameId id, const CarriedFrame& frame, TagForm form) {
+void AppendFrame(Bytes& bytes, const FrameId& id, const CarriedFrame& frame, TagForm form) {
     bytes.append(id.View());
     const std::size_t size = frame.View().size();
     if (form == TagForm::V24)
@@ -131,7 +131,7 @@ private:
     }
 
     // One frame of that identifier with these values, in the place of the first; none without any.
-    void Put(FrameId id, const std::vector<Text>& values) {
+    void Put(const FrameId& id, const std::vector<Text>& values) {
         NewFrame frame;
         frame.Id = id;
         frame.Values = values;
@@ -198,7 +198,7 @@ private:
     bool changed_ = false;
 };
 
-bool HoldsField(FrameId id) {
+bool HoldsField(const FrameId& id) {
     return std::any_of(FieldTable.begin(), FieldTable.end(), [id](const FieldRow& row) {
         return row.Id == id || std::find(row.Parts.begin(), row.Parts.end(), id) != row.Parts.end();
     });

@@ -17,7 +17,7 @@ constexpr bool IsInOrder() {
 static_assert(IsInOrder());
 
 // The first text of the first frame of that identifier that has one.
-Text FirstText(const Tag& tag, FrameId id) {
+Text FirstText(const Tag& tag, const FrameId& id) {
     for (const Frame& frame : tag.Frames) {
         if (frame.Id != id) continue;
         Text text = ParseFirstText(frame);
@@ -26,7 +26,7 @@ Text FirstText(const Tag& tag, FrameId id) {
     return {};
 }
 
-std::vector<Text> TextsOf(const Tag& tag, FrameId id) {
+std::vector<Text> TextsOf(const Tag& tag, const FrameId& id) {
     for (const Frame& frame : tag.Frames) {
         if (frame.Id != id) continue;
         std::vector<Text> texts = ParseTexts(frame);

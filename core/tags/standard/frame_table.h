@@ -20,10 +20,10 @@ enum class FrameKind : char {
 
 /// The kind of any identifier: unknown ones that begin with "T" are texts and those with "W"
 /// addresses, as the standard has it.
-FrameKind KindOf(FrameId id);
+FrameKind KindOf(const FrameId& id);
 
 /// True when the table holds it.
-bool IsKnown(FrameId id);
+bool IsKnown(const FrameId& id);
 
 /// The identifier that a frame of ID3v2.2 has in ID3v2.3; nothing for one that is not in the table.
 std::optional<FrameId> FromThreeLetters(BytesView threeLetters);

@@ -11,7 +11,7 @@ using test::B;
 using test::Big;
 using test::Little;
 
-Frame FrameOf(FrameId id, const Bytes& body, TagForm form = TagForm::V23) {
+Frame FrameOf(const FrameId& id, const Bytes& body, TagForm form = TagForm::V23) {
     Frame frame;
     frame.Id = id;
     frame.Form = form;
@@ -19,7 +19,8 @@ Frame FrameOf(FrameId id, const Bytes& body, TagForm form = TagForm::V23) {
     return frame;
 }
 
-void ExpectDescribed(FrameId id, const Bytes& body, const Text& description, const Text& value) {
+void ExpectDescribed(const FrameId& id, const Bytes& body, const Text& description,
+                     const Text& value) {
     const DescribedText text = ParseDescribed(FrameOf(id, body));
     EXPECT_EQ(text.Description, description) << body;
     EXPECT_EQ(text.Value, value) << body;
@@ -124,7 +125,7 @@ TEST(StandardContent, EveryFrameIsShownInWords) {
 
 // --- writing ---
 
-NewFrame New(FrameId id, std::vector<Text> values, const Text& description = {}) {
+NewFrame New(const FrameId& id, std::vector<Text> values, const Text& description = {}) {
     NewFrame frame;
     frame.Id = id;
     frame.Values = std::move(values);
