@@ -207,7 +207,7 @@ private:
                                       NativePath(folder_.Path()), Native(u"rows.txt")});
         for (std::size_t i = 0; i < made.size(); ++i)
             Add(made[i].first, *made[i].second,
-                u"made" + NumberText(static_cast<long long>(i + 1)) + u".mp3");
+                u"made" + NumberText(static_cast<long long>(i) + 1) + u".mp3");
     }
 
     void MakeByConverter(const Title& title) {
@@ -364,10 +364,9 @@ TEST(TagWriters, KeepEveryOtherFrameByteForByte) {
 
 // What the converter says of a file, but for its title and its name.
 Bytes SeenByConverter(const Text& path) {
-    return mdlPLM::test::OutputOf({"ffprobe", "-v", "error", "-show_entries",
-                                   "format_tags:format=duration:stream=codec_name,duration_ts:"
-                                   "stream_tags",
-                                   "-of", "json", NativePath(path)});
+    const Bytes entries = "format=duration:format_tags:stream=codec_name,duration_ts:stream_tags";
+    return mdlPLM::test::OutputOf(
+        {"ffprobe", "-v", "error", "-show_entries", entries, "-of", "json", NativePath(path)});
 }
 
 TEST(TagWriters, OfTheConverterToo) {
@@ -396,7 +395,7 @@ TEST(TagWriters, FilesDoNotGrowByBeingSaved) {
         Bytes contents = test::SavedFile(file.Contents, test::Edit(Field::Title, u"Save 0"));
         const std::size_t size = contents.size();
         for (int i = 1; i <= 5; ++i) {
-            const Text title = u"Save " + NumberText(static_cast<long long>(i * 1000));
+            const Text title = u"Save " + NumberText(static_cast<long long>(i) * 1000);
             contents = test::SavedFile(contents, test::Edit(Field::Title, title));
             EXPECT_EQ(contents.size(), size);
             EXPECT_EQ(test::SavedFile(contents, test::Edit(Field::Title, title)), contents);
