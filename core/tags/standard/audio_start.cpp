@@ -10,62 +10,41 @@ namespace {
 
 constexpr std::int64_t BlockSize = 16384;
 constexpr auto HeaderSize = static_cast<std::int64_t>(MpegHeaderSize);
-constexpr char FirstSyncByte = '\xFF';
+constexpr std::int64_t MostSearched = std::int64_t{16} << 20;
 
 bool IsKnownHeader(const ReadBytes& read, std::int64_t at) {
     const Bytes bytes = read(at, MpegHeaderSize);
     return bytes.size() >= MpegHeaderSize && MpegHeader(bytes).IsKnown();
 }
 
-bool IsFollowed(const ReadBytes& read, const MpegHeader& header, std::int64_t at,
-                std::int64_t end) {
+}  // namespace
+
+bool IsFirstFrame(const ReadBytes& read, std::int64_t at, std::int64_t end) {
+    if (at + HeaderSize > end) return false;
+    const MpegHeader header(read(at, MpegHeaderSize));
     if (!header.IsKnown()) return false;
     const std::int64_t next = at + header.Distance();
     return next + HeaderSize > end || IsKnownHeader(read, next);
 }
 
-// Calls `find` with one block after the other and where it lies, until it gives a place. Blocks
-// share the few bytes that a header may be cut in.
-template <typename Find>
-std::optional<std::int64_t> InBlocks(const ReadBytes& read, std::int64_t begin, std::int64_t end,
-                                     const Find& find) {
-    constexpr std::int64_t shared = HeaderSize - 1;
-    for (std::int64_t at = begin; at < end; at += BlockSize - shared) {
-        const Bytes block = read(at, static_cast<std::size_t>(std::min(BlockSize, end - at)));
-        if (block.empty()) break;
-        if (const std::optional<std::int64_t> found = find(block, at)) return found;
-    }
-    return std::nullopt;
-}
-
-}  // namespace
-
-bool IsFirstFrame(const ReadBytes& read, std::int64_t at, std::int64_t end) {
-    if (at + HeaderSize > end) return false;
-    return IsFollowed(read, MpegHeader(read(at, MpegHeaderSize)), at, end);
-}
-
 std::optional<std::int64_t> FindFirstFrame(const ReadBytes& read, std::int64_t begin,
                                            std::int64_t end) {
-    const auto inBlock = [&](BytesView block, std::int64_t at) -> std::optional<std::int64_t> {
-        for (std::size_t i = block.find(FirstSyncByte); i != BytesView::npos;
-             i = block.find(FirstSyncByte, i + 1)) {
-            if (block.size() - i < MpegHeaderSize) break;
-            const std::int64_t place = at + static_cast<std::int64_t>(i);
-            if (IsFollowed(read, MpegHeader(block.substr(i)), place, end)) return place;
-        }
-        return std::nullopt;
-    };
-    return InBlocks(read, begin, end, inBlock);
+    HeaderSearch search(read, begin, end);
+    while (search.Done() < MostSearched && search.Step()) {
+    }
+    const std::optional<FoundHeader>& found = search.Found();
+    if (!found || !found->Followed) return std::nullopt;
+    return found->At;
 }
 
 std::int64_t FirstNonNul(const ReadBytes& read, std::int64_t begin, std::int64_t end) {
-    const auto inBlock = [](BytesView block, std::int64_t at) -> std::optional<std::int64_t> {
+    for (std::int64_t at = begin; at < end; at += BlockSize) {
+        const Bytes block = read(at, static_cast<std::size_t>(std::min(BlockSize, end - at)));
         const std::size_t found = block.find_first_not_of('\0');
-        if (found == BytesView::npos) return std::nullopt;
-        return at + static_cast<std::int64_t>(found);
-    };
-    return InBlocks(read, begin, end, inBlock).value_or(std::max(begin, end));
+        if (found != Bytes::npos) return at + static_cast<std::int64_t>(found);
+        if (block.empty()) break;
+    }
+    return std::max(begin, end);
 }
 
 }  // namespace mdlPLM::standard

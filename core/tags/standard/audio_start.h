@@ -11,7 +11,8 @@ namespace mdlPLM::standard {
 /// audio's end.
 bool IsFirstFrame(const ReadBytes& read, std::int64_t at, std::int64_t end);
 
-/// The first such place in the bytes from `begin` to `end`. Reads in blocks.
+/// The first such place in the bytes from `begin` to `end`, if it is within 16 megabytes. Reads in
+/// blocks.
 std::optional<std::int64_t> FindFirstFrame(const ReadBytes& read, std::int64_t begin,
                                            std::int64_t end);
 
