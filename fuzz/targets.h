@@ -18,6 +18,7 @@ void FuzzRules(BytesView input);
 void FuzzSave(BytesView input);
 void FuzzSavedLists(BytesView input);
 void FuzzSettings(BytesView input);
+void FuzzStandard(BytesView input);
 void FuzzStream(BytesView input);
 void FuzzText(BytesView input);
 void FuzzUserLists(BytesView input);
@@ -38,6 +39,7 @@ inline constexpr Target Targets[] = {
     {"save", FuzzSave},
     {"saved_lists", FuzzSavedLists},
     {"settings", FuzzSettings},
+    {"standard", FuzzStandard},
     {"stream", FuzzStream},
     {"text", FuzzText},
     {"user_lists", FuzzUserLists},
