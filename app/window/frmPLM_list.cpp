@@ -15,15 +15,6 @@ namespace mdlPLM {
 
 namespace {
 
-constexpr TextView AddFilter =
-    u"MP3 Files (*.mp3;*.mp2)|*.mp3;*.mp2|Playlists (*.srt;*.m3u;*.pls)|*.srt;*.m3u;*.pls|"
-    u"All Files (*.*)|*.*";
-constexpr TextView LoadFilter =
-    u"Sorting File (*.srt)|*.srt|Playlist File (*.m3u)|*.m3u|Playlist File (*.pls)|*.pls";
-constexpr TextView SaveFilter = u"Sorting File (*.srt)|*.srt|M3U Playlist(*.m3u)|*.m3u";
-constexpr int PlaylistsFilter = 2;
-constexpr int SortingFileFilter = 1;
-
 /// Sizes asked for between two looks at the clock, and for how long in one turn of the event loop
 /// (milliseconds).
 constexpr FileList::Index SizesAtOnce = 50;
@@ -115,7 +106,7 @@ void frmPLM::AddPaths(std::vector<Text> paths) {
 
 void frmPLM::cmdAddFiles_Click() {
     const FileDialogResult chosen = context_.Dialogs.OpenFiles(
-        this, {FromQt(tr("Add Files")), context_.Values.LastDir, Text(AddFilter), true});
+        this, {FromQt(tr("Add Files")), context_.Values.LastDir, AddFilesFilter(), true});
     if (chosen.Paths.empty()) return;
     context_.Values.LastDir = FolderOfPath(chosen.Paths.front());
     AddRequest request;
@@ -134,7 +125,7 @@ void frmPLM::mnuAddFolder_Click() {
 
 void frmPLM::cmdLoad_Click() {
     const FileDialogResult chosen = context_.Dialogs.OpenFiles(
-        this, {FromQt(tr("Load List")), context_.Values.LastDir, Text(LoadFilter), false});
+        this, {FromQt(tr("Load List")), context_.Values.LastDir, LoadListFilter(), false});
     if (chosen.Paths.empty()) return;
     // What is refused takes nobody's list away.
     if (KindOfListFile(chosen.Paths.front()) != ListFileKind::Other) {
@@ -149,13 +140,11 @@ void frmPLM::cmdLoad_Click() {
 
 void frmPLM::cmdSave_Click() {
     const FileDialogResult chosen = context_.Dialogs.SaveFile(
-        this, {FromQt(tr("Save List")), context_.Values.LastDir, Text(SaveFilter), false});
+        this, {FromQt(tr("Save List")), context_.Values.LastDir, SaveListFilter(), false});
     if (chosen.Paths.empty()) return;
     const Text& path = chosen.Paths.front();
     if (context_.LeftBehind != nullptr) context_.LeftBehind->LookBeside(path);
-    const Status saved = SaveListFile(
-        list_, path,
-        chosen.FilterIndex == SortingFileFilter ? ListFileKind::SortingList : ListFileKind::M3u);
+    const Status saved = SaveListFile(list_, path, KindOfSaveFilter(chosen.FilterIndex));
     if (!saved.Ok()) return context_.Ask.Critical({u"PLM", ErrorMessage(saved.Number()), path});
     const std::vector<Text> refused = NamesWithLineBreak(list_);
     SetStatus(tr("%1 saved to %2").arg(Files(list_.Count() - refused.size()), ToQt(path)));
