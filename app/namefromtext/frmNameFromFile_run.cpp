@@ -1,6 +1,7 @@
 // The two lists and the run that renames and tags.
 #include <QPushButton>
 
+#include "app/list/list_operations.h"
 #include "app/namefromtext/frmNameFromFile.h"
 #include "app/namefromtext/qt_pair_column.h"
 #include "app/namefromtext/qt_sliced_work.h"

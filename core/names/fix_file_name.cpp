@@ -79,14 +79,6 @@ Text CleanName(Work& work) {
     return ApplyRules(FileNameRules(), std::move(name), {work.Values(), work.Context.Replacements});
 }
 
-BytesView UpToNul(BytesView field) { return field.substr(0, field.find('\0')); }
-
-// What the optimized layout keeps behind the field's first NUL, up to the next one.
-BytesView Continuation(BytesView field) {
-    const std::size_t nul = field.find('\0');
-    return nul == BytesView::npos ? BytesView() : UpToNul(field.substr(nul + 1));
-}
-
 // The trailer's field, untrimmed.
 Bytes BytesInV1(const FieldInV1& place, const ID3v1Tag& tag, bool optimized) {
     if (place.Number != nullptr) return place.TextOfNumber(tag.*place.Number);
