@@ -32,15 +32,23 @@ struct Slot {
 class Slots {
 public:
     Slots(Fields fields, TextView lowerPattern) {
-        for (const NameField& field : fields)
-            if (const Pos at = InStr(lowerPattern, field.Placeholder); at > 0)
-                Insert({at, &field, {}});
+        for (const NameField& field : fields) {
+            const Pos at = InStr(lowerPattern, field.Placeholder);
+            if (at > 0) Insert({at, &field, {}});
+            allSeven_ = allSeven_ && (at > 0 || !field.OfTheSeven);
+        }
     }
     [[nodiscard]] Slot* begin() { return slots_.data(); }
     [[nodiscard]] Slot* end() { return begin() + count_; }
 
-    void Erase(Slot* slot) {
-        std::move(slot + 1, end(), slot);
+    // A pattern with all seven has no first field; kept on purpose. What was added to the seven
+    // later neither brings that about nor loses its own value.
+    void DropFirstOfAllSeven() {
+        if (!allSeven_) return;
+        Slot* const first =
+            std::find_if(begin(), end(), [](const Slot& slot) { return slot.Which->OfTheSeven; });
+        if (first == end()) return;
+        std::move(first + 1, end(), first);
         --count_;
     }
 
@@ -55,6 +63,7 @@ private:
 
     std::array<Slot, PatternRules::MostFields> slots_;
     std::size_t count_ = 0;
+    bool allSeven_ = true;
 };
 
 // The last placeholder has no separator: the text behind it was taken off the end of the name
@@ -65,16 +74,6 @@ void FindSeparators(TextView pattern, Slots& slots) {
         const auto end = static_cast<std::size_t>(slot[1].At - 1);
         slot->Separator = pattern.substr(begin, end - begin);
     }
-}
-
-// A pattern with all seven has no first field; kept on purpose. What was added to the seven later
-// neither brings that about nor loses its own value.
-void DropFirstOfAllSeven(Fields fields, Slots& slots) {
-    const auto ofTheSeven = [](const NameField& field) { return field.OfTheSeven; };
-    const auto inPattern = [](const Slot& slot) { return slot.Which->OfTheSeven; };
-    const auto all = std::count_if(fields.begin(), fields.end(), ofTheSeven);
-    if (all > 0 && std::count_if(slots.begin(), slots.end(), inPattern) == all)
-        slots.Erase(std::find_if(slots.begin(), slots.end(), inPattern));
 }
 
 Text WithBackslashes(TextView path) {
@@ -165,7 +164,7 @@ Text Field(Fields fields, const Subject& subject, const Wish& wish, const Settin
     const Text levelled = WithBackslashes(wish.Pattern);
     FindSeparators(levelled, slots);
     const Pos last = std::prev(slots.end())->At;
-    DropFirstOfAllSeven(fields, slots);
+    slots.DropFirstOfAllSeven();
 
     Text name = Mid(NameToMatch(subject, levelled, settings), InStr(levelled, u"%"));
     const Pos tail =

@@ -17,7 +17,7 @@ public:
     /// `fields` must outlive the rules; rows beyond MostFields count for nothing.
     explicit constexpr PatternRules(std::span<const NameField> fields)
         : fields_(fields.first(std::min(fields.size(), MostFields))) {}
-    static constexpr std::size_t MostFields = 16;
+    static constexpr std::size_t MostFields = 12;
 
     /// GetFieldFromPattern, GetFieldFromPath.
     [[nodiscard]] Text FromEntry(TextView entry, TextView fieldName, TextView pattern,
