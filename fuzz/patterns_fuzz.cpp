@@ -97,8 +97,8 @@ Text Transcribed(const Subject& subject, TextView field, TextView inPattern,
 }
 
 Text FilledPlainly(Text pattern, const FieldValues& values) {
-    for (const FieldWord& field : FieldWords)
-        pattern = Replace(pattern, u"%" + Text(field.Word), values.*field.Value);
+    for (const NameField& field : NameFields)
+        pattern = Replace(pattern, field.Placeholder, values.*field.Value);
     return pattern;
 }
 
@@ -111,18 +111,18 @@ void FuzzPatterns(BytesView bytes) {
     const Text inPattern = input.LineText();
     const Text outPattern = input.LineText();
     FieldValues values;
-    for (const FieldWord& field : FieldWords) {
-        values.*field.Value = GetFieldFromPattern(path, field.Word, inPattern, settings);
+    for (const NameField& field : NameFields) {
+        values.*field.Value = GetFieldFromPattern(path, field.Word(), inPattern, settings);
         RequireEqual(values.*field.Value,
-                     Transcribed({path, GetListEntryFileName}, field.Word, inPattern, settings),
+                     Transcribed({path, GetListEntryFileName}, field.Word(), inPattern, settings),
                      "the pattern parse differs");
-        RequireEqual(GetFieldFromPath(path, field.Word, inPattern, settings),
-                     Transcribed({path, FileNameOfPath}, field.Word, inPattern, settings),
+        RequireEqual(GetFieldFromPath(path, field.Word(), inPattern, settings),
+                     Transcribed({path, FileNameOfPath}, field.Word(), inPattern, settings),
                      "the parse of a path differs");
-        RequireEqual(GetFieldFromPattern(path, UCase(field.Word), inPattern, settings),
+        RequireEqual(GetFieldFromPattern(path, UCase(field.Word()), inPattern, settings),
                      values.*field.Value, "the case of a field's word matters");
     }
-    for (const FieldWord& field : FieldWords)
+    for (const NameField& field : NameFields)
         if (const Text own = input.LineText(); !own.empty()) values.*field.Value = own;
     bool filled = false;
     const Text name = FillPattern(outPattern, values, settings, filled);

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "app/cli/terminal_prompts.h"
-#include "app/list/folder_walk.h"
-#include "app/list/list_file_reader.h"
+#include "app/list/file_finder.h"
+#include "app/list/list_operations.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
 
@@ -20,7 +20,11 @@ public:
     /// What list files name goes into `list`, with its lines as they stand; without one everything
     /// goes into the paths.
     Gathering(Session& session, PathSpelling& spelling, FileList* list)
-        : session_(session), spelling_(spelling), list_(list) {}
+        : session_(session),
+          spelling_(spelling),
+          list_(list),
+          prompts_(session.Streams, session.Results, false),
+          finder_(session.Values.Extension, prompts_) {}
 
     /// False, and told, when nothing was given.
     bool TakeAll();
@@ -31,13 +35,14 @@ private:
     void TakeArgument(const Bytes& argument);
     void TakeStandardInput(char end);
     void TakePath(BytesView native);
-    void Walk(TextView folder);
-    void CheckFolder(TextView folder);
-    void ReadList(TextView path);
+    void Put(FoundFiles found);
+    void TellFaults(TextView path);
 
     Session& session_;
     PathSpelling& spelling_;
     FileList* list_;
+    TerminalPrompts prompts_;
+    FileFinder finder_;
     std::vector<Text> files_;
 };
 
@@ -70,52 +75,28 @@ void Gathering::TakeStandardInput(char end) {
 
 void Gathering::TakePath(BytesView native) {
     const Text path = spelling_.Absolute(PathFromNative(native));
-    switch (KindOfDropped(path)) {
-        case DroppedKind::Folder:
-            return Walk(path);
-        case DroppedKind::ListFile:
-            return ReadList(path);
-        case DroppedKind::SingleFile:
-            files_.push_back(path);
-            return;
-        case DroppedKind::Nothing:
-            return;
-    }
+    finder_.Begin(path);
+    FoundFiles found;
+    while (!session_.Results.ShouldStop() && finder_.Step(found)) Put(std::move(found));
+    TellFaults(path);
 }
 
-void Gathering::Walk(TextView folder) {
-    const bool ended = IsSeparator(folder.back());
-    FolderWalk walk(ended ? Text(folder) : Text(folder) + Separator, session_.Values.Extension);
-    const std::size_t before = files_.size();
-    while (!walk.Finished() && !session_.Results.ShouldStop()) {
-        walk.Step(files_);
-        session_.Results.Progress(NumberText(static_cast<long long>(files_.size())) + u" files");
+void Gathering::Put(FoundFiles found) {
+    if (found.From == FoundFiles::Origin::ListFile && list_ != nullptr) {
+        list_->Append(TakePaths());
+        return AppendListed(*list_, found.Kind, found.Names);
     }
-    for (const Text& tooDeep : walk.TooDeep())
+    const bool walked = found.From == FoundFiles::Origin::Folder;
+    const std::vector<Text> paths = PathsOf(std::move(found));
+    files_.insert(files_.end(), paths.begin(), paths.end());
+    if (walked) session_.Results.Progress(FilesText(files_.size()));
+}
+
+void Gathering::TellFaults(TextView path) {
+    for (const Text& tooDeep : finder_.TooDeep())
         session_.Results.Fail(spelling_.Shown(tooDeep), FromUtf8(TooDeepReason));
-    if (files_.size() == before && walk.TooDeep().empty()) CheckFolder(folder);
-}
-
-// A walk passes over what it cannot list, but the folder that was named is not to be.
-void Gathering::CheckFolder(TextView folder) {
-    std::vector<FolderItem> items;
-    const Status listed = ListFolder(folder, items);
-    if (!listed.Ok()) session_.Results.Fail(spelling_.Shown(folder), Describe(listed.Number()));
-}
-
-void Gathering::ReadList(TextView path) {
-    FileList named;
-    FileList& list = list_ == nullptr ? named : *list_;
-    if (list_ != nullptr) list_->Append(TakePaths());
-    TerminalPrompts prompts(session_.Streams, session_.Results, false);
-    ListFileReader reader(path, prompts);
-    std::vector<Text> names;
-    while (!session_.Results.ShouldStop() && reader.Step(names)) {
-    }
-    AppendListed(list, reader.Kind(), names);
-    const Status read = reader.Result();
+    const Status read = finder_.Result();
     if (!read.Ok()) session_.Results.Fail(spelling_.Shown(path), Describe(read.Number()));
-    for (FileList::Index row = 0; row < named.Count(); ++row) files_.push_back(named.Path(row));
 }
 
 }  // namespace

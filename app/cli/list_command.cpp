@@ -28,8 +28,11 @@ void PutPaths(Session& session, const PathSpelling& spelling, const FileList& li
 std::optional<ListFileKind> KindToWrite(Session& session, const ListOptions& options) {
     if (options.As) return options.As;
     const ListFileKind kind = KindOfListFile(PathFromNative(*options.Output));
-    if (kind == ListFileKind::SortingList || kind == ListFileKind::M3u) return kind;
-    session.Results.Misuse(u"--output: a name in .srt or .m3u, or --as, tells what to write");
+    const std::vector<ListFormat> written = WrittenFormats();
+    for (const ListFormat& format : written)
+        if (format.Kind == kind) return kind;
+    session.Results.Misuse(u"--output: a name in " + EndingsInWords(written, u"or") +
+                           u", or --as, tells what to write");
     return std::nullopt;
 }
 

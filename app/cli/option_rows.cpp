@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/text/text.h"
+#include "core/text/code_page.h"
 
 namespace mdlPLM::cli {
 
@@ -26,8 +26,6 @@ constexpr Word<AlbumField> AlbumFields[] = {{"artist", AlbumField::Artist},
                                             {"year", AlbumField::Year},
                                             {"genre", AlbumField::Genre},
                                             {"release-date", AlbumField::ReleaseDate}};
-constexpr Word<ListFileKind> ListKinds[] = {{"srt", ListFileKind::SortingList},
-                                            {"m3u", ListFileKind::M3u}};
 
 constexpr const char* ExistsWords = "ask|skip|replace";
 constexpr const char* ExistsHelp =
@@ -169,10 +167,30 @@ const std::vector<OptionRow>& ScanRows() {
     return rows;
 }
 
+/// The word for a format is its ending without the dot.
+Bytes WordOf(const ListFormat& format) { return ToUtf8(format.Ending.substr(1)); }
+
+Bytes WordsOfFormats() {
+    Bytes words;
+    for (const ListFormat& format : WrittenFormats())
+        words += (words.empty() ? "" : "|") + WordOf(format);
+    return words;
+}
+
+bool TakeFormat(Request& request, const Bytes& text) {
+    const std::vector<ListFormat> formats = WrittenFormats();
+    const auto format =
+        std::find_if(formats.begin(), formats.end(),
+                     [&](const ListFormat& candidate) { return WordOf(candidate) == text; });
+    if (format == formats.end()) return false;
+    (request.*List).As = format->Kind;
+    return true;
+}
+
 const std::vector<OptionRow>& ListRows() {
+    static const Bytes formats = WordsOfFormats();
     static const std::vector<OptionRow> rows = {
-        {"--as", "srt|m3u", "Write a sorting list or a playlist",
-         TakeWord<List, &ListOptions::As, ListKinds>},
+        {"--as", formats.c_str(), "Write a sorting list or a playlist", TakeFormat},
         {"-o,--output", "FILE", "Write it to this file", Take<List, &ListOptions::Output>},
         {"--if-exists", ExistsWords, ExistsHelp,
          TakeWord<List, &ListOptions::Exists, ExistsChoices>},

@@ -79,12 +79,12 @@ BytesView OutcomeWord(Outcome outcome) { return RowOf(outcome).Word; }
 
 JsonObject FieldsObject(const GatheredFields& fields) {
     JsonObject object;
-    for (std::size_t i = 0; i < FieldWords.size(); ++i) {
+    for (std::size_t i = 0; i < NameFields.size(); ++i) {
         JsonObject field;
-        field.Put("value", fields.Values.*FieldWords[i].Value);
+        field.Put("value", fields.Values.*NameFields[i].Value);
         const char* const source = SourceWords.at(static_cast<std::size_t>(fields.Sources[i]));
         source == nullptr ? field.PutNull("source") : field.Put("source", source);
-        object.Put(ToUtf8(FieldWords[i].Word).c_str(), std::move(field));
+        object.Put(ToUtf8(NameFields[i].Word()).c_str(), std::move(field));
     }
     return object;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/list/list_operations.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM::cli {
@@ -100,8 +101,7 @@ bool Report::ShouldStop() const { return console_.Interrupted() || console_.OutF
 
 bool Report::MayBegin(std::size_t done, std::size_t total) {
     const auto counted = [&] {
-        return NumberText(static_cast<long long>(done)) + u" of " +
-               NumberText(static_cast<long long>(total)) + u" files";
+        return NumberText(static_cast<long long>(done)) + u" of " + FilesText(total);
     };
     if (done == total || !ShouldStop()) {
         // Where the results appear on the terminal they show how far the work is.

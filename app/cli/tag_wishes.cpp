@@ -1,15 +1,40 @@
 #include "app/cli/tag_wishes.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "app/tags/tag_edit.h"
 #include "app/tags/tag_fix.h"
 #include "app/tags/tag_orders.h"
+#include "core/names/name_fields.h"
 #include "core/text/code_page.h"
 
 namespace mdlPLM::cli {
 
 namespace {
+
+// What no name holds and only the second version has.
+struct OwnWord {
+    TagBox Box;
+    const char* Word;
+};
+constexpr OwnWord OwnWords[] = {{TagBox::txtV2Composer, "composer"},
+                                {TagBox::txtV2OrigArtist, "original-artist"},
+                                {TagBox::txtV2Copyright, "copyright"},
+                                {TagBox::txtV2Encoder, "encoder"},
+                                {TagBox::txtV2URL, "url"}};
+
+TagField FieldOfRow(const TagBoxRow& row) {
+    if (const NameField* const field = FieldOfBox(row.Value)) {
+        TagField made{ToUtf8(field->Word()), std::nullopt, row.Box};
+        for (const TagBoxRow& other : TagBoxTable)
+            if (other.Value == field->V1Box) made.V1 = other.Box;
+        return made;
+    }
+    const auto* const own = std::find_if(std::begin(OwnWords), std::end(OwnWords),
+                                         [&](const OwnWord& word) { return word.Box == row.Box; });
+    return {own->Word, std::nullopt, row.Box};
+}
 
 void SetBoth(TagWishes& wishes, const TagField& field, const TagsOptions& options,
              const Text& value) {
@@ -100,20 +125,12 @@ private:
 }  // namespace
 
 const std::vector<TagField>& TagFields() {
-    static const std::vector<TagField> fields = {
-        {"title", TagBox::txtTitle, TagBox::txtV2Title},
-        {"artist", TagBox::txtArtist, TagBox::txtV2Artist},
-        {"album", TagBox::txtAlbum, TagBox::txtV2Album},
-        {"year", TagBox::txtYear, TagBox::txtV2Year},
-        {"genre", TagBox::cmbGenre, TagBox::cmbV2Genre},
-        {"track", TagBox::txtTrackNr, TagBox::txtV2Track},
-        {"comment", TagBox::txtComments, TagBox::txtV2Comments},
-        {"composer", std::nullopt, TagBox::txtV2Composer},
-        {"original-artist", std::nullopt, TagBox::txtV2OrigArtist},
-        {"copyright", std::nullopt, TagBox::txtV2Copyright},
-        {"encoder", std::nullopt, TagBox::txtV2Encoder},
-        {"url", std::nullopt, TagBox::txtV2URL},
-    };
+    static const std::vector<TagField> fields = [] {
+        std::vector<TagField> made;
+        for (const TagBoxRow& row : TagBoxTable)
+            if (row.Version == TagVersion::V2) made.push_back(FieldOfRow(row));
+        return made;
+    }();
     return fields;
 }
 

@@ -9,10 +9,11 @@ namespace mdlPLM::cli {
 
 /// A field by the word that stands for it on the command line and in JSON, and its boxes.
 struct TagField {
-    const char* Word;
+    Bytes Word;
     std::optional<TagBox> V1;  ///< nothing: ID3v1 does not have it
     TagBox V2;
 };
+/// In the order of the boxes.
 const std::vector<TagField>& TagFields();
 
 struct TagWishes {

@@ -43,7 +43,7 @@ void PutVersion(JsonObject& object, const char* key, const TagBoxes& boxes, TagV
     }
     JsonObject tag;
     for (const TagField& field : TagFields())
-        if (const Text* const box = BoxOf(field, boxes, version)) tag.Put(field.Word, *box);
+        if (const Text* const box = BoxOf(field, boxes, version)) tag.Put(field.Word.c_str(), *box);
     object.Put(key, std::move(tag));
 }
 

@@ -89,19 +89,8 @@ void FileList::ClearNewNames() {
     NamesChanged(0, Count() - 1);
 }
 
-void FileList::SetPath(Index row, Text path) {
-    if (row >= Count()) return;
-    rows_[row].Entry = MakeListEntry(path);
-    rows_[row].Path = std::move(path);
-    NamesChanged(row, row);
-}
-
 void FileList::RemoveListItem(Index row) {
-    if (row >= Count()) return;
-    RowsAboutToChange();
-    if (rows_[row].Selected) --selectedCount_;
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
-    RowsChanged();
+    RemoveIf([row](Index each) { return each == row; });
 }
 
 void FileList::RemoveIf(const std::function<bool(Index)>& gone) {

@@ -22,7 +22,7 @@ public:
         virtual void RowsAboutToChange() = 0;
         /// Rows came or went; the selection of those that stayed went along with them.
         virtual void RowsChanged() = 0;
-        /// New names, or the paths, of the existing rows first to last.
+        /// New names of the existing rows first to last.
         virtual void NamesChanged(Index first, Index last) = 0;
         virtual void SelectionChanged() = 0;
     };
@@ -49,8 +49,6 @@ public:
     /// Consecutive new names from `first` on, announced once.
     void SetNewNames(Index first, std::vector<Text> names);
     void ClearNewNames();
-    /// A file that was renamed on disk keeps its row, its new name and its selection.
-    void SetPath(Index row, Text path);
 
     /// Takes one row out, its line and its new name.
     void RemoveListItem(Index row);

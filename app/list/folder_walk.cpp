@@ -1,10 +1,10 @@
 #include "app/list/folder_walk.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "app/list/file_failures.h"
+#include "app/list/list_formats.h"
 #include "core/platform/path.h"
 #include "core/text/letter_case.h"
 
@@ -95,14 +95,10 @@ Message TooDeepMessage(const std::vector<Text>& folders, const Language& words) 
 }
 
 DroppedKind KindOfDropped(TextView path) {
-    constexpr std::array<TextView, 3> ListFileEndings = {u".srt", u".m3u", u".pls"};
     // An item without a path must not end up as the root folder.
     if (Trim(path).empty()) return DroppedKind::Nothing;
     if (IsFolder(Text(path) + Separator)) return DroppedKind::Folder;
-    const Text ending = LCase(Right(path, 4));
-    for (const TextView listFile : ListFileEndings) {
-        if (ending == listFile) return DroppedKind::ListFile;
-    }
+    if (KindOfListFile(path) != ListFileKind::Other) return DroppedKind::ListFile;
     return DroppedKind::SingleFile;
 }
 

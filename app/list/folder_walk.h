@@ -22,7 +22,6 @@ public:
     /// Lists the next folder; appends the paths of its matching files to `paths`. A folder of many
     /// thousand items takes several steps.
     void Step(std::vector<Text>& paths);
-    [[nodiscard]] std::size_t FoldersSeen() const { return next_; }
     /// The folders so far whose path is too long for the system: nothing in them can be opened.
     [[nodiscard]] const std::vector<Text>& TooDeep() const { return tooDeep_; }
 

@@ -18,7 +18,7 @@ bool EndsLine(char c) { return c == '\r' || c == '\n'; }
 bool IsNothing(const Text& named) { return Trim(named).empty() || named.find(u'\0') != Text::npos; }
 
 Message NotCompatible(TextView path) {
-    Text body = u"Only .srt, .m3u and .pls files are supported.";
+    Text body = u"Only " + EndingsInWords(ListFormats, u"and") + u" files are supported.";
     body.append(CrLf).append(u"That was not a compatible playlist!");
     return {u"PLM", body, Text(path)};
 }

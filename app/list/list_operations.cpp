@@ -34,9 +34,10 @@ double GetListSizeMb(const FileList& list) {
     return std::round(static_cast<double>(bytes) / 1024 / 1024 * 100) / 100;
 }
 
+Text FilesText(std::size_t count) { return NumberText(static_cast<long long>(count)) + u" files"; }
+
 Text CounterText(const FileList& list) {
-    return NumberText(static_cast<long long>(list.Count())) + u" files (" +
-           NumberText(GetListSizeMb(list), 2) + u" Mb)";
+    return FilesText(list.Count()) + u" (" + NumberText(GetListSizeMb(list), 2) + u" Mb)";
 }
 
 FileList::Index UpdateSizes(FileList& list, FileList::Index from, FileList::Index most) {

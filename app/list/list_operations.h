@@ -14,6 +14,9 @@ namespace mdlPLM {
 /// decimals. A missing file adds nothing.
 double GetListSizeMb(const FileList& list);
 
+/// How many files, on every counter: "12 files", and "1 files" too.
+Text FilesText(std::size_t count);
+
 /// The counter label: "<count> files (<size> Mb)".
 Text CounterText(const FileList& list);
 

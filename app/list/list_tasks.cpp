@@ -1,6 +1,7 @@
 #include "app/list/list_tasks.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "core/names/fix_file_name.h"
@@ -15,74 +16,52 @@ Text NameMaker::NewName(TextView path) const {
 }
 
 AddTask::AddTask(FileList& list, AddRequest request, Prompts& prompts)
-    : list_(list), request_(std::move(request)), prompts_(prompts) {}
+    : list_(list),
+      request_(std::move(request)),
+      prompts_(prompts),
+      finder_(request_.Extension, prompts_, request_.Words) {}
 
 bool AddTask::Step() {
+    FoundFiles found;
     if (!found_.empty()) {
         MakeReady();
-    } else if (walk_ && !walk_->Finished()) {
-        std::vector<Text> paths;
-        walk_->Step(paths);
-        for (Text& path : paths) found_.push_back({std::move(path), request_.Preview.has_value()});
-    } else if (reading_) {
-        ReadOn();
+    } else if (finder_.Step(found)) {
+        Take(std::move(found));
     } else if (next_ < request_.Paths.size()) {
-        TakeNext();
+        BeginNext();
     } else {
         return false;
     }
     return true;
 }
 
-void AddTask::TakeNext() {
-    const Text& path = request_.Paths[next_++];
-    EndWalk();
-    switch (request_.As) {
-        case AddAs::Dropped:
-            return TakeDropped(path);
-        case AddAs::File:
-            return found_.push_back({path, request_.Preview.has_value()});
-        case AddAs::ListFile:
-            return Load(path);
-    }
+void AddTask::BeginNext() {
+    EndThing();
+    finder_.Begin(request_.Paths[next_++], request_.As);
 }
 
-void AddTask::TakeDropped(const Text& path) {
-    switch (KindOfDropped(path)) {
-        case DroppedKind::Folder:
-            return AddFolder(path);
-        case DroppedKind::ListFile:
-            return Load(path);
-        case DroppedKind::SingleFile:
-            return found_.push_back({path, false});
-        case DroppedKind::Nothing:
-            return;
-    }
+// A list file that cannot be read is not reported; what was added before stays.
+void AddTask::EndThing() {
+    if (!listed_.Names.empty()) Publish();
+    tooDeep_.insert(tooDeep_.end(), finder_.TooDeep().begin(), finder_.TooDeep().end());
 }
 
-void AddTask::AddFolder(const Text& folder) { walk_.emplace(folder, request_.Extension); }
-
-void AddTask::EndWalk() {
-    if (walk_) tooDeep_.insert(tooDeep_.end(), walk_->TooDeep().begin(), walk_->TooDeep().end());
-    walk_.reset();
+void AddTask::Take(FoundFiles found) {
+    if (found.From == FoundFiles::Origin::ListFile) {
+        if (!readyPaths_.empty()) Publish();  // what was found before stands before it in the list
+        listed_.Kind = found.Kind;
+        std::move(found.Names.begin(), found.Names.end(), std::back_inserter(listed_.Names));
+        return;
+    }
+    const bool chosen = found.From == FoundFiles::Origin::Folder || request_.As == AddAs::File;
+    for (Text& path : found.Names)
+        found_.push_back({std::move(path), chosen && request_.Preview.has_value()});
 }
 
 void AddTask::Finish(bool /*stopped*/) {
     Publish();
-    EndWalk();
+    EndThing();
     if (!tooDeep_.empty()) prompts_.Critical(TooDeepMessage(tooDeep_, request_.Words));
-}
-
-void AddTask::Load(const Text& path) {
-    Publish();  // what was found before stands before it in the list
-    reading_.emplace(path, prompts_, request_.Words);
-}
-
-// A list file that cannot be read is not reported; what was added before stays.
-void AddTask::ReadOn() {
-    if (reading_->Step(listed_)) return;
-    Publish();
-    reading_.reset();
 }
 
 void AddTask::MakeReady() {
@@ -97,13 +76,13 @@ void AddTask::Publish() {
     if (!readyPaths_.empty()) list_.Append(readyPaths_, readyNames_);
     readyPaths_.clear();
     readyNames_.clear();
-    added_ += listed_.size();
-    if (!listed_.empty()) AppendListed(list_, reading_->Kind(), listed_);
-    listed_.clear();
+    added_ += listed_.Names.size();
+    if (!listed_.Names.empty()) AppendListed(list_, listed_.Kind, listed_.Names);
+    listed_.Names.clear();
 }
 
 TaskProgress AddTask::Progress() const {
-    const auto found = added_ + readyPaths_.size() + found_.size() + listed_.size();
+    const auto found = added_ + readyPaths_.size() + found_.size() + listed_.Names.size();
     return {request_.Words(PLM_TRANSLATE("Texts", "Adding files: %1 found"),
                            {NumberText(static_cast<long long>(found))}),
             0, 0};

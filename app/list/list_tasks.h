@@ -7,9 +7,8 @@
 #include <optional>
 #include <vector>
 
+#include "app/list/file_finder.h"
 #include "app/list/file_list.h"
-#include "app/list/folder_walk.h"
-#include "app/list/list_file_reader.h"
 #include "app/list/list_operations.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
@@ -51,12 +50,6 @@ private:
     Text outPattern_;
 };
 
-enum class AddAs {
-    Dropped,   ///< a folder is walked, a list file is read, any other file is listed
-    File,      ///< listed, whatever it is
-    ListFile,  ///< read as a list file, whatever it is
-};
-
 struct AddRequest {
     std::vector<Text> Paths;
     AddAs As = AddAs::Dropped;
@@ -80,22 +73,18 @@ private:
         Text Path;
         bool WantsName = false;
     };
-    void TakeNext();
-    void TakeDropped(const Text& path);
-    void AddFolder(const Text& folder);
-    void Load(const Text& path);
-    void ReadOn();
+    void BeginNext();
+    void Take(FoundFiles found);
     void MakeReady();
-    void EndWalk();
+    void EndThing();
 
     FileList& list_;
     AddRequest request_;
     Prompts& prompts_;
     std::size_t next_ = 0;
-    std::optional<FolderWalk> walk_;
+    FileFinder finder_;
     std::vector<Text> tooDeep_;
-    std::optional<ListFileReader> reading_;
-    std::vector<Text> listed_;  ///< named by the list file under way, not yet in the list
+    FoundFiles listed_;  ///< named by the list file under way, not yet in the list
     std::deque<Found> found_;
     std::vector<Text> readyPaths_;
     std::vector<Text> readyNames_;

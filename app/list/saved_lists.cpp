@@ -1,7 +1,5 @@
 #include "app/list/saved_lists.h"
 
-#include <algorithm>
-
 #include "app/list/file_failures.h"
 #include "core/names/fixing_rules.h"
 #include "core/platform/disk.h"
@@ -11,19 +9,6 @@
 namespace mdlPLM {
 
 namespace {
-
-struct Ending {
-    TextView Letters;
-    ListFileKind Kind;
-};
-
-constexpr Ending Endings[] = {
-    {u".srt", ListFileKind::SortingList},
-    {u".m3u", ListFileKind::M3u},
-    {u".pls", ListFileKind::Pls},
-};
-
-constexpr Pos EndingLength = 4;
 
 bool BeginsWithDriveOrNetwork(TextView path) {
     const Text start = UCase(Left(path, 2));
@@ -40,13 +25,6 @@ bool HasLineBreak(const FileList& list, FileList::Index row) {
 
 bool StartsWithMark(BytesView contents) {
     return contents.substr(0, ListFileMark.size()) == ListFileMark;
-}
-
-ListFileKind KindOfListFile(TextView path) {
-    const Text ending = LCase(Right(path, EndingLength));
-    const auto* found = std::find_if(std::begin(Endings), std::end(Endings),
-                                     [&](const Ending& e) { return e.Letters == ending; });
-    return found == std::end(Endings) ? ListFileKind::Other : found->Kind;
 }
 
 std::vector<Text> NamesWithLineBreak(const FileList& list) {

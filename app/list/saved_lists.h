@@ -4,20 +4,16 @@
 #pragma once
 
 #include "app/list/file_list.h"
+#include "app/list/list_formats.h"
 #include "core/platform/errors.h"
 #include "core/platform/prompts.h"
 #include "core/text/language.h"
 
 namespace mdlPLM {
 
-enum class ListFileKind { SortingList, M3u, Pls, Other };
-
 /// What a text file may begin with, which is no part of its first line.
 inline constexpr BytesView ListFileMark = "\xEF\xBB\xBF";
 bool StartsWithMark(BytesView contents);
-
-/// By the last four characters of the path, letter case ignored.
-ListFileKind KindOfListFile(TextView path);
 
 /// No list file can hold a name with a line break: such a name is left out, and told.
 inline constexpr const char* LineBreakReason =

@@ -26,23 +26,20 @@ struct V1Changes {
 
 // A text field of both versions; the title has no box that holds for all files.
 struct FieldRow {
-    TextView Word;
-    Bytes ID3v1Tag::*V1;
+    const NameField* Field;
     Text ID3v1Texts::*V1Text;
     bool V1Changes::*V1Changed;
-    Bytes ID3v2Tag::*V2;
     bool RunTagChoices::*ForAll;
     Text RunTagChoices::*Box;
 };
 constexpr std::array<FieldRow, 4> Fields = {{
-    {u"title", &ID3v1Tag::Title, &ID3v1Texts::Title, &V1Changes::Title, &ID3v2Tag::Title, nullptr,
-     nullptr},
-    {u"artist", &ID3v1Tag::Artist, &ID3v1Texts::Artist, &V1Changes::Artist, &ID3v2Tag::Artist,
+    {&FieldOf(&FieldValues::Title), &ID3v1Texts::Title, &V1Changes::Title, nullptr, nullptr},
+    {&FieldOf(&FieldValues::Artist), &ID3v1Texts::Artist, &V1Changes::Artist,
      &RunTagChoices::chkArtist4All, &RunTagChoices::txtArtist},
-    {u"album", &ID3v1Tag::Album, &ID3v1Texts::Album, &V1Changes::Album, &ID3v2Tag::Album,
+    {&FieldOf(&FieldValues::Album), &ID3v1Texts::Album, &V1Changes::Album,
      &RunTagChoices::chkAlbum4All, &RunTagChoices::txtAlbum},
-    {u"year", &ID3v1Tag::Year, &ID3v1Texts::Year, &V1Changes::Year, &ID3v2Tag::Year,
-     &RunTagChoices::chkYear4All, &RunTagChoices::txtYear},
+    {&FieldOf(&FieldValues::Year), &ID3v1Texts::Year, &V1Changes::Year, &RunTagChoices::chkYear4All,
+     &RunTagChoices::txtYear},
 }};
 
 bool IsForAll(const FieldRow& row, const RunTagChoices& choices) {
@@ -51,15 +48,18 @@ bool IsForAll(const FieldRow& row, const RunTagChoices& choices) {
 
 bool IsBlank(BytesView field) { return field.find_first_not_of(' ') == BytesView::npos; }
 
-struct NameFields {
+struct FieldsOfName {
     TextView Name;
     TextView Pattern;
     const Settings& Values;
 
-    [[nodiscard]] Text operator()(TextView word) const {
-        return GetFieldFromPath(Name, word, Pattern, Values);
+    [[nodiscard]] Text operator()(const NameField& field) const {
+        return GetFieldFromPath(Name, field.Word(), Pattern, Values);
     }
 };
+constexpr const NameField& Track = FieldOf(&FieldValues::Track);
+constexpr const NameField& Genre = FieldOf(&FieldValues::Genre);
+constexpr const NameField& Comment = FieldOf(&FieldValues::Comment);
 
 char TrackByte(TextView text) {
     const long long number = IntegerPart(text);
@@ -73,15 +73,15 @@ Bytes GenreReference(const Bytes& name) {
     return "(" + std::to_string(GetGenreIndex(name)) + ")" + name;
 }
 
-V1Changes ChangesOf(const ID3v1Tag& own, const NameFields& nameFields, const RunTagChoices& choices,
-                    bool optimized) {
+V1Changes ChangesOf(const ID3v1Tag& own, const FieldsOfName& nameFields,
+                    const RunTagChoices& choices, bool optimized) {
     V1Changes changes;
     changes.Texts = ShowID3v1(own, optimized);
     for (const FieldRow& row : Fields) {
         const bool forAll = IsForAll(row, choices);
-        if (!forAll && !IsOnlyNuls(own.*row.V1)) continue;
+        if (!forAll && !IsOnlyNuls(own.*row.Field->V1.Text)) continue;
         changes.*row.V1Changed = true;
-        changes.Texts.*row.V1Text = forAll ? choices.*row.Box : nameFields(row.Word);
+        changes.Texts.*row.V1Text = forAll ? choices.*row.Box : nameFields(*row.Field);
     }
     changes.Comment = choices.chkRelease4All;
     if (changes.Comment) changes.Texts.Comment = choices.txtReleaseDate;
@@ -137,36 +137,36 @@ private:
 
 ID3v1Tag FillID3v1(const ID3v1Tag& own, TextView newName, const RunTagChoices& choices,
                    const Settings& settings) {
-    const NameFields nameFields{newName, choices.OutPattern, settings};
+    const FieldsOfName nameFields{newName, choices.OutPattern, settings};
     ID3v1Tag record = own;
     record.Tag = "TAG";
     const bool optimized = settings.bOptimizedID3v1;
     LayOutChanges(record, ChangesOf(own, nameFields, choices, optimized), optimized);
-    if (record.Track == '\0') record.Track = TrackByte(nameFields(u"track"));
+    if (record.Track == '\0') record.Track = TrackByte(nameFields(Track));
     if (choices.chkGenre4All)
         record.Genre = GenreByte(choices.cmbGenre);
     else if (record.Genre == NoGenre)
-        record.Genre = GenreByte(nameFields(u"genre"));
+        record.Genre = GenreByte(nameFields(Genre));
     return record;
 }
 
 ID3v2Tag FillID3v2(const OwnID3v2& own, TextView newName, const RunTagChoices& choices,
                    const Settings& settings) {
     V2Filling filling(own);
-    const NameFields nameFields{newName, choices.OutPattern, settings};
+    const FieldsOfName nameFields{newName, choices.OutPattern, settings};
     for (const FieldRow& row : Fields) {
         if (IsForAll(row, choices))
-            filling.Put(row.V2, choices.*row.Box);
+            filling.Put(row.Field->V2, choices.*row.Box);
         else
-            filling.PutIfEmpty(row.V2, nameFields(row.Word));
+            filling.PutIfEmpty(row.Field->V2, nameFields(*row.Field));
     }
-    const Text track = nameFields(u"track");
-    filling.PutIfEmpty(&ID3v2Tag::Track, track.empty() ? track : NumberText(IntegerPart(track)));
+    const Text track = nameFields(Track);
+    filling.PutIfEmpty(Track.V2, track.empty() ? track : NumberText(IntegerPart(track)));
     if (choices.chkGenre4All)
-        filling.Put(&ID3v2Tag::Genre, choices.cmbGenre);
+        filling.Put(Genre.V2, choices.cmbGenre);
     else
-        filling.PutIfEmpty(&ID3v2Tag::Genre, nameFields(u"genre"));
-    if (choices.chkRelease4All) filling.Put(&ID3v2Tag::Comments, choices.txtReleaseDate);
+        filling.PutIfEmpty(Genre.V2, nameFields(Genre));
+    if (choices.chkRelease4All) filling.Put(Comment.V2, choices.txtReleaseDate);
     return filling.Finish(settings.bRemHiddenID3 ? HiddenFrames::Drop : HiddenFrames::Keep);
 }
 

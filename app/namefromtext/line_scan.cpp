@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/names/fixing_rules.h"
+#include "core/names/name_fields.h"
 #include "core/text/letter_case.h"
 
 namespace mdlPLM {
@@ -13,14 +14,17 @@ namespace {
 
 using Fields = LinePattern::Fields;
 
+constexpr TextView PlaceholderOf(Text FieldValues::*value) { return FieldOf(value).Placeholder; }
+
 struct PlaceholderRow {
     TextView Word;
     Text Fields::*Field;
 };
-constexpr std::array<PlaceholderRow, 4> Placeholders = {{{u"%track", &Fields::Track},
-                                                         {u"%artist", &Fields::Artist},
-                                                         {u"%title", &Fields::Title},
-                                                         {u"%album", &Fields::Album}}};
+constexpr std::array<PlaceholderRow, 4> Placeholders = {
+    {{PlaceholderOf(&FieldValues::Track), &Fields::Track},
+     {PlaceholderOf(&FieldValues::Artist), &Fields::Artist},
+     {PlaceholderOf(&FieldValues::Title), &Fields::Title},
+     {PlaceholderOf(&FieldValues::Album), &Fields::Album}}};
 
 bool IsUsableCount(TextView text, long long least) {
     return IsNumber(text) && IntegerPart(text) >= least;
@@ -42,11 +46,11 @@ void TakeForAll(LineValues& values, const ScanChoices& choices) {
 // "%genre" and "%comment" stay as they stand here.
 Text FillLine(Text pattern, const LineValues& values) {
     const std::array<std::pair<TextView, const Text*>, 5> rows = {
-        {{u"%artist", &values.Found.Artist},
-         {u"%title", &values.Found.Title},
-         {u"%album", &values.Found.Album},
-         {u"%track", &values.Found.Track},
-         {u"%year", &values.Year}}};
+        {{PlaceholderOf(&FieldValues::Artist), &values.Found.Artist},
+         {PlaceholderOf(&FieldValues::Title), &values.Found.Title},
+         {PlaceholderOf(&FieldValues::Album), &values.Found.Album},
+         {PlaceholderOf(&FieldValues::Track), &values.Found.Track},
+         {PlaceholderOf(&FieldValues::Year), &values.Year}}};
     for (const auto& [word, value] : rows) pattern = Replace(pattern, word, *value);
     return pattern;
 }

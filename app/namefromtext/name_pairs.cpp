@@ -42,6 +42,4 @@ NamePairs::Index NamePairs::MoveOldFile(Index index, Direction direction) {
     return other;
 }
 
-Text FilesText(std::size_t count) { return NumberText(static_cast<long long>(count)) + u" files"; }
-
 }  // namespace mdlPLM

@@ -40,7 +40,4 @@ private:
     std::vector<Text> new_;
 };
 
-/// The counter labels: "3 files".
-Text FilesText(std::size_t count);
-
 }  // namespace mdlPLM

@@ -61,16 +61,16 @@ Text ValueBehind(TextView source, Pos start) {
 // The first place of every key, found in one pass, because a text may be long and keys are many.
 class KeyPlaces {
 public:
-    explicit KeyPlaces(TextView lowerSource) {
-        for (const BoxRow& box : Boxes)
-            for (const TextView key : box.Keys)
-                if (!key.empty()) byLetter_[key[0] - u'a'].push_back({key, 0});
-        for (std::size_t i = 0; i < lowerSource.size(); ++i)
-            if (lowerSource[i] >= u'a' && lowerSource[i] <= u'z') Note(lowerSource, i);
+    /// Keys in lower case.
+    KeyPlaces(TextView lowerSource, const std::vector<TextView>& keys) {
+        for (const TextView key : keys)
+            if (!key.empty()) PlacesFor(key[0]).push_back({key, 0});
+        for (std::size_t i = 0; i < lowerSource.size(); ++i) Note(lowerSource, i);
     }
 
     [[nodiscard]] Pos Of(TextView key) const {
-        for (const Place& place : byLetter_[key[0] - u'a'])
+        if (key.empty()) return 1;  // found at once
+        for (const Place& place : places_[Row(key[0])])
             if (place.Key == key) return place.At;
         return 0;
     }
@@ -81,22 +81,34 @@ private:
         Pos At;  // 0: nowhere
     };
 
+    static constexpr std::size_t Row(char16_t first) { return first & 0xFFU; }
+    std::vector<Place>& PlacesFor(char16_t first) { return places_[Row(first)]; }
+
     void Note(TextView source, std::size_t at) {
-        for (Place& place : byLetter_[source[at] - u'a'])
+        for (Place& place : PlacesFor(source[at]))
             if (place.At == 0 && StartsWith(source.substr(at), place.Key))
                 place.At = static_cast<Pos>(at) + 1;
     }
 
-    std::array<std::vector<Place>, 26> byLetter_;  // every key begins with a small letter
+    std::array<std::vector<Place>, 256> places_;  // by the low byte of a key's first character
 };
+
+Text ValueOf(TextView source, const KeyPlaces& places, TextView key) {
+    const Pos at = places.Of(key);
+    return at == 0 ? Text() : ValueBehind(source, at + static_cast<Pos>(key.size()));
+}
+
+std::vector<TextView> AllKeys() {
+    std::vector<TextView> keys;
+    for (const BoxRow& box : Boxes) keys.insert(keys.end(), box.Keys.begin(), box.Keys.end());
+    return keys;
+}
 
 // A value counts as found when it is not empty before it is cleaned.
 Text FirstValue(TextView source, const KeyPlaces& places, const BoxRow& box) {
     for (const TextView key : box.Keys) {
-        const Pos at = key.empty() ? 0 : places.Of(key);
-        if (at == 0) continue;
-        Text value = ValueBehind(source, at + static_cast<Pos>(key.size()));
-        if (!value.empty()) return value;
+        if (key.empty()) break;
+        if (Text value = ValueOf(source, places, key); !value.empty()) return value;
     }
     return {};
 }
@@ -120,12 +132,12 @@ Text PreScanRemovalSet() {
 }
 
 Text GetATag(TextView strSRC, TextView strTag) {
-    const Pos at = InStr(LCase(strSRC), LCase(strTag));
-    return at == 0 ? Text() : ValueBehind(strSRC, at + static_cast<Pos>(strTag.size()));
+    const Text key = LCase(strTag);
+    return ValueOf(strSRC, KeyPlaces(LCase(strSRC), {key}), key);
 }
 
 PreScanResult PreScan(TextView source) {
-    const KeyPlaces places(LCase(source));
+    const KeyPlaces places(LCase(source), AllKeys());
     PreScanResult result;
     for (const BoxRow& box : Boxes)
         result.*box.Value = Cleaned(FirstValue(source, places, box), box.How);

@@ -1,5 +1,6 @@
 #include "app/namefromtext/qt_pair_lists.h"
 
+#include "app/list/list_operations.h"
 #include "app/shared/app_context.h"
 #include "app/shared/file_dialogs.h"
 #include "app/shared/name_from_text_host.h"

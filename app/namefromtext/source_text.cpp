@@ -5,6 +5,7 @@
 #include "core/names/fixing_rules.h"
 #include "core/platform/disk.h"
 #include "core/text/code_page.h"
+#include "core/text/surrogates.h"
 
 namespace mdlPLM {
 
@@ -23,7 +24,6 @@ constexpr bool IsMark(char16_t c) {
     return c == CrLfMark || c == LfMark || c == CrMark || c == ShownBreak;
 }
 constexpr bool IsNoncharacter(char16_t c) { return c >= 0xFDD0 && c <= 0xFDEF; }
-constexpr bool IsHeldByte(char16_t c) { return c >= 0xDC80 && c <= 0xDCFF; }
 
 Text DecodeUtf16(BytesView bytes, bool bigEndian) {
     Text text;
@@ -40,9 +40,8 @@ Text DecodeUtf16(BytesView bytes, bool bigEndian) {
 
 Text DecodeUtf8(BytesView bytes) {
     Text text = FromUtf8(bytes);
-    // A held byte stands alone; behind a high surrogate it is half of a character.
     for (std::size_t i = 0; i < text.size(); ++i)
-        if (IsHeldByte(text[i]) && (i == 0 || (text[i - 1] & 0xFC00) != 0xD800)) text[i] = Damaged;
+        if (IsHeldByteAt(text, i)) text[i] = Damaged;
     return text;
 }
 

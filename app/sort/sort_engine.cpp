@@ -7,6 +7,7 @@
 #include "app/sort/artist_folders.h"
 #include "app/sort/file_transfer.h"
 #include "app/sort/sort_folders.h"
+#include "core/names/existing_target.h"
 #include "core/platform/path.h"
 
 namespace mdlPLM {
@@ -17,8 +18,6 @@ namespace {
 constexpr std::size_t PreparedPerStep = 32;
 /// Files that are noted as the run's own in one step: a look at each.
 constexpr std::size_t NotedPerStep = 1024;
-
-constexpr const char* TargetExists = PLM_TRANSLATE("Texts", "There is a file of its new name");
 
 constexpr std::array<const char*, 3> MethodTexts = {PLM_TRANSLATE("Texts", "Copying file:"),
                                                     PLM_TRANSLATE("Texts", "Moving file:"),
@@ -216,7 +215,7 @@ void SortRun::Implementation::Settle(Result result) {
         case Result::Stays:
             ++Run.report_.Skipped;
             Note(SortedFile::Outcome::Skipped,
-                 Reason.empty() ? Rules.Choices.Words(TargetExists) : Reason);
+                 Reason.empty() ? Rules.Choices.Words(TargetExistsReason) : Reason);
             break;
         case Result::Failed:
             if (Reason.empty()) Reason = Transfer.Reason();
@@ -225,7 +224,7 @@ void SortRun::Implementation::Settle(Result result) {
             break;
         case Result::LeftAlone:
             ++Run.report_.LeftAlone;
-            Note(SortedFile::Outcome::Skipped, Rules.Choices.Words(TargetExists));
+            Note(SortedFile::Outcome::Skipped, Rules.Choices.Words(TargetExistsReason));
             Leave();
             break;
         case Result::Handled:

@@ -10,15 +10,13 @@
 #include "core/tags/id3v1.h"
 #include "core/text/code_page.h"
 #include "core/text/letter_case.h"
+#include "core/text/surrogates.h"
 
 namespace mdlPLM {
 
 namespace {
 
 constexpr TextView ArtistMark = u" - ";
-
-bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 
 /// A target folder that ends in a separator gets a second one: the file system takes no offence,
 /// and the text stays the user's. Intended.
@@ -54,11 +52,7 @@ Text FolderName(TextView text) {
     return IsUsableFileName(name) && !Trimmed(name).empty() ? name : Text();
 }
 
-Text LetterOf(TextView newName) {
-    const bool pair =
-        newName.size() > 1 && IsHighSurrogate(newName[0]) && IsLowSurrogate(newName[1]);
-    return UCase(newName.substr(0, pair ? 2 : 1));
-}
+Text LetterOf(TextView newName) { return UCase(FirstCharacter(newName)); }
 
 std::optional<Text> ArtistOf(TextView name) {
     const Pos mark = InStr(name, ArtistMark);

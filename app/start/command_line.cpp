@@ -99,11 +99,6 @@ StartRequest ParseBatchArguments(const std::vector<Text>& arguments) {
     return request;
 }
 
-Text NameWithExtension(TextView name, TextView extension) {
-    const Pos dot = InStrRev(name, u".");
-    return (dot > 0 ? Left(name, dot) : Text(name)).append(extension);
-}
-
 struct NewName {
     Text Name;
     Text Fault;  // why there is none, in words
@@ -210,8 +205,9 @@ BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& di
     return result;
 }
 
-Text PathWithExtension(TextView path, TextView extension) {
-    return FolderOfPath(path).append(NameWithExtension(FileNameOfPath(path), extension));
+Text NameWithExtension(TextView name, TextView extension) {
+    const Pos dot = InStrRev(name, u".");
+    return (dot > 0 ? Left(name, dot) : Text(name)).append(extension);
 }
 
 }  // namespace mdlPLM

@@ -73,8 +73,8 @@ struct BatchManner {
 BatchResult RunBatch(const BatchJob& job, const NamingContext& context, Disk& disk,
                      const BatchManner& manner = {});
 
-/// The new path of one file under "+ext": up to and including the last "." of its name, then the
-/// extension; a name without a "." gets it appended with no dot.
-Text PathWithExtension(TextView path, TextView extension);
+/// The new name of one file under "+ext": up to and including the last ".", then the extension; a
+/// name without a "." gets it appended with no dot.
+Text NameWithExtension(TextView name, TextView extension);
 
 }  // namespace mdlPLM

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/names/fixing_rules.h"
+#include "core/names/name_fields.h"
 #include "core/tags/genres.h"
 #include "core/text/code_page.h"
 
@@ -14,10 +15,6 @@ constexpr int LastTrack = 255;
 
 // A line ends here for some program or other, or the text does.
 constexpr TextView NeverEntered{u"\0\r\n\u2028\u2029", 5};
-
-constexpr Pos V1TextWidth = 30;
-constexpr Pos V1YearWidth = 4;
-constexpr Pos V1CommentBesideTrack = 28;
 
 const KnownFrame& FrameOf(const TagBoxRow& row) {
     return *std::find_if(KnownFrames.begin(), KnownFrames.end(),
@@ -130,24 +127,17 @@ TagBoxes ShowBoxes(const FileTags& tags, bool optimized) {
 
 void CopyBoxesFromV1(TagBoxes& boxes) {
     boxes.chkID3v2 = true;
-    boxes.txtV2Title = boxes.txtTitle;
-    boxes.txtV2Artist = boxes.txtArtist;
-    boxes.txtV2Album = boxes.txtAlbum;
-    boxes.txtV2Year = boxes.txtYear;
-    boxes.cmbV2Genre = boxes.cmbGenre;
-    boxes.txtV2Track = boxes.txtTrackNr;
-    boxes.txtV2Comments = boxes.txtComments;
+    for (const NameField& field : NameFields)
+        if (field.V1Box != nullptr) boxes.*field.V2Box = boxes.*field.V1Box;
 }
 
 void CopyBoxesToV1(TagBoxes& boxes) {
     boxes.chkID3v1 = true;
-    boxes.txtTitle = Left(boxes.txtV2Title, V1TextWidth);
-    boxes.txtArtist = Left(boxes.txtV2Artist, V1TextWidth);
-    boxes.txtAlbum = Left(boxes.txtV2Album, V1TextWidth);
-    boxes.txtYear = Left(boxes.txtV2Year, V1YearWidth);
-    boxes.cmbGenre = boxes.cmbV2Genre;
-    boxes.txtTrackNr = boxes.txtV2Track;
-    boxes.txtComments = Left(boxes.txtV2Comments, V1CommentBesideTrack);
+    for (const NameField& field : NameFields) {
+        if (field.V1Box == nullptr) continue;
+        const Text& text = boxes.*field.V2Box;
+        boxes.*field.V1Box = field.CopiedToV1 == 0 ? text : Left(text, field.CopiedToV1);
+    }
 }
 
 Text TextForBox(TextView text, TextView allowed) {

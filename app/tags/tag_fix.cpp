@@ -14,8 +14,9 @@ bool IsInScope(const TagBoxRow& row, const FixScope& scope) {
 
 Text FixedText(const TagBoxRow& row, Text text, TextView path, const NamingContext& context) {
     if (row.Cleaned) text = FixText(text, context.Values, context.Replacements);
-    if (text.empty() && !row.PatternField.empty())
-        text = GetFieldFromPath(path, row.PatternField, context.InPattern, context.Values);
+    const NameField* const field = FieldOfBox(row.Value);
+    if (text.empty() && field != nullptr && field->FillsBoxes)
+        text = GetFieldFromPath(path, field->Word(), context.InPattern, context.Values);
     if (!row.KeptByFix.empty()) text = RemoveChars(text, row.KeptByFix, RemoveMode::KeepOnly);
     return text;
 }

@@ -15,15 +15,6 @@ namespace mdlPLM {
 
 namespace {
 
-constexpr TextView AddFilter =
-    u"MP3 Files (*.mp3;*.mp2)|*.mp3;*.mp2|Playlists (*.srt;*.m3u;*.pls)|*.srt;*.m3u;*.pls|"
-    u"All Files (*.*)|*.*";
-constexpr TextView LoadFilter =
-    u"Sorting File (*.srt)|*.srt|Playlist File (*.m3u)|*.m3u|Playlist File (*.pls)|*.pls";
-constexpr TextView SaveFilter = u"Sorting File (*.srt)|*.srt|M3U Playlist(*.m3u)|*.m3u";
-constexpr int PlaylistsFilter = 2;
-constexpr int SortingFileFilter = 1;
-
 CommandEnd EndOf(bool stopped) { return stopped ? CommandEnd::Stopped : CommandEnd::Reached; }
 
 }  // namespace
@@ -143,7 +134,7 @@ void ListCommands::AddPaths(std::vector<Text> paths) {
 void ListCommands::cmdAddFiles_Click() {
     Text& folder = parts_.Context.Values.LastDir;
     const FileDialogResult chosen = parts_.Context.Dialogs.OpenFiles(
-        &parts_.Window, {FromQt(tr("Add Files")), folder, Text(AddFilter), true});
+        &parts_.Window, {FromQt(tr("Add Files")), folder, AddFilesFilter(), true});
     if (chosen.Paths.empty()) return;
     folder = FolderOfPath(chosen.Paths.front());
     AddRequest request;
@@ -164,7 +155,7 @@ void ListCommands::mnuAddFolder_Click() {
 void ListCommands::cmdLoad_Click() {
     const FileDialogResult chosen = parts_.Context.Dialogs.OpenFiles(
         &parts_.Window,
-        {FromQt(tr("Load List")), parts_.Context.Values.LastDir, Text(LoadFilter), false});
+        {FromQt(tr("Load List")), parts_.Context.Values.LastDir, LoadListFilter(), false});
     if (chosen.Paths.empty()) return;
     // What is refused takes nobody's list away.
     if (KindOfListFile(chosen.Paths.front()) != ListFileKind::Other) {
@@ -180,14 +171,12 @@ void ListCommands::cmdLoad_Click() {
 void ListCommands::cmdSave_Click() {
     const FileDialogResult chosen = parts_.Context.Dialogs.SaveFile(
         &parts_.Window,
-        {FromQt(tr("Save List")), parts_.Context.Values.LastDir, Text(SaveFilter), false});
+        {FromQt(tr("Save List")), parts_.Context.Values.LastDir, SaveListFilter(), false});
     if (chosen.Paths.empty()) return;
     const Text& path = chosen.Paths.front();
     LeftOvers* const leftOvers = parts_.Context.LeftBehind;
     if (leftOvers != nullptr) leftOvers->LookBeside(path);
-    const bool sortingList = chosen.FilterIndex == SortingFileFilter;
-    const Status saved = SaveListFile(parts_.List, path,
-                                      sortingList ? ListFileKind::SortingList : ListFileKind::M3u);
+    const Status saved = SaveListFile(parts_.List, path, KindOfSaveFilter(chosen.FilterIndex));
     Prompts& ask = parts_.Context.Ask;
     if (!saved.Ok()) return ask.Critical({u"PLM", ErrorMessage(saved.Number()), path});
     const std::vector<Text> refused = NamesWithLineBreak(parts_.List);

@@ -4,8 +4,7 @@
 #include <utility>
 
 #include "app/dialogs/frmEdit.h"
-#include "app/list/folder_walk.h"
-#include "app/list/list_file_reader.h"
+#include "app/list/file_finder.h"
 #include "app/shared/qt_language.h"
 #include "app/window/frmSorting.h"
 
@@ -43,63 +42,35 @@ private:
     bool stop_ = false;
 };
 
-/// Dropped items as the main list takes them: a folder is walked, a list file is read.
+/// Dropped items as the main list takes them. As there, a list file that cannot be read is not
+/// reported.
 class DroppedFiles : public FileGathering {
 public:
     /// The extension is that of this moment.
     DroppedFiles(std::vector<Text> dropped, AppContext& context)
         : dropped_(std::move(dropped)),
-          extension_(context.Values.Extension),
-          prompts_(context.Ask) {}
+          prompts_(context.Ask),
+          finder_(context.Values.Extension, prompts_, UserLanguage()) {}
 
     bool Step(std::vector<Text>& paths) override {
-        if (walk_ && !walk_->Finished()) {
-            walk_->Step(paths);
-            if (walk_->Finished() && !walk_->TooDeep().empty())
-                prompts_.Critical(TooDeepMessage(walk_->TooDeep(), UserLanguage()));
-        } else if (reading_) {
-            ReadOn(paths);
-        } else if (next_ < dropped_.size()) {
-            Take(dropped_[next_++], paths);
-        } else {
-            return false;
+        FoundFiles found;
+        if (finder_.Step(found)) {
+            const std::vector<Text> more = PathsOf(std::move(found));
+            paths.insert(paths.end(), more.begin(), more.end());
+            return true;
         }
+        if (!finder_.TooDeep().empty())
+            prompts_.Critical(TooDeepMessage(finder_.TooDeep(), UserLanguage()));
+        if (next_ >= dropped_.size()) return false;
+        finder_.Begin(dropped_[next_++]);
         return true;
     }
 
 private:
-    void Take(const Text& path, std::vector<Text>& paths) {
-        switch (KindOfDropped(path)) {
-            case DroppedKind::Folder:
-                walk_.emplace(path, extension_);
-                return;
-            case DroppedKind::ListFile:
-                reading_.emplace(path, prompts_, UserLanguage());
-                return;
-            case DroppedKind::SingleFile:
-                return paths.push_back(path);
-            case DroppedKind::Nothing:
-                return;
-        }
-    }
-
-    // As in the main list, a list file that cannot be read is not reported.
-    void ReadOn(std::vector<Text>& paths) {
-        std::vector<Text> names;
-        const bool more = reading_->Step(names);
-        FileList listed;
-        AppendListed(listed, reading_->Kind(), names);
-        for (FileList::Index row = 0; row < listed.Count(); ++row)
-            paths.push_back(listed.Path(row));
-        if (!more) reading_.reset();
-    }
-
     std::vector<Text> dropped_;
-    Text extension_;
     Prompts& prompts_;
+    FileFinder finder_;
     std::size_t next_ = 0;
-    std::optional<FolderWalk> walk_;
-    std::optional<ListFileReader> reading_;
 };
 
 }  // namespace

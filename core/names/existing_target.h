@@ -4,12 +4,17 @@
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
+#include "core/text/language.h"
 
 namespace mdlPLM {
 
 /// The question for an existing target: "The file "..." already exists!", line break, "Do you want
 /// to replace it?".
 Message ExistingTargetQuestion(TextView target);
+
+/// Why a file that was left alone did not get its new name.
+inline constexpr const char* TargetExistsReason =
+    PLM_TRANSLATE("Texts", "There is a file of its new name");
 
 enum class TargetDecision { Replace, Leave, Cancel };
 

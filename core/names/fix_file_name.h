@@ -26,7 +26,7 @@ enum class FieldSource { None, V2, V1, Pattern };
 /// The fields that FixFileName puts into the output pattern.
 struct GatheredFields {
     FieldValues Values;
-    std::array<FieldSource, FieldWords.size()> Sources{};  ///< in the order of FieldWords
+    std::array<FieldSource, NameFields.size()> Sources{};  ///< in the order of NameFields
 };
 GatheredFields GatherFields(TextView path, const FileTags& tags, const NamingContext& context);
 

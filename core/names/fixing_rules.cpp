@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/text/letter_case.h"
+#include "core/text/surrogates.h"
 
 namespace mdlPLM {
 
@@ -33,14 +34,6 @@ Text RemoveFirst(Text text, TextView what) {
 Text TidyMp3Ending(Text text, TextView ending, Pos drop) {
     if (!EqualIgnoringCase(Right(text, static_cast<Pos>(ending.size())), ending)) return text;
     return Trim(Left(text, static_cast<Pos>(text.size()) - drop)).append(Mp3Ending);
-}
-
-// A character beyond the basic plane takes two places. A half without the other one stands for a
-// byte of a file name in no encoding, and for itself.
-TextView FirstCharacter(TextView text) {
-    const bool pair = text.size() > 1 && text[0] >= 0xD800 && text[0] <= 0xDBFF &&
-                      text[1] >= 0xDC00 && text[1] <= 0xDFFF;
-    return text.substr(0, pair ? 2 : 1);
 }
 
 class ListedCharacters {

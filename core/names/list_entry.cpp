@@ -4,18 +4,6 @@
 
 namespace mdlPLM {
 
-namespace {
-
-constexpr Pos MarkerLength = static_cast<Pos>(ListEntryMarker.size());
-
-// What stands behind the marker, without the closing parenthesis.
-Text FolderBehindMarker(TextView entry, Pos marker) {
-    const Text rest = Mid(entry, marker + MarkerLength);
-    return Left(rest, static_cast<Pos>(rest.size()) - 1);
-}
-
-}  // namespace
-
 Text MakeListEntry(TextView path) {
     Text entry = FileNameOfPath(path);
     entry.append(ListEntryMarker).append(FolderOfPath(path));
@@ -30,13 +18,16 @@ Text GetListEntryFileName(TextView entry) {
 
 Text GetListEntryFolder(TextView entry) {
     const Pos marker = InStr(entry, ListEntryMarker);
-    return marker > 0 ? FolderBehindMarker(entry, marker) : FolderOfPath(entry);
+    if (marker == 0) return FolderOfPath(entry);
+    // What stands behind the marker, without the closing parenthesis.
+    const Text rest = Mid(entry, marker + static_cast<Pos>(ListEntryMarker.size()));
+    return Left(rest, static_cast<Pos>(rest.size()) - 1);
 }
 
 Text GetListEntryPath(TextView entry) {
     const Pos marker = InStr(entry, ListEntryMarker);
     if (marker == 0) return Text(entry);
-    return FolderBehindMarker(entry, marker) + Left(entry, marker - 1);
+    return GetListEntryFolder(entry) + Left(entry, marker - 1);
 }
 
 }  // namespace mdlPLM

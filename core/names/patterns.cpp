@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "core/names/list_entry.h"
 #include "core/platform/path.h"
@@ -11,56 +12,67 @@ namespace mdlPLM {
 
 namespace {
 
-struct Placeholder {
-    TextView Word;  // with its "%"
-    Text FieldValues::*Value;
-    bool DigitsOnly;
+using Fields = std::span<const NameField>;
 
-    [[nodiscard]] TextView FieldName() const { return Word.substr(1); }
-};
-
-// In the order in which the output side fills them in.
-constexpr std::array<Placeholder, 7> Placeholders = {{{u"%artist", &FieldValues::Artist, false},
-                                                      {u"%title", &FieldValues::Title, false},
-                                                      {u"%album", &FieldValues::Album, false},
-                                                      {u"%track", &FieldValues::Track, true},
-                                                      {u"%year", &FieldValues::Year, true},
-                                                      {u"%genre", &FieldValues::Genre, false},
-                                                      {u"%comment", &FieldValues::Comment, false}}};
-
-const Placeholder* FindPlaceholder(TextView lowerFieldName) {
-    const auto* const row = std::find_if(
-        Placeholders.begin(), Placeholders.end(),
-        [&](const Placeholder& placeholder) { return placeholder.FieldName() == lowerFieldName; });
-    return row == Placeholders.end() ? nullptr : row;
+const NameField* FindField(Fields fields, TextView lowerWord) {
+    const auto row = std::find_if(fields.begin(), fields.end(), [&](const NameField& field) {
+        return field.Word() == lowerWord;
+    });
+    return row == fields.end() ? nullptr : &*row;
 }
 
-// One place of the pattern; absent placeholders have position 0 and so sort to the front.
+// One place of the pattern that holds a placeholder.
 struct Slot {
     Pos At = 0;
-    const Placeholder* Which = nullptr;
+    const NameField* Which = nullptr;
     TextView Separator;  // the literal text up to the next placeholder
 };
-using Slots = std::array<Slot, Placeholders.size()>;
 
-Slots FindSlots(const Text& lower) {
-    Slots slots;
-    std::transform(Placeholders.begin(), Placeholders.end(), slots.begin(),
-                   [&](const Placeholder& placeholder) {
-                       return Slot{InStr(lower, placeholder.Word), &placeholder, {}};
-                   });
-    std::sort(slots.begin(), slots.end(), [](const Slot& a, const Slot& b) { return a.At < b.At; });
-    return slots;
-}
+// In the order of the pattern.
+class Slots {
+public:
+    Slots(Fields fields, TextView lowerPattern) {
+        for (const NameField& field : fields) {
+            const Pos at = InStr(lowerPattern, field.Placeholder);
+            if (at > 0) Insert({at, &field, {}});
+            allSeven_ = allSeven_ && (at > 0 || !field.OfTheSeven);
+        }
+    }
+    [[nodiscard]] Slot* begin() { return slots_.data(); }
+    [[nodiscard]] Slot* end() { return begin() + count_; }
 
-// The first slot is left out, and the last placeholder has no separator: the text behind it was
-// taken off the end of the name instead.
+    // A pattern with all seven has no first field; kept on purpose. What was added to the seven
+    // later neither brings that about nor loses its own value.
+    void DropFirstOfAllSeven() {
+        if (!allSeven_) return;
+        Slot* const first =
+            std::find_if(begin(), end(), [](const Slot& slot) { return slot.Which->OfTheSeven; });
+        if (first == end()) return;
+        std::move(first + 1, end(), first);
+        --count_;
+    }
+
+private:
+    void Insert(const Slot& slot) {
+        Slot* const place =
+            std::find_if(begin(), end(), [&](const Slot& other) { return other.At > slot.At; });
+        std::move_backward(place, end(), end() + 1);
+        *place = slot;
+        ++count_;
+    }
+
+    std::array<Slot, PatternRules::MostFields> slots_;
+    std::size_t count_ = 0;
+    bool allSeven_ = true;
+};
+
+// The last placeholder has no separator: the text behind it was taken off the end of the name
+// instead.
 void FindSeparators(TextView pattern, Slots& slots) {
-    for (std::size_t i = 1; i + 1 < slots.size(); ++i) {
-        if (slots[i].At < 1) continue;
-        const auto begin = static_cast<std::size_t>(slots[i].At - 1) + slots[i].Which->Word.size();
-        const auto end = static_cast<std::size_t>(slots[i + 1].At - 1);
-        slots[i].Separator = pattern.substr(begin, end - begin);
+    for (Slot* slot = slots.begin(); slot + 1 < slots.end(); ++slot) {
+        const auto begin = static_cast<std::size_t>(slot->At - 1) + slot->Which->Placeholder.size();
+        const auto end = static_cast<std::size_t>(slot[1].At - 1);
+        slot->Separator = pattern.substr(begin, end - begin);
     }
 }
 
@@ -86,6 +98,11 @@ struct Subject {
     NamePart Name;
 };
 
+struct Wish {
+    TextView FieldName;
+    TextView Pattern;
+};
+
 Text NameToMatch(const Subject& subject, TextView pattern, const Settings& settings) {
     const Text path = WithBackslashes(subject.Given);
     const auto levels = std::count(pattern.begin(), pattern.end(), u'\\');
@@ -105,18 +122,17 @@ Text WithPlainEnd(const Text& name, Pos tail, const Settings& settings) {
 }
 
 // A separator that is missing or found at once lets the field take the rest of the name less its
-// last four characters. The first slot is never visited, so a pattern with all seven placeholders
-// has no first field; kept on purpose.
-Text Extract(const Text& name, const Slots& slots, const Placeholder& wanted) {
+// last four characters.
+Text Extract(const Text& name, Slots& slots, const NameField& wanted) {
     Pos start = 0;
     Pos length = 0;
-    for (std::size_t k = 1; k < slots.size(); ++k) {
-        if (slots[k].At < 1) continue;
-        start += length + static_cast<Pos>(slots[k - 1].Separator.size());
-        start = std::max<Pos>(start, 1);
-        length = InStr(start, name, slots[k].Separator) - start;
+    Pos separator = 0;  // behind the field before
+    for (const Slot& slot : slots) {
+        start = std::max<Pos>(start + length + separator, 1);
+        length = InStr(start, name, slot.Separator) - start;
         if (length < 1) length = std::max<Pos>(static_cast<Pos>(name.size()) - start - 3, 0);
-        if (slots[k].Which == &wanted) return Trim(Mid(name, start, length));
+        if (slot.Which == &wanted) return Trim(Mid(name, start, length));
+        separator = static_cast<Pos>(slot.Separator.size());
     }
     return {};
 }
@@ -136,55 +152,69 @@ void ReplaceFrom(std::size_t start, Text& text, TextView from, TextView to) {
     text = replaced.append(text, done, Text::npos);
 }
 
-Text Fill(TextView pattern, const FieldValues& values) {
-    Text result(pattern);
-    for (const Placeholder& placeholder : Placeholders) {
-        const std::size_t first = FindRare(result, u"%");
-        if (first == Text::npos) break;
-        ReplaceFrom(first, result, placeholder.Word, values.*placeholder.Value);
-    }
-    return result;
-}
-
 constexpr TextView ForbiddenInPaths = u":?\"<>|*";
 constexpr TextView Separators = u"/\\";
 
-Text Field(const Subject& subject, TextView fieldName, TextView pattern, const Settings& settings) {
-    const Placeholder* const wanted = FindPlaceholder(LCase(fieldName));
+Text Field(Fields fields, const Subject& subject, const Wish& wish, const Settings& settings) {
+    const NameField* const wanted = FindField(fields, LCase(wish.FieldName));
     if (wanted == nullptr || Trim(subject.Given).empty()) return {};
-    const Text lower = LCase(pattern);
-    if (lower.find(wanted->Word) == Text::npos) return {};
-    Slots slots = FindSlots(lower);
-    const Text levelled = WithBackslashes(pattern);
+    const Text lower = LCase(wish.Pattern);
+    if (lower.find(wanted->Placeholder) == Text::npos) return {};
+    Slots slots(fields, lower);
+    const Text levelled = WithBackslashes(wish.Pattern);
     FindSeparators(levelled, slots);
+    const Pos last = std::prev(slots.end())->At;
+    slots.DropFirstOfAllSeven();
 
     Text name = Mid(NameToMatch(subject, levelled, settings), InStr(levelled, u"%"));
-    const Pos tail = static_cast<Pos>(levelled.size()) - slots.back().At -
-                     static_cast<Pos>(wanted->FieldName().size());
+    const Pos tail =
+        static_cast<Pos>(levelled.size()) - last - static_cast<Pos>(wanted->Word().size());
     name = WithPlainEnd(name, tail, settings);
     Text field = Extract(name, slots, *wanted);
     return wanted->DigitsOnly && !IsAllDigits(field) ? Text() : field;
 }
 
+constexpr PatternRules Rules(NameFields);
+
 }  // namespace
+
+Text PatternRules::FromEntry(TextView entry, TextView fieldName, TextView pattern,
+                             const Settings& settings) const {
+    return Field(fields_, {entry, GetListEntryFileName}, {fieldName, pattern}, settings);
+}
+
+Text PatternRules::FromPath(TextView path, TextView fieldName, TextView pattern,
+                            const Settings& settings) const {
+    return Field(fields_, {path, FileNameOfPath}, {fieldName, pattern}, settings);
+}
+
+Text PatternRules::Filled(TextView pattern, const FieldValues& values) const {
+    Text result(pattern);
+    for (const NameField& field : fields_) {
+        const std::size_t first = FindRare(result, u"%");
+        if (first == Text::npos) break;
+        ReplaceFrom(first, result, field.Placeholder, values.*field.Value);
+    }
+    return result;
+}
 
 Text GetFieldFromPattern(TextView fileName, TextView fieldName, TextView pattern,
                          const Settings& settings) {
-    return Field({fileName, GetListEntryFileName}, fieldName, pattern, settings);
+    return Rules.FromEntry(fileName, fieldName, pattern, settings);
 }
 
 Text GetFieldFromPath(TextView path, TextView fieldName, TextView pattern,
                       const Settings& settings) {
-    return Field({path, FileNameOfPath}, fieldName, pattern, settings);
+    return Rules.FromPath(path, fieldName, pattern, settings);
 }
 
 Text FillPattern(TextView outPattern, const FieldValues& values, const Settings& settings,
                  bool& filled) {
-    Text result = Fill(outPattern, values);
+    Text result = Rules.Filled(outPattern, values);
     const TextView trimmed = Trimmed(result);
     // Longer than the pattern is longer than the pattern without its placeholders.
     const bool longer = trimmed.size() > outPattern.size();
-    filled = (longer || trimmed != Trimmed(Fill(outPattern, {}))) &&
+    filled = (longer || trimmed != Trimmed(Rules.Filled(outPattern, {}))) &&
              trimmed != u"." + settings.Extension;
     return result;
 }

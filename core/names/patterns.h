@@ -1,35 +1,35 @@
 // Name patterns: placeholders for tag fields and, between them, literal text as separators.
 #pragma once
 
-#include <array>
+#include <algorithm>
+#include <span>
 
+#include "core/names/name_fields.h"
 #include "core/settings/settings.h"
 
 namespace mdlPLM {
 
-/// The seven values that a pattern can hold.
-struct FieldValues {
-    Text Artist;
-    Text Title;
-    Text Album;
-    Text Track;
-    Text Year;
-    Text Genre;
-    Text Comment;
-};
+/// The rules of patterns over a table of fields; the functions below go by NameFields. A pattern
+/// that holds all rows marked OfTheSeven has no value for the first of these, and the next one
+/// starts where the name does; other rows and other patterns know nothing of that.
+class PatternRules {
+public:
+    /// `fields` must outlive the rules; rows beyond MostFields count for nothing.
+    explicit constexpr PatternRules(std::span<const NameField> fields)
+        : fields_(fields.first(std::min(fields.size(), MostFields))) {}
+    static constexpr std::size_t MostFields = 12;
 
-/// A field and the word for it, as GetFieldFromPattern takes it.
-struct FieldWord {
-    Text FieldValues::*Value;
-    TextView Word;
+    /// GetFieldFromPattern, GetFieldFromPath.
+    [[nodiscard]] Text FromEntry(TextView entry, TextView fieldName, TextView pattern,
+                                 const Settings& settings) const;
+    [[nodiscard]] Text FromPath(TextView path, TextView fieldName, TextView pattern,
+                                const Settings& settings) const;
+    /// The pattern with its placeholders replaced.
+    [[nodiscard]] Text Filled(TextView pattern, const FieldValues& values) const;
+
+private:
+    std::span<const NameField> fields_;
 };
-inline constexpr std::array<FieldWord, 7> FieldWords = {{{&FieldValues::Artist, u"artist"},
-                                                         {&FieldValues::Title, u"title"},
-                                                         {&FieldValues::Album, u"album"},
-                                                         {&FieldValues::Track, u"track"},
-                                                         {&FieldValues::Year, u"year"},
-                                                         {&FieldValues::Genre, u"genre"},
-                                                         {&FieldValues::Comment, u"comment"}}};
 
 /// One field of a file name, path, list line or any text line by an input pattern; trimmed, empty
 /// when it cannot be taken. `fieldName` is one of "artist", "title", "album", "track", "year",

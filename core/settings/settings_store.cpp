@@ -7,6 +7,7 @@
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
 #include "core/text/letter_case.h"
+#include "core/text/surrogates.h"
 
 namespace mdlPLM {
 
@@ -22,17 +23,10 @@ TextView Stripped(TextView text) {
     return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
-bool IsHighHalf(char16_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-bool IsLowHalf(char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
-
-bool IsPairAt(TextView text, std::size_t i) {
-    return i + 1 < text.size() && IsHighHalf(text[i]) && IsLowHalf(text[i + 1]);
-}
-
 bool NeedsEscape(TextView text, std::size_t i) {
     const char16_t c = text[i];
-    if (IsHighHalf(c)) return !IsPairAt(text, i);
-    if (IsLowHalf(c)) return i == 0 || !IsPairAt(text, i - 1);
+    if (IsHighSurrogate(c)) return !IsPairAt(text, i);
+    if (IsLowSurrogate(c)) return i == 0 || !IsPairAt(text, i - 1);
     return c < 0x20;
 }
 

@@ -6,6 +6,7 @@
 #include "core/platform/file.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
+#include "core/text/surrogates.h"
 
 namespace mdlPLM {
 
@@ -28,11 +29,6 @@ Text ReadListFile(TextView folder, TextView name) {
     return FromTextFile(contents);
 }
 
-bool IsHeldByte(TextView text, std::size_t i) {
-    const bool secondOfPair = i > 0 && text[i - 1] >= 0xD800 && text[i - 1] <= 0xDBFF;
-    return text[i] >= 0xDC80 && text[i] <= 0xDCFF && !secondOfPair;
-}
-
 // A byte of no encoding, copied from a file name, would make the whole file one that is not UTF-8;
 // a text that begins with a byte order mark would lose it without another one in front.
 Bytes ToTextFile(TextView text) {
@@ -41,7 +37,7 @@ Bytes ToTextFile(TextView text) {
     if (IsValidUtf8(bytes)) return bytes;
     Text held = FromUtf8(bytes);
     for (std::size_t i = 0; i < held.size(); ++i)
-        if (IsHeldByte(held, i)) held[i] = u'?';
+        if (IsHeldByteAt(held, i)) held[i] = u'?';
     return ToUtf8(held);
 }
 

@@ -9,7 +9,6 @@ namespace mdlPLM {
 namespace {
 
 constexpr auto HeaderSize = static_cast<std::int64_t>(ID3v2HeaderSize);
-constexpr auto TrailerSize = static_cast<std::int64_t>(ID3v1Size);
 
 // The start of a file in one read: as a rule the whole tag of a file without a picture.
 class Head {

@@ -36,32 +36,13 @@ BytesView TrimBlanks(BytesView bytes) {
     return bytes.substr(first, bytes.find_last_not_of(' ') - first + 1);
 }
 
-BytesView UpToNul(BytesView field) { return field.substr(0, field.find('\0')); }
-
 BytesView Beyond(BytesView text, std::size_t width) {
     return text.substr(std::min(text.size(), width));
-}
-
-// What stands behind the first NUL of an album or comment field.
-BytesView Continuation(BytesView field) {
-    const std::size_t end = field.find('\0');
-    if (end == BytesView::npos) return {};
-    return UpToNul(field.substr(end + 1));
-}
-
-Text Shown(BytesView field, BytesView continuation = {}) {
-    if (continuation.empty()) return FromCodePage(TrimBlanks(UpToNul(field)));
-    return FromCodePage(TrimBlanks(Bytes(UpToNul(field)).append(continuation)));
 }
 
 Bytes Joined(BytesView text, BytesView continuation) {
     Bytes field(text);
     return field.append(Nul).append(continuation);
-}
-
-void PutField(Bytes& field, BytesView text, std::size_t width) {
-    field.assign(text.substr(0, width));
-    field.resize(width, '\0');
 }
 
 int CharactersLeft(std::size_t used) {
@@ -77,7 +58,17 @@ Bytes PadString(BytesView text, int length, BytesView pad) {
     return result;
 }
 
-Bytes FieldText(BytesView field) { return Bytes(TrimBlanks(UpToNul(field))); }
+BytesView UpToNul(BytesView field) { return field.substr(0, field.find('\0')); }
+
+BytesView Continuation(BytesView field) {
+    const std::size_t end = field.find('\0');
+    return end == BytesView::npos ? BytesView() : UpToNul(field.substr(end + 1));
+}
+
+Bytes FieldText(BytesView field, BytesView continuation) {
+    if (continuation.empty()) return Bytes(TrimBlanks(UpToNul(field)));
+    return Bytes(TrimBlanks(Bytes(UpToNul(field)).append(continuation)));
+}
 
 bool HasTrackByte(BytesView trailer) {
     return trailer.size() == ID3v1Size && trailer[ZeroByteOffset] == '\0';
@@ -124,18 +115,21 @@ void LayOutID3v1(ID3v1Tag& tag, const ID3v1Texts& texts, bool optimized) {
                                   : ToCodePage(texts.Album);
     const Bytes comment = optimized ? Joined(ToCodePage(Trimmed(texts.Comment)), Beyond(title, 30))
                                     : ToCodePage(texts.Comment);
-    PutField(tag.Title, title, FieldWidth);
-    PutField(tag.Artist, artist, FieldWidth);
-    PutField(tag.Album, album, FieldWidth);
-    PutField(tag.Comment, comment, FieldWidth);
-    PutField(tag.Year, ToCodePage(texts.Year), YearWidth);
+    tag.Title = PadString(title, FieldWidth, Nul);
+    tag.Artist = PadString(artist, FieldWidth, Nul);
+    tag.Album = PadString(album, FieldWidth, Nul);
+    tag.Comment = PadString(comment, FieldWidth, Nul);
+    tag.Year = PadString(ToCodePage(texts.Year), YearWidth, Nul);
 }
 
 ID3v1Texts ShowID3v1(const ID3v1Tag& tag, bool optimized) {
     const BytesView restOfTitle = optimized ? Continuation(tag.Comment) : BytesView();
     const BytesView restOfArtist = optimized ? Continuation(tag.Album) : BytesView();
-    return {Shown(tag.Title, restOfTitle), Shown(tag.Artist, restOfArtist), Shown(tag.Album),
-            Shown(tag.Year), Shown(tag.Comment)};
+    const auto shown = [](BytesView field, BytesView rest = {}) {
+        return FromCodePage(FieldText(field, rest));
+    };
+    return {shown(tag.Title, restOfTitle), shown(tag.Artist, restOfArtist), shown(tag.Album),
+            shown(tag.Year), shown(tag.Comment)};
 }
 
 int OptimizedArtistLimit(std::size_t albumLength) { return CharactersLeft(albumLength); }

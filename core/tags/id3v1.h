@@ -2,12 +2,15 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
 #include "core/platform/errors.h"
 
 namespace mdlPLM {
 
 inline constexpr std::size_t ID3v1Size = 128;
+/// The same as a distance in a file.
+inline constexpr auto TrailerSize = static_cast<std::int64_t>(ID3v1Size);
 inline constexpr char NoGenre = '\xFF';
 
 /// The record. Every field is fixed-width single-byte text, kept at full width as the file holds
@@ -29,8 +32,15 @@ struct ID3v1Tag {
 /// often as needed. A negative length counts as 0, an empty pad adds nothing.
 Bytes PadString(BytesView text, int length, BytesView pad);
 
-/// A field up to its first NUL, trimmed of blanks: for display and for names.
-Bytes FieldText(BytesView field);
+/// A field up to its first NUL; nothing is trimmed.
+BytesView UpToNul(BytesView field);
+/// What the optimized layout keeps behind the first NUL of an album or comment field, up to the
+/// next one.
+BytesView Continuation(BytesView field);
+
+/// A field up to its first NUL, its continuation behind it, trimmed of blanks: for display and for
+/// names.
+Bytes FieldText(BytesView field, BytesView continuation = {});
 
 /// The record of the 128 bytes of a trailer. `Track` is NUL unless byte 125 is 0 (ID3v1.1), and
 /// then the comment keeps its first 29 characters followed by one NUL. Other bytes than 128, or no

@@ -8,8 +8,6 @@ namespace mdlPLM {
 
 namespace {
 
-constexpr auto TrailerSize = static_cast<std::int64_t>(ID3v1Size);
-
 Status ReadRecord(const File& file, ID3v1Tag& tag) {
     Bytes trailer;
     const Status status = ReadTrailer(file, trailer);

@@ -24,8 +24,6 @@ constexpr Place Copyright{28, 1};
 constexpr Place Original{29, 1};
 constexpr Place Emphasis{30, 2};
 
-constexpr Place WholeHeader{0, 32};
-
 using TwoBitTexts = std::array<const char*, 4>;
 constexpr TwoBitTexts VersionTexts = {"MPEG 2.5", "MPEG ?.?", "MPEG 2.0", "MPEG 1.0"};
 constexpr TwoBitTexts LayerTexts = {"layer ?", "layer 3", "layer 2", "layer 1"};
@@ -72,13 +70,6 @@ int TableBitrate(int index, int version, int layer) {
 
 unsigned Field(std::uint32_t header, Place place) {
     return header >> (32U - place.First - place.Width) & ((1U << place.Width) - 1U);
-}
-
-Bytes BitsOf(std::uint32_t header, Place place) {
-    Bytes bits;
-    for (unsigned i = 0; i < place.Width; ++i)
-        bits.push_back(Field(header, {place.First + i, 1}) != 0 ? '1' : '0');
-    return bits;
 }
 
 Bytes YesNo(const char* label, bool yes) { return Bytes(label) + (yes ? "Yes" : "No"); }
@@ -144,11 +135,23 @@ int MpegHeader::Distance() const {
     return factor * Bitrate() * 1000 / Frequency() + padding;
 }
 
+Bytes MpegHeader::Bits() const {
+    Bytes bits;
+    for (unsigned at = 0; at < 8 * MpegHeaderSize; at += 8) {
+        const char byte = static_cast<char>(Field(bits_, {at, 8}));
+        bits += ByteToBits(BytesView(&byte, 1));
+    }
+    return bits;
+}
+
 MpegTexts MpegHeader::Texts() const {
     MpegTexts texts;
     texts.Version = VersionTexts[Field(bits_, Version)];
     texts.Layer = LayerTexts[Field(bits_, Layer)];
-    texts.Bitrate = GetBitrate(BitsOf(bits_, BitrateIndex), VersionNumber(), LayerNumber());
+    texts.Bits = Bits();
+    const BytesView bits = texts.Bits;
+    texts.Bitrate = GetBitrate(bits.substr(BitrateIndex.First, BitrateIndex.Width), VersionNumber(),
+                               LayerNumber());
     if (Bitrate() > 0) texts.Bitrate += "kbps";
     texts.Frequency = Frequency() > 0 ? std::to_string(Frequency()) + "Hz" : "?Hz";
     texts.Frequency += ModeTexts[Field(bits_, ChannelMode)];
@@ -156,7 +159,6 @@ MpegTexts MpegHeader::Texts() const {
     texts.Original = YesNo("Original: ", Field(bits_, Original) == 1);
     texts.Protection = YesNo("CRCs: ", Field(bits_, Protection) == 0);
     texts.Emphasis = EmphasisTexts[Field(bits_, Emphasis)];
-    texts.Bits = BitsOf(bits_, WholeHeader);
     return texts;
 }
 

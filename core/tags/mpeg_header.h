@@ -55,6 +55,7 @@ public:
     [[nodiscard]] int Distance() const;
 
 private:
+    [[nodiscard]] Bytes Bits() const;
     [[nodiscard]] int VersionNumber() const;
     [[nodiscard]] int LayerNumber() const;
 

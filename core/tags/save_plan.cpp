@@ -9,7 +9,6 @@ namespace mdlPLM {
 namespace {
 
 constexpr auto HeaderSize = static_cast<std::int64_t>(ID3v2HeaderSize);
-constexpr auto TrailerSize = static_cast<std::int64_t>(ID3v1Size);
 constexpr std::int64_t MostRoom = 12000;
 constexpr std::int64_t LargestOverreach = 10;  // a tag saved in place declares that much too much
 

@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::size_t BlockSize = std::size_t{16} << 10;
 constexpr auto HeaderSize = static_cast<std::int64_t>(MpegHeaderSize);
-constexpr auto TrailerSize = static_cast<std::int64_t>(ID3v1Size);
 constexpr char FirstSyncByte = '\xFF';
 constexpr auto PieceSize = static_cast<std::int64_t>(BlockSize);
 // Each look at what follows may read a block.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "core/text/surrogates.h"
+
 namespace mdlPLM {
 
 namespace {
@@ -20,10 +22,6 @@ constexpr std::array<char16_t, 256> MakeWholePage() {
     return page;
 }
 constexpr std::array<char16_t, 256> WholePage = MakeWholePage();
-
-constexpr bool IsHighSurrogate(char16_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-constexpr bool IsLowSurrogate(char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
-constexpr bool IsHeldByte(char16_t c) { return c >= 0xDC80 && c <= 0xDCFF; }
 
 char ToCodePageByte(char16_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
@@ -118,7 +116,7 @@ Bytes ToCodePage(TextView text) {
     Bytes bytes(text.size(), ' ');
     std::size_t length = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) ++i;
+        if (IsPairAt(text, i)) ++i;
         bytes[length++] = ToCodePageByte(text[i]);
     }
     bytes.resize(length);
@@ -131,7 +129,7 @@ Text FromUtf8(BytesView bytes) {
     for (std::size_t i = 0; i < bytes.size();) {
         const Decoded next = DecodeUtf8(bytes, i);
         if (next.Length == 0) {
-            text.push_back(static_cast<char16_t>(0xDC00 + static_cast<unsigned char>(bytes[i++])));
+            text.push_back(HeldByte(static_cast<unsigned char>(bytes[i++])));
             continue;
         }
         AppendUtf16(text, next.Value);
@@ -151,11 +149,11 @@ Bytes ToUtf8(TextView text) {
     bytes.resize(plain);
     for (std::size_t i = plain; i < text.size(); ++i) {
         const char16_t c = text[i];
-        if (IsHighSurrogate(c) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+        if (IsPairAt(text, i)) {
             AppendUtf8(bytes, 0x10000U + ((char32_t{c} - 0xD800U) << 10) + (text[i + 1] - 0xDC00U));
             ++i;
-        } else if (IsHeldByte(c)) {
-            bytes.push_back(static_cast<char>(c - 0xDC00));
+        } else if (IsHeldByteAt(text, i)) {
+            bytes.push_back(static_cast<char>(c - HeldByte(0)));
         } else if (IsHighSurrogate(c) || IsLowSurrogate(c)) {
             bytes.push_back('?');
         } else {

@@ -9,9 +9,11 @@
 
 namespace mdlPLM::test {
 
+using Contents = std::vector<Bytes>;
+
 /// The contents of every file below a folder, sorted; a content that stands twice is there twice.
-inline std::vector<Bytes> ContentsBelow(TextView folder) {
-    std::vector<Bytes> contents;
+inline Contents ContentsBelow(TextView folder) {
+    Contents contents;
     for (auto& [name, held] : ReadTree(folder))
         if (name.back() != '/') contents.push_back(std::move(held));
     std::sort(contents.begin(), contents.end());
@@ -19,10 +21,10 @@ inline std::vector<Bytes> ContentsBelow(TextView folder) {
 }
 
 /// Those of `before` that stand nowhere below the folder any more.
-inline std::vector<Bytes> LostSince(std::vector<Bytes> before, TextView folder) {
-    const std::vector<Bytes> now = ContentsBelow(folder);
+inline Contents LostSince(Contents before, TextView folder) {
+    const Contents now = ContentsBelow(folder);
     std::sort(before.begin(), before.end());
-    std::vector<Bytes> lost;
+    Contents lost;
     std::set_difference(before.begin(), before.end(), now.begin(), now.end(),
                         std::back_inserter(lost));
     return lost;

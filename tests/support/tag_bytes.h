@@ -66,4 +66,10 @@ extern const Bytes HardAlbum;
 /// `count` bytes that look like no tag and no frame header, different everywhere.
 Bytes Noise(std::size_t count);
 
+/// A picture of 5000 bytes that are none, in a frame.
+inline const Bytes Picture = Frame("APIC", Nul + "image/png" + Nuls(2) + Noise(5000));
+
+/// What may stand behind a tag: the beginning of the audio.
+inline const Bytes TenBytes = "\xFF\xFB\x90\x64" + Bytes("audio!");
+
 }  // namespace mdlPLM::test

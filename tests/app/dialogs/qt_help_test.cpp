@@ -5,20 +5,10 @@
 #include <QUrl>
 
 #include "app/shared/qt_text.h"
+#include "tests/support/qt_text_viewer.h"
 #include "tests/support/temp_folder.h"
 
 using namespace mdlPLM;
-
-/// Takes the place of the system's program for text files.
-class TextViewer : public QObject {
-    Q_OBJECT
-
-public:
-    QList<QUrl> Opened;
-
-public slots:
-    void open(const QUrl& url) { Opened << url; }
-};
 
 class qt_help_test : public QObject {
     Q_OBJECT
@@ -34,7 +24,7 @@ private:
 };
 
 void qt_help_test::theHelpTextIsHandedToTheSystemsProgram() {
-    TextViewer viewer;
+    test::TextViewer viewer;
     QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
     const Text help = folder_.File(u"50% #1 å/plm.txt", "help");
     QCOMPARE(OpenHelp(folder_ / u"50% #1 å", disk_),
@@ -45,7 +35,7 @@ void qt_help_test::theHelpTextIsHandedToTheSystemsProgram() {
 }
 
 void qt_help_test::aMissingHelpTextIsThatProgramsToReport() {
-    TextViewer viewer;
+    test::TextViewer viewer;
     QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
     QVERIFY(OpenHelp(folder_ / u"nowhere", disk_).startsWith(QStringLiteral("The help is in ")));
     QCOMPARE(viewer.Opened.size(), 1);

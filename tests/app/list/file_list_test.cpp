@@ -160,21 +160,6 @@ TEST(FileList, ANewNameWrittenByHandCountsAsEditedUntilAnotherOneIsSet) {
     EXPECT_FALSE(list.NewNameEdited(0));
 }
 
-TEST(FileList, ARenamedFileKeepsItsRow) {
-    FileList list = Songs(2);
-    list.SetNewName(1, u"New.mp3");
-    list.Select(1, true);
-    Listener listener(list);
-    list.SetPath(1, u"/m/New.mp3");
-    EXPECT_EQ(listener.Told(), "n1-1");
-    EXPECT_EQ(list.Path(1), u"/m/New.mp3");
-    EXPECT_EQ(list.Entry(1), u"New.mp3     (/m/)");
-    EXPECT_EQ(list.NewName(1), u"New.mp3");
-    EXPECT_TRUE(list.Selected(1));
-    list.SetPath(2, u"/m/beyond");
-    EXPECT_EQ(listener.Told(), "");
-}
-
 TEST(FileList, RemovingARowTakesItsNewNameAlong) {
     FileList list;
     list.Append({u"/m/a.mp3", u"/m/b.mp3", u"/m/c.mp3"}, {u"A", u"B", u"C"});

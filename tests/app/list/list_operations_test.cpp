@@ -47,6 +47,12 @@ Bytes Trailer() { return "TAG" + Bytes(ID3v1Size - 3, '\0'); }
 
 }  // namespace
 
+TEST(FilesText, IsTheSameForOneAndMany) {
+    EXPECT_EQ(FilesText(0), u"0 files");
+    EXPECT_EQ(FilesText(1), u"1 files");
+    EXPECT_EQ(FilesText(1234567), u"1234567 files");
+}
+
 TEST_F(ListOperations, TheCounterShowsCountAndMegabytes) {
     EXPECT_EQ(CounterText(list_), u"0 files (0 Mb)");
     for (int i = 0; i < 1500; ++i) list_.Append({u"/m/a.mp3"});

@@ -42,14 +42,6 @@ Lines Taken(BytesView contents, ListFileKind kind) {
     return ParseListFile(contents, kind, u"/x/list", refused);
 }
 
-TEST(ListFileKinds, GoByTheLastFourCharactersOnly) {
-    EXPECT_EQ(KindOfListFile(u"/m/list.SRT"), ListFileKind::SortingList);
-    EXPECT_EQ(KindOfListFile(u"a.m3U"), ListFileKind::M3u);
-    EXPECT_EQ(KindOfListFile(u".pls"), ListFileKind::Pls);
-    for (const TextView other : {u"list.m3u8", u"list.mp3", u"m3u", u"", u"a.srt "})
-        EXPECT_EQ(KindOfListFile(other), ListFileKind::Other);
-}
-
 TEST(ListFileKinds, AnotherKindNamesNothing) {
     EXPECT_EQ(Parsed("/m/a.mp3\r\n", ListFileKind::Other, u"/x/list.txt"), Lines{});
 }

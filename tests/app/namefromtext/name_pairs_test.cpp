@@ -76,11 +76,5 @@ TEST(NamePairs, ANewNameIsEdited) {
     EXPECT_EQ(lists.NewNames(), (std::vector<Text>{u"1", u"two"}));
 }
 
-TEST(NamePairs, Counters) {
-    EXPECT_EQ(FilesText(0), u"0 files");
-    EXPECT_EQ(FilesText(1), u"1 files");
-    EXPECT_EQ(FilesText(1234567), u"1234567 files");
-}
-
 }  // namespace
 }  // namespace mdlPLM

@@ -40,6 +40,7 @@ INSTANTIATE_TEST_SUITE_P(
         TagCase{"tabs are blanks", u"Artist:\tThe\tBand\t\r\n", u"artist:", u"The Band"},
         TagCase{"letters outside ASCII in any case", u"SL\u00C4PPT: 1 maj\r\n", u"sl\u00E4ppt:",
                 u"1 maj"},
+        TagCase{"a key of any first character", u"x\r\n* NOTE: Foo\r\n", u"* note:", u"Foo"},
         TagCase{"an empty text", u"", u"artist", u""}));
 
 void ExpectScan(TextView source, const PreScanResult& expected) {

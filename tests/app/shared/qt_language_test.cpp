@@ -19,19 +19,11 @@
 #include "tests/support/qt_keyboard.h"
 #include "tests/support/qt_main_window.h"
 #include "tests/support/qt_modal.h"
+#include "tests/support/qt_panel_frames.h"
 
 using namespace mdlPLM;
 
 namespace {
-
-class PanelFrames : public OtherFramesText {
-public:
-    [[nodiscard]] const Bytes& OtherFrames() const override { return frames_; }
-    void SetOtherFrames(Bytes text) override { frames_ = std::move(text); }
-
-private:
-    Bytes frames_ = "no frame";
-};
 
 /// Labels and buttons that have less room than their text needs, and what stands outside its
 /// window.
@@ -159,7 +151,7 @@ void LanguageTest::MainWindowIsSwedish() {
 void LanguageTest::DialogsAreSwedish() {
     SpeakSwedish();
     MainWindow plm;
-    PanelFrames frames;
+    test::PanelFrames frames{"no frame"};
     frmOptions options(plm.Context);
     Check(options, "Inställningar");
     frmEdit edit(u"name.mp3");

@@ -18,23 +18,11 @@
 #include "core/text/code_page.h"
 #include "tests/support/qt_main_window.h"
 #include "tests/support/qt_modal.h"
+#include "tests/support/qt_panel_frames.h"
 #include "tests/support/qt_swedish.h"
 #include "tests/support/real_mp3.h"
 
 using namespace mdlPLM;
-
-namespace {
-
-class PanelFrames : public OtherFramesText {
-public:
-    [[nodiscard]] const Bytes& OtherFrames() const override { return frames_; }
-    void SetOtherFrames(Bytes text) override { frames_ = std::move(text); }
-
-private:
-    Bytes frames_ = "TLEN";
-};
-
-}  // namespace
 
 class SwedishTest : public QObject {
     Q_OBJECT
@@ -138,7 +126,7 @@ void SwedishTest::Sorting() {
 void SwedishTest::EditName() { Check(SaidTexts(frmEdit(u"name.mp3"))); }
 
 void SwedishTest::MoreFrames() {
-    PanelFrames frames;
+    test::PanelFrames frames{"TLEN"};
     frmMoreID3v2 more({frames, plm_->Ask, plm_->Dialogs, plm_->Folder / u"in/one.mp3"});
     Check(SaidTexts(more));
     for (const char* button : {"cmdAdd", "cmdRemoveAll"}) {

@@ -12,7 +12,6 @@ using namespace mdlPLM;
 
 namespace {
 
-constexpr auto Methods = {SortMethod::Copy, SortMethod::Move, SortMethod::Rename};
 constexpr auto CopyAndMove = {SortMethod::Copy, SortMethod::Move};
 
 class SortFiles : public SortTest {

@@ -12,12 +12,9 @@ using namespace mdlPLM;
 
 namespace {
 
+using test::Contents;
 using test::ContentsBelow;
 using test::LostSince;
-using Contents = std::vector<Bytes>;
-
-constexpr auto Methods = {SortMethod::Copy, SortMethod::Move, SortMethod::Rename};
-constexpr auto Choices = {IfExists::Prompt, IfExists::Skip, IfExists::Replace};
 
 // The new name turns the three words of the old one by a place: "A - B - C" wants to be
 // "B - C - A", which wants to be "C - A - B", which wants to be the first.

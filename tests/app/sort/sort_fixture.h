@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "app/sort/sort_engine.h"
 #include "core/platform/path.h"
 #include "tests/support/recording_disk.h"
@@ -14,6 +16,11 @@ namespace mdlPLM {
 
 class SortTest : public ::testing::Test {
 protected:
+    static constexpr std::array<SortMethod, 3> Methods = {SortMethod::Copy, SortMethod::Move,
+                                                          SortMethod::Rename};
+    static constexpr std::array<IfExists, 3> Choices = {IfExists::Prompt, IfExists::Skip,
+                                                        IfExists::Replace};
+
     SortTest() : target_(temp_.Folder(u"target")) {
         choices_.Method = SortMethod::Copy;
         choices_.txtTargetDir = target_;

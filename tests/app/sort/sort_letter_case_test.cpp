@@ -11,12 +11,9 @@ using namespace mdlPLM;
 
 namespace {
 
+using test::Contents;
 using test::ContentsBelow;
 using test::LostSince;
-using Contents = std::vector<Bytes>;
-
-constexpr auto Methods = {SortMethod::Copy, SortMethod::Move, SortMethod::Rename};
-constexpr auto Choices = {IfExists::Prompt, IfExists::Skip, IfExists::Replace};
 
 class SortFolding : public SortTest {
 protected:

@@ -203,11 +203,10 @@ TEST(ExtensionBox, CancelAndAnEmptyAnswerLeaveNothingToDo) {
 }
 
 TEST(NewExtension, StandsBehindTheLastDotOfTheName) {
-    EXPECT_EQ(PathWithExtension(u"/m/a.b.mp3", u"ogg"), u"/m/a.b.ogg");
-    EXPECT_EQ(PathWithExtension(u"/m/a.", u"ogg"), u"/m/a.ogg");
-    EXPECT_EQ(PathWithExtension(u"/m.x/a", u"ogg"), u"/m.x/aogg");
-    EXPECT_EQ(PathWithExtension(u"C:\\m.x\\a", u"ogg"), u"C:\\m.x\\aogg");
-    EXPECT_EQ(PathWithExtension(u"a.mp3", u""), u"a.");
+    EXPECT_EQ(NameWithExtension(u"a.b.mp3", u"ogg"), u"a.b.ogg");
+    EXPECT_EQ(NameWithExtension(u"a.", u"ogg"), u"a.ogg");
+    EXPECT_EQ(NameWithExtension(u"a", u"ogg"), u"aogg");
+    EXPECT_EQ(NameWithExtension(u"a.mp3", u""), u"a.");
 }
 
 class Batch : public testing::Test {

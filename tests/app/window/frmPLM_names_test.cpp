@@ -104,8 +104,8 @@ void FrmPLMNamesTest::PatternBoxesAreFilledFromTheirFiles() {
 void FrmPLMNamesTest::PatternBoxesSayWhichFieldsThereAre() {
     for (const char* box : {"cmbInPattern", "cmbOutPattern"}) {
         const QString tip = plm_->Get<QComboBox>(box).toolTip();
-        for (const FieldWord& field : FieldWords)
-            QVERIFY2(tip.contains(u'%' + ToQt(field.Word)), box);
+        for (const NameField& field : NameFields)
+            QVERIFY2(tip.contains(ToQt(field.Placeholder)), box);
     }
 }
 

@@ -8,24 +8,10 @@
 #include "app/shared/qt_elided_label.h"
 #include "core/platform/path.h"
 #include "tests/support/qt_main_window.h"
+#include "tests/support/qt_text_viewer.h"
 #include "tests/support/real_mp3.h"
 
 using namespace mdlPLM;
-
-namespace {
-
-/// Takes the place of the system's program for text files.
-class TextViewer : public QObject {
-    Q_OBJECT
-
-public:
-    QList<QUrl> Opened;
-
-public slots:
-    void open(const QUrl& url) { Opened << url; }
-};
-
-}  // namespace
 
 class FrmPLMPlayerTest : public QObject {
     Q_OBJECT
@@ -259,7 +245,7 @@ void FrmPLMPlayerTest::ClosedWindowPlaysNothing() {
 }
 
 void FrmPLMPlayerTest::HelpOpensTheHelpText() {
-    TextViewer viewer;
+    test::TextViewer viewer;
     QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "open");
     const Text help = plm_->Folder.File(u"program/plm.txt", "help");
     plm_->Trigger("mnuHelpMe");

@@ -16,22 +16,10 @@
 #include "core/platform/path.h"
 #include "tests/support/qt_keyboard.h"
 #include "tests/support/qt_main_window.h"
+#include "tests/support/qt_panel_frames.h"
 #include "tests/support/real_mp3.h"
 
 using namespace mdlPLM;
-
-namespace {
-
-class PanelFrames : public OtherFramesText {
-public:
-    [[nodiscard]] const Bytes& OtherFrames() const override { return frames_; }
-    void SetOtherFrames(Bytes text) override { frames_ = std::move(text); }
-
-private:
-    Bytes frames_;
-};
-
-}  // namespace
 
 class KeyboardTest : public QObject {
     Q_OBJECT
@@ -68,7 +56,7 @@ private:
     }
 
     std::unique_ptr<MainWindow> plm_;
-    PanelFrames frames_;
+    test::PanelFrames frames_;
 };
 
 void KeyboardTest::init() {

@@ -6,7 +6,7 @@
 namespace mdlPLM {
 namespace {
 
-using Sources = std::array<FieldSource, FieldWords.size()>;
+using Sources = std::array<FieldSource, NameFields.size()>;
 constexpr FieldSource None = FieldSource::None;
 constexpr FieldSource V1 = FieldSource::V1;
 constexpr FieldSource V2 = FieldSource::V2;

@@ -13,11 +13,10 @@ using test::LikeJpeg;
 using test::Noise;
 using test::Nul;
 using test::Nuls;
+using test::Picture;
 using test::PlainSizeFrame;
+using test::TenBytes;
 using test::TextFrame;
-
-const Bytes Picture = Frame("APIC", Nul + "image/png" + Nuls(2) + Noise(5000));
-const Bytes TenBytes = "\xFF\xFB\x90\x64" + Bytes("audio!");
 
 std::vector<std::size_t> Starts(const Bytes& tagText) {
     std::vector<std::size_t> starts;

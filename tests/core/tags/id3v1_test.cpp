@@ -29,6 +29,20 @@ TEST(PadString, ANegativeLengthIsZeroAndAnEmptyPadAddsNothing) {
     EXPECT_EQ(PadString("abc", 2, ""), "ab");
 }
 
+TEST(FieldText, TheContinuationIsPutBehindBeforeTrimming) {
+    EXPECT_EQ(FieldText(BytesView(" a \0x", 5), "b "), "a b");
+    EXPECT_EQ(FieldText("a", ""), "a");
+}
+
+TEST(Continuation, StandsBetweenTheFirstTwoNuls) {
+    EXPECT_EQ(Continuation(BytesView("Gold\0 rest\0x", 12)), " rest");
+    EXPECT_EQ(Continuation(BytesView("\0rest", 5)), "rest");
+    EXPECT_EQ(Continuation("Gold"), "");
+    EXPECT_EQ(Continuation(BytesView("Gold\0", 5)), "");
+    EXPECT_EQ(UpToNul(BytesView(" Gold\0rest", 10)), " Gold");
+    EXPECT_EQ(UpToNul("Gold"), "Gold");
+}
+
 TEST(FieldText, EndsAtTheFirstNulAndIsTrimmed) {
     EXPECT_EQ(FieldText(Bytes("  a b \0 tail", 12)), "a b");
     EXPECT_EQ(FieldText("\ta"), "\ta");
