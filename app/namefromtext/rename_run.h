@@ -4,9 +4,11 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <vector>
 
 #include "app/namefromtext/filled_tags.h"
+#include "app/sort/file_mover.h"
 #include "core/names/own_files.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
@@ -57,6 +59,8 @@ public:
     /// `settings` are those of this moment; `disk` and `prompts` must outlive the run.
     RenameRun(std::vector<RenamePair> pairs, RunChoices choices, Settings settings, Disk& disk,
               Prompts& prompts);
+    RenameRun(const RenameRun&) = delete;
+    RenameRun& operator=(const RenameRun&) = delete;
     /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
     void WriteTagsThrough(TagWriter& writer) { writer_ = &writer; }
 
@@ -77,7 +81,6 @@ public:
     [[nodiscard]] const RunReport& Report() const { return report_; }
 
 private:
-    enum class Outcome { Named, Kept, Missing, Failed, Cancelled };
     struct OwnTags;
     /// A pair whose tags are being saved, and what is to be done then.
     struct Unsettled {
@@ -90,9 +93,8 @@ private:
     void HandlePair(const RenamePair& pair);
     [[nodiscard]] Message NoNameLeft(const RenamePair& pair) const;
     void HandleFile(const RenamePair& pair, Unsettled& left);
-    Outcome RenameTo(const RenamePair& pair, const Text& newPath);
-    Outcome RenameFile(const RenamePair& pair, const Text& newPath, IfTargetExists ifExists);
-    Outcome TakeExistingTarget(const RenamePair& pair, const Text& newPath);
+    MoverRules MovingRules();
+    [[nodiscard]] bool IsWaiting(TextView path) const;
     [[nodiscard]] bool SetsAttributes() const;
     void LiftProtection(const Text& path);
     void SetAttributes(const Text& path);
@@ -105,7 +107,8 @@ private:
     void CommitTags();
     void Settle();
     void SettleFirst();
-    void CountOutcome(Outcome outcome);
+    /// `moved`: nothing for a file that is not there.
+    void Count(std::optional<MoveResult> moved, const RenamePair& pair);
     void Fail(TextView path, const Message& message);
     void FailWith(TextView path, ErrorNumber number);
 
@@ -116,6 +119,7 @@ private:
     Prompts& prompts_;
     TagWriter* writer_ = nullptr;  // none: into the files
     OwnFiles own_;
+    FileMover mover_;
     SaveGroup group_;
     std::deque<SaveResult> results_;  // known, and not told yet
     std::deque<Unsettled> unsettled_;

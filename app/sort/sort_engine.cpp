@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "app/sort/artist_folders.h"
-#include "app/sort/file_transfer.h"
+#include "app/sort/file_mover.h"
 #include "app/sort/sort_folders.h"
 #include "core/platform/path.h"
 
@@ -35,6 +35,18 @@ bool CountsArtists(SortStart start, const SortChoices& choices) {
            choices.chkSubFolder && ArtistThreshold(choices) > 0;
 }
 
+/// After "No" a file that stays in its folder stays in the list as well.
+MoverRules MoverRulesOf(const SortRules& rules) {
+    const SortChoices& choices = rules.Choices;
+    MoverRules moving{choices.Method, choices.Exists};
+    const bool rename = choices.Method == SortMethod::Rename;
+    moving.Leave = rename ? MoveResult::Stays : MoveResult::LeftAlone;
+    const Settings& settings = rules.Context.Values;
+    if (settings.bSetAttributes) moving.Attributes = AttributesToSet(settings);
+    moving.Words = choices.Words;
+    return moving;
+}
+
 Text ReasonWith(Status status, TextView name, const Language& words) {
     return words(Describe(status.Number())) + u" (\"" + Text(name) + u"\")";
 }
@@ -43,7 +55,7 @@ Text ReasonWith(Status status, TextView name, const Language& words) {
 
 /// The run itself; SortRun hands out what it has to tell.
 struct SortRun::Implementation {
-    using Result = FileTransfer::Result;
+    using Result = MoveResult;
 
     Implementation(SortRun& run, FileList& list, SortRules rules, Disk& disk, Prompts& prompts);
 
@@ -71,7 +83,7 @@ struct SortRun::Implementation {
     FileList& List;
     const SortRules Rules;
     Disk& Files;
-    FileTransfer Transfer;
+    FileMover Mover;
     const std::vector<FileList::Index> Rows;  ///< the entries, as rows of the list at the start
     std::size_t ToNote = 0;                   ///< entries whose files are noted as the run's own
     std::size_t Noted = 0;
@@ -93,7 +105,7 @@ SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules 
       List(list),
       Rules(std::move(rules)),
       Files(disk),
-      Transfer(Rules, disk, prompts, list.OwnFilesOfSorts()),
+      Mover(MoverRulesOf(Rules), disk, prompts, list.OwnFilesOfSorts()),
       Rows(list.SelectedRows()),
       ToNote(Rules.Choices.Exists == IfExists::Replace ? Rows.size() : 0),
       Artists(Rules, disk),
@@ -101,12 +113,12 @@ SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules 
 
 bool SortRun::Implementation::Ended() const {
     const SortReport& report = Run.report_;
-    return report.Stopped || report.Cancelled || (AllLookedAt() && !Transfer.UnderWay());
+    return report.Stopped || report.Cancelled || (AllLookedAt() && !Mover.UnderWay());
 }
 
 void SortRun::Implementation::Step() {
-    if (Transfer.UnderWay()) {
-        Settle(Transfer.Continue());
+    if (Mover.UnderWay()) {
+        Settle(Mover.Continue());
     } else if (Run.stop_ && !AllLookedAt()) {
         Run.report_.Stopped = true;
     } else if (Noted < ToNote) {
@@ -173,13 +185,13 @@ SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& so
     const Status status = EnsureFolders(levels, Files, folder);
     if (!status.Ok()) return Fail(ReasonWith(status, folder, choices.Words));
     Run.progress_.Target = levels.back() + Separator + names.NewName;
-    return Transfer.CopyOrMoveFile(source, Run.progress_.Target);
+    return Mover.CopyOrMoveFile(source, Run.progress_.Target);
 }
 
 SortRun::Implementation::Result SortRun::Implementation::RenameFile(const Text& source,
                                                                     const SortNames& names) {
     Run.progress_.Target = FolderOfPath(source) + names.NewName;
-    return Transfer.RenameFile(source, Run.progress_.Target);
+    return Mover.RenameFile(source, Run.progress_.Target);
 }
 
 SortRun::Implementation::Result SortRun::Implementation::Fail(Text reason) {
@@ -205,8 +217,8 @@ void SortRun::Implementation::Leave() {
 }
 
 void SortRun::Implementation::Settle(Result result) {
-    Run.progress_.FileDone = Transfer.Copied();
-    Run.progress_.FileTotal = Transfer.Total();
+    Run.progress_.FileDone = Mover.Copied();
+    Run.progress_.FileTotal = Mover.Total();
     switch (result) {
         case Result::UnderWay:
             return;
@@ -219,7 +231,7 @@ void SortRun::Implementation::Settle(Result result) {
                  Reason.empty() ? Rules.Choices.Words(TargetExists) : Reason);
             break;
         case Result::Failed:
-            if (Reason.empty()) Reason = Transfer.Reason();
+            if (Reason.empty()) Reason = Mover.Reason();
             Run.report_.Failures.push_back({Run.progress_.Source, Reason});
             Note(SortedFile::Outcome::Failed, Reason);
             break;
