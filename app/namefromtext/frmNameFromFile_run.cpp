@@ -155,7 +155,7 @@ void frmNameFromFile::ShowNextPair() {
 }
 
 void frmNameFromFile::EndRun() {
-    const RunReport report = run_->Report();
+    const RenameReport report = run_->Report();
     if (!report.Stopped) progress_->ShowDone();
     if (report.Completed) ClearAfterRun();
     failures_ = report.Failures;

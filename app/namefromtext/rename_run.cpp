@@ -42,6 +42,10 @@ public:
     std::vector<ErrorNumber> Numbers;
 };
 
+bool HasItsName(std::optional<MoveResult> moved) {
+    return moved == MoveResult::Handled || moved == MoveResult::InPlace;
+}
+
 struct CountedPairs {
     std::size_t Count;
     const char* What;
@@ -55,7 +59,7 @@ bool MayRename(std::size_t oldFiles, std::size_t newNames, Prompts& prompts) {
     return prompts.AskYesNo(CountQuestion(newNames < oldFiles ? u"fewer" : u"more")) == Answer::Yes;
 }
 
-Text SummaryText(const RunReport& report, const Language& words) {
+Text SummaryText(const RenameReport& report, const Language& words) {
     const CountedPairs counts[] = {
         {report.Renamed, PLM_TRANSLATE("Texts", "%1 renamed")},
         {report.Kept, PLM_TRANSLATE("Texts", "%1 kept")},
@@ -142,14 +146,14 @@ void RenameRun::HandleFile(const RenamePair& pair, Unsettled& left) {
     if (disk_.Exists(pair.OldPath)) {
         own = ReadOwnTags(pair.OldPath);
         moved = mover_.RenameFile(pair.OldPath, newPath);
-        left.Attributed = moved == MoveResult::Handled ? newPath : pair.OldPath;
+        left.Attributed = HasItsName(moved) ? newPath : pair.OldPath;
     } else {
         // Where neither is there, nothing is written or shown.
         if (!disk_.Exists(newPath)) return Count({}, pair);
         own = ReadOwnTags(newPath);
     }
     Count(moved, pair);
-    if (moved == MoveResult::Handled) own.Opened.LookAgainAfterRename();
+    if (HasItsName(moved)) own.Opened.LookAgainAfterRename();
     // After "No" the new path is the other, existing file's: its tags are written all the same, on
     // purpose. After a failure it is not known whose it is.
     if (moved == MoveResult::LeftAlone) (void)own.Opened.Close();
@@ -274,7 +278,7 @@ void RenameRun::Count(std::optional<MoveResult> moved, const RenamePair& pair) {
     }
     switch (*moved) {
         case MoveResult::Failed:
-            return Fail(pair.OldPath, RenameMessage(mover_.Error(), pair.OldPath));
+            return Fail(pair.OldPath, RenameMessage(mover_.Reason().Error, pair.OldPath));
         case MoveResult::Cancelled:
             report_.Cancelled = ended_ = true;
             return;
@@ -283,6 +287,7 @@ void RenameRun::Count(std::optional<MoveResult> moved, const RenamePair& pair) {
             ++report_.Kept;
             return;
         case MoveResult::Handled:
+        case MoveResult::InPlace:
         case MoveResult::UnderWay:
             ++report_.Renamed;
             return;

@@ -41,7 +41,7 @@ struct RunFailure {
     std::size_t Pair = 0;  ///< its place
 };
 
-struct RunReport {
+struct RenameReport {
     std::size_t Renamed = 0;           ///< renamed, or bearing the new name already
     std::size_t Kept = 0;              ///< left alone for the sake of a file that exists
     std::size_t Missing = 0;           ///< old file not there
@@ -52,7 +52,7 @@ struct RunReport {
 };
 
 /// "3 renamed, 1 kept, 2 failed": the line under the lists after a run.
-Text SummaryText(const RunReport& report, const Language& words = {});
+Text SummaryText(const RenameReport& report, const Language& words = {});
 
 class RenameRun {
 public:
@@ -78,7 +78,7 @@ public:
     /// The stop flag: no further pair is begun, and the closing steps are not due. Tags that wait
     /// to be written are written in the steps that follow.
     void Stop();
-    [[nodiscard]] const RunReport& Report() const { return report_; }
+    [[nodiscard]] const RenameReport& Report() const { return report_; }
 
 private:
     struct OwnTags;
@@ -126,7 +126,7 @@ private:
     std::size_t done_ = 0;
     std::size_t settled_ = 0;
     bool ended_ = false;  // no further pair is begun
-    RunReport report_;
+    RenameReport report_;
 };
 
 }  // namespace mdlPLM

@@ -7,6 +7,15 @@
 
 namespace mdlPLM {
 
+namespace {
+
+Answer AnswerOf(TargetDecision decision) {
+    if (decision == TargetDecision::Replace) return Answer::Yes;
+    return decision == TargetDecision::Leave ? Answer::No : Answer::Cancel;
+}
+
+}  // namespace
+
 FileMover::FileMover(MoverRules rules, Disk& disk, Prompts& prompts, OwnFiles& ownFiles)
     : rules_(std::move(rules)), disk_(disk), prompts_(prompts), ownFiles_(ownFiles) {}
 
@@ -24,10 +33,11 @@ bool FileMover::IsOtherSpelling(TextView source, TextView destination) const {
 }
 
 MoveResult FileMover::CopyOrMoveFile(TextView source, TextView destination) {
+    Begin();
     const bool respell = rules_.Method == SortMethod::Move && IsOtherSpelling(source, destination);
     const bool exists = disk_.Exists(destination);
     if (exists && disk_.IsSameFile(source, destination))
-        return respell ? Rename(source, destination, IfTargetExists::Fail) : MoveResult::Handled;
+        return respell ? Rename(source, destination, IfTargetExists::Fail) : MoveResult::InPlace;
     SetAttributes(source);
     if (!exists) return Put(source, destination, IfTargetExists::Fail);
     // Some file systems give each spelling an identity of its own: the rename finds out.
@@ -37,10 +47,11 @@ MoveResult FileMover::CopyOrMoveFile(TextView source, TextView destination) {
 }
 
 MoveResult FileMover::RenameFile(TextView oldPath, TextView newPath) {
-    if (oldPath == newPath) return MoveResult::Handled;
+    Begin();
+    if (oldPath == newPath) return MoveResult::InPlace;
     const bool respell = SameLetters(oldPath, newPath);
     const bool exists = !respell && disk_.Exists(newPath);
-    if (exists && disk_.IsSameFile(oldPath, newPath)) return MoveResult::Handled;
+    if (exists && disk_.IsSameFile(oldPath, newPath)) return MoveResult::InPlace;
     SetAttributes(oldPath);
     if (exists) return FileExistActions(oldPath, newPath);
     return Put(oldPath, newPath, IfTargetExists::Fail);
@@ -63,15 +74,28 @@ MoveResult FileMover::FileExistActions(TextView strOldFile, TextView strNewFile)
 TargetDecision FileMover::Decide(TextView destination) {
     const bool own = rules_.Exists == IfExists::Replace && ownFiles_.Contains(destination, disk_);
     const IfExists choice = own ? IfExists::Prompt : rules_.Exists;
-    if (rules_.BeforeTarget) rules_.BeforeTarget(destination, choice == IfExists::Prompt);
-    return DecideExistingTarget(choice, destination, prompts_);
+    const bool asks = choice == IfExists::Prompt;
+    if (rules_.BeforeTarget) rules_.BeforeTarget(destination, asks);
+    const TargetDecision decision = DecideExistingTarget(choice, destination, prompts_);
+    replaces_ = decision == TargetDecision::Replace;
+    if (asks) {
+        question_ = ExistingTargetQuestion(destination).Body;
+        answered_ = AnswerOf(decision);
+    }
+    return decision;
+}
+
+void FileMover::TellTarget(FileOutcome& outcome) const {
+    outcome.Replaced = replaces_ && outcome.What == FileFate::Done;
+    outcome.Question = question_;
+    outcome.Answered = answered_;
 }
 
 MoveResult FileMover::Put(TextView source, TextView destination, IfTargetExists ifExists) {
     if (rules_.Method == SortMethod::Copy) return BeginCopy(source, destination, ifExists);
     const MoveResult moved = Rename(source, destination, ifExists);
     const bool mayCopy = rules_.Method == SortMethod::Move && moved == MoveResult::Failed;
-    if (mayCopy && Error() == ErrorNumber::DifferentDrive)
+    if (mayCopy && error_.Number() == ErrorNumber::DifferentDrive)
         return BeginCopy(source, destination, ifExists);
     return moved;
 }
@@ -124,11 +148,8 @@ MoveResult FileMover::Settle(Status status) {
     return status.Ok() ? MoveResult::Handled : MoveResult::Failed;
 }
 
-Text FileMover::Reason() const {
-    Text reason = rules_.Words(Describe(error_.Number()));
-    if (!sourceStays_) return reason;
-    return rules_.Words(PLM_TRANSLATE("Texts", "Copied, but the original could not be removed: %1"),
-                        {reason});
+Cause FileMover::Reason() const {
+    return {sourceStays_ ? Why::SourceStays : Why::SystemError, error_.Number()};
 }
 
 void FileMover::SetAttributes(TextView path) {

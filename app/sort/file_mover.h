@@ -6,21 +6,22 @@
 #include <memory>
 #include <optional>
 
+#include "app/list/run.h"
 #include "core/names/existing_target.h"
 #include "core/names/own_files.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
-#include "core/text/language.h"
 
 namespace mdlPLM {
 
 /// What becomes of a file; each run has its own idea of "Leave" (see MoverRules).
 enum class MoveResult {
     Handled,    ///< it is in its place: the entry is done
+    InPlace,    ///< it was there already: nothing was done, and the entry is done
     LeftAlone,  ///< the entry is done too, but the target that was there is left as it is
     Stays,      ///< nothing was done and the entry stays
-    Failed,     ///< see Error() and Reason(); nothing is lost and the entry stays
+    Failed,     ///< see Reason(); nothing is lost and the entry stays
     Cancelled,  ///< Cancel in the question; the entry stays
     UnderWay,   ///< a copy that goes on with Continue
 };
@@ -40,7 +41,6 @@ struct MoverRules {
     std::optional<int> Attributes = {};
     /// Called before an existing target is looked at closely; `asks`: a question follows.
     std::function<void(TextView target, bool asks)> BeforeTarget = {};
-    Language Words = {};  ///< why a file failed is said in it
 };
 
 class FileMover {
@@ -58,9 +58,9 @@ public:
     MoveResult Continue();
 
     /// Why the last file failed.
-    [[nodiscard]] ErrorNumber Error() const { return error_.Number(); }
-    /// The same in words.
-    [[nodiscard]] Text Reason() const;
+    [[nodiscard]] Cause Reason() const;
+    /// Notes what was asked about the last file, and whether it took the place of another one.
+    void TellTarget(FileOutcome& outcome) const;
     /// Bytes of the copy under way; 0 without one.
     [[nodiscard]] std::int64_t Copied() const { return copy_ ? copy_->Copied() : 0; }
     [[nodiscard]] std::int64_t Total() const { return copy_ ? copy_->Total() : 0; }
@@ -74,6 +74,7 @@ private:
     MoveResult Rename(TextView from, TextView to, IfTargetExists ifExists);
     MoveResult EndCopy();
     [[nodiscard]] TargetDecision Decide(TextView destination);
+    void Begin() { replaces_ = false, question_.clear(), answered_.reset(); }
     void NoteMade(TextView to);
     MoveResult Settle(Status status);
     void SetAttributes(TextView path);
@@ -86,6 +87,9 @@ private:
     Text destination_;  ///< of the copy under way
     OwnFiles& ownFiles_;
     Status error_;
+    bool replaces_ = false;  ///< the target that exists may be replaced
+    Text question_;          ///< about the last file; empty: none
+    std::optional<Answer> answered_;
     bool sourceStays_ = false;  ///< moved as far as a copy, but the source could not be removed
 };
 

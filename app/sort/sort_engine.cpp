@@ -18,8 +18,6 @@ constexpr std::size_t PreparedPerStep = 32;
 /// Files that are noted as the run's own in one step: a look at each.
 constexpr std::size_t NotedPerStep = 1024;
 
-constexpr const char* TargetExists = PLM_TRANSLATE("Texts", "There is a file of its new name");
-
 constexpr std::array<const char*, 3> MethodTexts = {PLM_TRANSLATE("Texts", "Copying file:"),
                                                     PLM_TRANSLATE("Texts", "Moving file:"),
                                                     PLM_TRANSLATE("Texts", "Renaming file:")};
@@ -43,12 +41,7 @@ MoverRules MoverRulesOf(const SortRules& rules) {
     moving.Leave = rename ? MoveResult::Stays : MoveResult::LeftAlone;
     const Settings& settings = rules.Context.Values;
     if (settings.bSetAttributes) moving.Attributes = AttributesToSet(settings);
-    moving.Words = choices.Words;
     return moving;
-}
-
-Text ReasonWith(Status status, TextView name, const Language& words) {
-    return words(Describe(status.Number())) + u" (\"" + Text(name) + u"\")";
 }
 
 }  // namespace
@@ -66,9 +59,10 @@ struct SortRun::Implementation {
     Result SortEntry(const Text& source);
     Result SortFile(const Text& source, const SortNames& names);
     Result RenameFile(const Text& source, const SortNames& names);
-    Result Fail(Text reason);
-    Result Stay(Text reason);
-    void Note(SortedFile::Outcome outcome, Text reason);
+    Result Fail(Cause reason);
+    Result Stay(Why reason);
+    FileOutcome Outcome(FileFate what);
+    void Note(FileFate what);
     void Leave();
     void Settle(Result result);
     void Flush();
@@ -96,7 +90,7 @@ struct SortRun::Implementation {
     std::vector<FileList::Index> Handled;  ///< handled rows still in the list, as they are now
     FileList::Index Removed = 0;           ///< handled rows that are out of the list
     FileList::Index NextRow = 0;
-    Text Reason;  ///< why the entry in hand is not sorted
+    Cause Reason;  ///< why the entry in hand is not sorted
 };
 
 SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules rules, Disk& disk,
@@ -112,8 +106,7 @@ SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules 
       NextRow(list.Count()) {}
 
 bool SortRun::Implementation::Ended() const {
-    const SortReport& report = Run.report_;
-    return report.Stopped || report.Cancelled || (AllLookedAt() && !Mover.UnderWay());
+    return Run.report_.Broken() || (AllLookedAt() && !Mover.UnderWay());
 }
 
 void SortRun::Implementation::Step() {
@@ -152,7 +145,9 @@ void SortRun::Implementation::MakeSomeFolders() {
         Text folder;
         const Status status = EnsureFolders(ToMake[Made], Files, folder);
         if (status.Ok()) continue;
-        Run.report_.Failures.push_back({folder, Rules.Choices.Words(Describe(status.Number()))});
+        FileOutcome failed{folder, {}, FileFate::Failed, {Why::SystemError, status.Number()}};
+        failed.Folder = true;
+        Run.report_.Files.push_back(std::move(failed));
     }
 }
 
@@ -160,13 +155,11 @@ SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& s
     Run.progress_.Source = source;
     Run.progress_.Target.clear();
     const PathKind kind = Files.KindOf(source);
-    if (kind == PathKind::Nothing)
-        return Stay(Rules.Choices.Words(PLM_TRANSLATE("Texts", "The file is missing")));
+    if (kind == PathKind::Nothing) return Stay(Why::Missing);
     // A list can name folders, but nobody asked for a new name or place of a whole folder.
-    if (kind == PathKind::Folder)
-        return Fail(Rules.Choices.Words(Describe(ErrorNumber::PathFileAccess)));
+    if (kind == PathKind::Folder) return Fail({Why::SystemError, ErrorNumber::PathFileAccess});
     const SortNames names = NamesOf(source, Rules, Files);
-    if (!names.Fault.empty()) return Fail(names.Fault);
+    if (names.Fault.Any()) return Fail(names.Fault);
     return Rules.Choices.Method == SortMethod::Rename ? RenameFile(source, names)
                                                       : SortFile(source, names);
 }
@@ -179,11 +172,11 @@ SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& so
     const bool exempt = ArtistThreshold(choices) == 0 && IsLastOfList();
     if (choices.chkSubFolder && !exempt &&
         !AddArtistFolder(levels, names.ArtistName, choices, Files)) {
-        return Stay(choices.Words(PLM_TRANSLATE("Texts", "Its name has no artist")));
+        return Stay(Why::NoArtist);
     }
     Text folder;
     const Status status = EnsureFolders(levels, Files, folder);
-    if (!status.Ok()) return Fail(ReasonWith(status, folder, choices.Words));
+    if (!status.Ok()) return Fail({Why::SystemError, status.Number(), folder});
     Run.progress_.Target = levels.back() + Separator + names.NewName;
     return Mover.CopyOrMoveFile(source, Run.progress_.Target);
 }
@@ -194,24 +187,31 @@ SortRun::Implementation::Result SortRun::Implementation::RenameFile(const Text& 
     return Mover.RenameFile(source, Run.progress_.Target);
 }
 
-SortRun::Implementation::Result SortRun::Implementation::Fail(Text reason) {
+SortRun::Implementation::Result SortRun::Implementation::Fail(Cause reason) {
     Reason = std::move(reason);
     return Result::Failed;
 }
 
-SortRun::Implementation::Result SortRun::Implementation::Stay(Text reason) {
-    Reason = std::move(reason);
+SortRun::Implementation::Result SortRun::Implementation::Stay(Why reason) {
+    Reason = {reason};
     return Result::Stays;
 }
 
-void SortRun::Implementation::Note(SortedFile::Outcome outcome, Text reason) {
-    Text target = outcome == SortedFile::Outcome::Done ? Run.progress_.Target : Text();
-    Run.report_.Files.push_back(
-        {outcome, Run.progress_.Source, std::move(target), std::move(reason)});
+FileOutcome SortRun::Implementation::Outcome(FileFate what) {
+    const RunProgress& now = Run.progress_;
+    FileOutcome outcome{now.Source, now.Target, what, std::exchange(Reason, {})};
+    // What never got as far as a target was not asked about.
+    if (!outcome.NewPath.empty()) Mover.TellTarget(outcome);
+    return outcome;
+}
+
+void SortRun::Implementation::Note(FileFate what) {
+    Run.report_.Files.push_back(Outcome(what));
+    ++Next;
+    Run.progress_.Done = Next;
 }
 
 void SortRun::Implementation::Leave() {
-    ++Run.report_.Handled;
     NextRow = RowNow(Next) - Handled.size();
     Handled.push_back(RowNow(Next));
 }
@@ -223,31 +223,21 @@ void SortRun::Implementation::Settle(Result result) {
         case Result::UnderWay:
             return;
         case Result::Cancelled:
-            Run.report_.Cancelled = true;
+            Run.report_.Cancelled = Outcome(FileFate::Skipped);
             return;
-        case Result::Stays:
-            ++Run.report_.Skipped;
-            Note(SortedFile::Outcome::Skipped,
-                 Reason.empty() ? Rules.Choices.Words(TargetExists) : Reason);
-            break;
         case Result::Failed:
-            if (Reason.empty()) Reason = Mover.Reason();
-            Run.report_.Failures.push_back({Run.progress_.Source, Reason});
-            Note(SortedFile::Outcome::Failed, Reason);
-            break;
+            if (!Reason.Any()) Reason = Mover.Reason();
+            return Note(FileFate::Failed);
+        case Result::Stays:
         case Result::LeftAlone:
-            ++Run.report_.LeftAlone;
-            Note(SortedFile::Outcome::Skipped, Rules.Choices.Words(TargetExists));
-            Leave();
-            break;
+            if (!Reason.Any()) Reason = {Why::TargetExists};
+            if (result == Result::LeftAlone) Leave();
+            return Note(FileFate::Skipped);
+        case Result::InPlace:
         case Result::Handled:
-            Note(SortedFile::Outcome::Done, {});
             Leave();
-            break;
+            return Note(result == Result::Handled ? FileFate::Done : FileFate::Unchanged);
     }
-    Reason.clear();
-    ++Next;
-    Run.progress_.Done = Next;
 }
 
 void SortRun::Implementation::Flush() {
@@ -261,11 +251,13 @@ void SortRun::Implementation::Flush() {
     Handled.clear();
 }
 
-SortRun::SortRun(FileList& list, SortChoices choices, SortStart start, const NamingContext& context,
-                 Disk& disk, Prompts& prompts) {
+SortRun::SortRun(FileList& list, SortChoices choices, SortStart start, const NamingContext& naming,
+                 Disk& disk, Prompts& prompts)
+    : kept_(naming), naming_(kept_.Context()) {
     const bool multiple = list.SelectedCount() >= 2;
-    progress_.Method = choices.Words(MethodTexts.at(static_cast<std::size_t>(choices.Method)));
-    SortRules rules{InForce(std::move(choices)), multiple, context};
+    progress_.What = choices.Words(PLM_TRANSLATE("Texts", "Sorting"));
+    progress_.Each = choices.Words(MethodTexts.at(static_cast<std::size_t>(choices.Method)));
+    SortRules rules{InForce(std::move(choices)), multiple, naming_};
     impl_ = std::make_unique<Implementation>(*this, list, std::move(rules), disk, prompts);
     progress_.Total = impl_->Rows.size();
     if (CountsArtists(start, impl_->Rules.Choices)) impl_->ToCount = impl_->Rows.size();
@@ -282,6 +274,15 @@ bool SortRun::Step() {
     }
     return !finished_;
 }
+
+bool SortRun::Stop() {
+    stop_ = true;
+    return false;
+}
+
+void SortRun::Finish(bool /*stopped*/) { FlushRemovals(); }
+
+std::size_t SortRun::Handled() const { return impl_->Removed + impl_->Handled.size(); }
 
 void SortRun::FlushRemovals() { impl_->Flush(); }
 

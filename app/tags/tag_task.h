@@ -18,7 +18,7 @@ public:
         return run_.Finished();
     }
     void Finish(bool /*stopped*/) override { ended_(run_.Report()); }
-    [[nodiscard]] TaskProgress Progress() const override {
+    [[nodiscard]] RunProgress Progress() const override {
         return {what_, run_.Done(), run_.Total()};
     }
 

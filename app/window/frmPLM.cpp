@@ -292,7 +292,7 @@ void frmPLM::Work_BusyChanged(bool busy) {
 void frmPLM::Work_Progressed() {
     if (sort_ != nullptr) Sort_Progressed();
     if (!isEnabled()) return;  // frmSorting shows it
-    const TaskProgress progress = work_.Current()->Progress();
+    const RunProgress progress = work_.Current()->Progress();
     lblStatus_->setText(ToQt(progress.What));
     // A bar without a total says that work goes on.
     prgWork_->setRange(0, static_cast<int>(progress.Total));

@@ -28,7 +28,7 @@ class frmPLM;
 class frmNameFromFile;
 class frmPLM_tagpanel;
 class frmSorting;
-class SortTask;
+class SortRun;
 class TextToolHost;
 
 class frmPLM : public QMainWindow {
@@ -191,7 +191,7 @@ private:
     QPointer<frmSorting> sorting_;
     QPointer<QWidget> focusBeforeRun_;
     AnnouncedPrompts sortAsk_{context_.Ask, [this] { ShowSorting(); }};
-    SortTask* sort_ = nullptr;  ///< owned by work_, there while a sort is under way
+    SortRun* sort_ = nullptr;  ///< owned by work_, there while a sort is under way
     QElapsedTimer labelsShown_;
     QElapsedTimer removalsShown_;
 

@@ -7,7 +7,7 @@
 #include "app/shared/qt_enable_with_reason.h"
 #include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
-#include "app/sort/sort_task.h"
+#include "app/sort/sort_engine.h"
 #include "app/window/frmPLM.h"
 #include "app/window/frmSorting.h"
 #include "core/platform/path.h"
@@ -88,7 +88,7 @@ void frmPLM::StartSort(SortStart start) {
     const SortChoices choices = Choices();
     if (!CheckTargetFolder(choices, context_.Files, context_.Ask)) return;
     const Text inPattern = InPattern();
-    auto task = std::make_unique<SortTask>(
+    auto task = std::make_unique<SortRun>(
         list_, choices, start, NamingContext{context_.Values, context_.Replacements, inPattern},
         context_.Files, sortAsk_);
     sort_ = task.get();
@@ -120,20 +120,20 @@ void frmPLM::frmSorting_Ended() {
 void frmPLM::Sort_Progressed() {
     if (labelsShown_.elapsed() >= LabelsEvery) ShowSorting();
     if (removalsShown_.elapsed() >= RemovalsEvery) {
-        sort_->Run().FlushRemovals();
+        sort_->FlushRemovals();
         removalsShown_.start();
     }
 }
 
 void frmPLM::ShowSorting() {
-    if (sorting_ != nullptr) sorting_->ShowProgress(sort_->Run().Progress());
+    if (sorting_ != nullptr) sorting_->ShowProgress(sort_->Progress());
     labelsShown_.start();
 }
 
 void frmPLM::Sort_Done() {
-    const auto whole = std::make_shared<const SortReport>(sort_->Run().Report());
-    const SortReport& report = *whole;
-    const FileList::Index next = sort_->Run().NextRow();
+    const auto whole = std::make_shared<const RunReport>(sort_->Report());
+    const RunReport& report = *whole;
+    const FileList::Index next = sort_->NextRow();
     // What stayed is still selected; else the entry that took the last one's place is.
     if (list_.SelectedCount() == 0 && next < list_.Count()) list_.SelectOnly(next);
     selection_.SetCurrentRow(static_cast<int>(next));
@@ -149,9 +149,9 @@ void frmPLM::Sort_Done() {
         sorting_->deleteLater();
     }
     const Language words = UserLanguage();
-    SetStatus(RunStatus(ToQt(SummaryText(report, words)), report.Stopped || report.Cancelled),
-              [whole, words] { return ReportList(*whole, words); });
-    const Text failures = FailureText(report.Failures, words);
+    SetStatus(RunStatus(ToQt(SummaryText(report, SortWording, words)), report.Broken()),
+              [whole, words] { return DetailsText(*whole, SortWording, words); });
+    const Text failures = FailureText(report, SortWording, words);
     if (!failures.empty()) context_.Ask.Critical({u"PLM", failures, {}});
 }
 

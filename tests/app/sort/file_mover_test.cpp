@@ -272,7 +272,7 @@ TEST_F(SortFiles, MovingToTheOtherSpellingOnADiskThatDoesNotTellThemApartRenames
     SortRun run(list_, choices_, SortStart::All, context, disk, prompts_);
     while (run.Step()) {
     }
-    EXPECT_EQ(run.Report(), Counts(1));
+    EXPECT_EQ(ReportOf(run), Counts(1));
     EXPECT_EQ(disk.Files, (std::set<Text>{u"/m/One.mp3"}));
 }
 
@@ -580,7 +580,7 @@ TEST_F(SortFiles, AttributesAreSetOnTheSourceBeforeAnythingElse) {
         SortRun run(list_, choices_, SortStart::All, context, disk, prompts_);
         while (run.Step()) {
         }
-        EXPECT_EQ(run.Report(), Counts(1));
+        EXPECT_EQ(ReportOf(run), Counts(1));
         ASSERT_EQ(disk.Changes().size(), 2U);
         EXPECT_EQ(disk.Changes()[0].Operation, DiskOperation::SetAttributes);
         EXPECT_EQ(disk.Changes()[0].Path, source);

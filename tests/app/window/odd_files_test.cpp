@@ -146,9 +146,9 @@ TEST_P(OddFiles, AreSortedOrNamed) {
         while (run.Step()) {
         }
         ASSERT_EQ(run.Report().Files.size(), 2U);
-        EXPECT_EQ(run.Report().Files[1].What, SortedFile::Outcome::Done);
-        const SortedFile& thing = run.Report().Files[0];
-        EXPECT_EQ(thing.Reason.empty(), thing.What == SortedFile::Outcome::Done);
+        EXPECT_EQ(run.Report().Files[1].What, FileFate::Done);
+        const FileOutcome& thing = run.Report().Files[0];
+        EXPECT_EQ(thing.Reason.Any(), thing.What != FileFate::Done);
         // A link that points from its own folder leads nowhere from another one; the file stays.
         place.ExpectNothingLost();
     }
