@@ -54,7 +54,8 @@ public:
         TagRun run(std::move(paths), BatchEdit(boxes, settings));
         while (run.Step()) {
         }
-        if (!run.Report().Failures.empty()) throw std::runtime_error("not all files were tagged");
+        if (run.Report().Count(FileFate::Failed) > 0)
+            throw std::runtime_error("not all files were tagged");
     }
     void Sort(const Text& target) {
         SortChoices choices;

@@ -4,14 +4,12 @@
 #include <array>
 #include <utility>
 
+#include "app/list/file_failures.h"
 #include "core/tags/save_tags.h"
 
 namespace mdlPLM {
 
 namespace {
-
-/// A message box with more lines than this would outgrow the screen.
-constexpr std::size_t FailuresInBox = 15;
 
 Text CountText(std::size_t count) { return NumberText(static_cast<long long>(count)); }
 
@@ -44,10 +42,6 @@ Text Sentence(const Cause& reason, const Language& words) {
             return words(Sentences.at(static_cast<std::size_t>(reason.What)),
                          {words(Describe(reason.Error))});
     }
-}
-
-Text FailureLine(const FileOutcome& file, const Language& words) {
-    return u"\"" + file.Path + u"\": " + ReasonText(file.Reason, words);
 }
 
 Text DoneLine(const FileOutcome& file, const Language& words) {
@@ -108,20 +102,14 @@ Text DetailsText(const RunReport& report, const RunWording& wording, const Langu
 }
 
 Text FailureText(const RunReport& report, const RunWording& wording, const Language& words) {
-    const std::size_t failed = report.Count(FileFate::Failed);
-    if (failed == 0) return {};
-    Text text =
-        failed == 1 ? words(wording.OneFailed) : words(wording.ManyFailed, {CountText(failed)});
-    std::size_t left = FailuresInBox;
-    for (const FileOutcome& file : report.Files) {
-        if (file.What != FileFate::Failed) continue;
-        if (left-- == 0) break;
-        text += u"\n" + FailureLine(file, words);
-    }
-    if (failed > FailuresInBox)
-        text += u"\n" +
-                words(PLM_TRANSLATE("Texts", "and %1 more."), {CountText(failed - FailuresInBox)});
-    return text;
+    std::vector<FileFailure> failures;
+    for (const FileOutcome& file : report.Files)
+        if (file.What == FileFate::Failed)
+            failures.push_back({file.Path, ReasonText(file.Reason, words)});
+    if (failures.empty()) return {};
+    Text heading = failures.size() == 1 ? words(wording.OneFailed)
+                                        : words(wording.ManyFailed, {CountText(failures.size())});
+    return FailureBox(std::move(heading), failures, words);
 }
 
 }  // namespace mdlPLM

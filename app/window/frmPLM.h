@@ -125,8 +125,8 @@ private:
     void SaveAllSelected();
     void OneFileSaved(const PanelSave& saved);
     void StartTagRun(const QString& what, TagRun run);
-    void TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows);
-    void ShowTagsAfterRun(const TagReport& report);
+    void TagRun_Done(const RunReport& report, const std::vector<FileList::Index>& rows);
+    void ShowTagsAfterRun(const RunReport& report);
     void RenewNames(std::vector<FileList::Index> rows);
 
     // frmPLM_player.cpp: playing, help and about

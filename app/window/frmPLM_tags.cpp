@@ -6,7 +6,6 @@
 #include "app/shared/qt_language.h"
 #include "app/shared/qt_text.h"
 #include "app/tags/frmPLM_tagpanel.h"
-#include "app/tags/tag_task.h"
 #include "app/window/frmPLM.h"
 #include "ui_frmPLM.h"
 
@@ -113,33 +112,34 @@ void frmPLM::OneFileSaved(const PanelSave& saved) {
 
 void frmPLM::StartTagRun(const QString& what, TagRun run) {
     player_.Stop();
-    std::vector<FileList::Index> rows = list_.SelectedRows();
-    work_.Start(std::make_unique<TagTask>(
-        FromQt(what), std::move(run),
-        [this, rows = std::move(rows)](const TagReport& report) { TagRun_Done(report, rows); }));
+    run.Call(FromQt(what));
+    auto work = std::make_unique<TagRun>(std::move(run));
+    const TagRun& underWay = *work;
+    work_.Start(std::move(work), [this, &underWay, rows = list_.SelectedRows()](bool /*stopped*/) {
+        TagRun_Done(underWay.Report(), rows);
+    });
 }
 
-void frmPLM::TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows) {
+void frmPLM::TagRun_Done(const RunReport& report, const std::vector<FileList::Index>& rows) {
     ShowTagsAfterRun(report);
     UpdateCounter();
     std::vector<FileList::Index> written;
-    for (const std::size_t place : report.Written) written.push_back(rows[place]);
+    for (std::size_t i = 0; i < report.Files.size(); ++i)
+        if (report.Files[i].What == FileFate::Done) written.push_back(rows[i]);
     RenewNames(std::move(written));
     const Language words = UserLanguage();
-    Details details;
-    if (!report.Failures.empty())
-        details = [failures = report.Failures] { return FailureList(failures); };
-    SetStatus(RunStatus(ToQt(TagSummaryText(report, words)), report.Stopped), std::move(details));
-    const Text failures = TagFailureText(report.Failures, words);
+    SetStatus(RunStatus(ToQt(SummaryText(report, TagWording, words)), report.Stopped),
+              [whole = report, words] { return DetailsText(whole, TagWording, words); });
+    const Text failures = FailureText(report, TagWording, words);
     if (!failures.empty()) context_.Ask.Critical({{}, failures, {}});
 }
 
-void frmPLM::ShowTagsAfterRun(const TagReport& report) {
+void frmPLM::ShowTagsAfterRun(const RunReport& report) {
     const TagPanel& panel = tags_->Panel();
     if (panel.Now() != TagPanel::State::Batch) {
         // Another file was selected meanwhile; it may have been shown before it was written.
         if (!panel.IsEdited()) Selection_Changed(true);
-    } else if (report.Failures.empty() && !report.Stopped) {
+    } else if (report.Count(FileFate::Failed) == 0 && !report.Stopped) {
         tags_->ShowBatch();
     }
     // What could not be saved stays in the boxes for another try.

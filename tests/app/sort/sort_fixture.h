@@ -19,7 +19,7 @@ struct SortReport {
     std::size_t Skipped = 0;  ///< entries that stay without a failure
     bool Cancelled = false;
     bool Stopped = false;
-    std::vector<NamedFailure> Failures;
+    std::vector<FileFailure> Failures;
 };
 
 inline SortReport ReportOf(const SortRun& run) {
