@@ -52,8 +52,8 @@ public:
     }
     void Step() { run_->Step(); }
     void Check() const {
-        if (run_->Report().Handled == files_) return;
-        throw std::runtime_error(NativePath(FailureText(run_->Report().Failures)));
+        if (run_->Handled() == files_) return;
+        throw std::runtime_error(NativePath(FailureText(run_->Report(), SortWording)));
     }
 
 private:

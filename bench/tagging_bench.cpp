@@ -89,8 +89,8 @@ std::vector<SavePlan> PlansOf(const std::vector<Text>& paths, const Way& way) {
 }
 
 void CheckRun(const TagRun& run, const std::vector<Text>& bare, const std::vector<Text>& own) {
-    if (!run.Report().Failures.empty())
-        throw std::runtime_error(NativePath(TagFailureText(run.Report().Failures)));
+    if (run.Report().Count(FileFate::Failed) > 0)
+        throw std::runtime_error(NativePath(FailureText(run.Report(), TagWording)));
     for (std::size_t i = 0; i < bare.size(); ++i) CheckSameContents(bare[i], own[i]);
 }
 

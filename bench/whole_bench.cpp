@@ -54,7 +54,8 @@ public:
         TagRun run(std::move(paths), BatchEdit(boxes, settings));
         while (run.Step()) {
         }
-        if (!run.Report().Failures.empty()) throw std::runtime_error("not all files were tagged");
+        if (run.Report().Count(FileFate::Failed) > 0)
+            throw std::runtime_error("not all files were tagged");
     }
     void Sort(const Text& target) {
         SortChoices choices;
@@ -67,8 +68,9 @@ public:
         SortRun run(List, choices, SortStart::All, context_, disk, prompts);
         while (run.Step()) {
         }
-        if (!run.Report().Failures.empty()) throw std::runtime_error("not all files were sorted");
-        Keep(SummaryText(run.Report()));
+        if (run.Report().Count(FileFate::Failed) > 0)
+            throw std::runtime_error("not all files were sorted");
+        Keep(SummaryText(run.Report(), SortWording));
     }
 
     FileList List;

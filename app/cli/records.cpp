@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "app/list/run_texts.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
 
@@ -33,6 +34,32 @@ constexpr std::array<const char*, 4> SourceWords = {nullptr, "v2", "v1", "patter
 
 const OutcomeRow& RowOf(Outcome outcome) {
     return OutcomeRows.at(static_cast<std::size_t>(outcome));
+}
+
+Outcome WhySkipped(const FileOutcome& file, bool asks) {
+    if (file.Answered == Answer::Cancel) return Outcome::Cancelled;
+    switch (file.Reason.What) {
+        case Why::Missing:
+            return Outcome::Failed;  // who names a file that is not there made a mistake
+        case Why::TargetExists:
+            return asks ? Outcome::Asks : Outcome::Kept;
+        default:
+            return Outcome::Skipped;
+    }
+}
+
+Outcome OutcomeOf(const FileOutcome& file, Outcome done, bool asks) {
+    switch (file.What) {
+        case FileFate::Done:
+            return done;
+        case FileFate::Unchanged:
+            return Outcome::Unchanged;
+        case FileFate::Skipped:
+            return WhySkipped(file, asks);
+        case FileFate::Failed:
+            break;
+    }
+    return Outcome::Failed;
 }
 
 bool HasTarget(Outcome outcome) {
@@ -87,6 +114,18 @@ JsonObject FieldsObject(const GatheredFields& fields) {
         object.Put(ToUtf8(NameFields[i].Word()).c_str(), std::move(field));
     }
     return object;
+}
+
+FileRecord RecordOf(const Report& report, const FileOutcome& file, Outcome done) {
+    FileRecord record;
+    record.Path = file.Path;
+    record.NewPath = file.NewPath;
+    // Of a question that was answered the answer is told; a plan tells that it would come.
+    if (report.DryRun()) record.Question = Replace(file.Question, CrLf, u"\n");
+    record.What = OutcomeOf(file, done, !record.Question.empty());
+    record.Replaced = file.Replaced;
+    if (record.What != Outcome::Asks) record.Reason = ReasonText(file.Reason);
+    return record;
 }
 
 void PutRecord(Report& report, const PathSpelling& spelling, const FileRecord& record) {

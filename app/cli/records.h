@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "app/cli/inputs.h"
+#include "app/list/run.h"
 #include "core/names/fix_file_name.h"
 
 namespace mdlPLM::cli {
@@ -32,6 +33,9 @@ struct FileRecord {
     Text Reason;
     Text Question;
 };
+
+/// The record of what became of a file; `done`: what the command does with files.
+FileRecord RecordOf(const Report& report, const FileOutcome& file, Outcome done);
 
 /// Prints the record; a failure is named on the error stream as well.
 void PutRecord(Report& report, const PathSpelling& spelling, const FileRecord& record);

@@ -43,7 +43,7 @@ std::vector<RenamePair> PairsOf(const FileList& files, const std::vector<Text>& 
 }
 
 /// The failures of a pair, on one line.
-Text ReasonsOf(const RunReport& report, std::size_t pair) {
+Text ReasonsOf(const RenameReport& report, std::size_t pair) {
     const auto first = std::lower_bound(
         report.Failures.begin(), report.Failures.end(), pair,
         [](const RunFailure& failure, std::size_t wanted) { return failure.Pair < wanted; });
@@ -72,7 +72,7 @@ public:
 
 private:
     void Advance(RenameRun& run);
-    void NoteRename(const RenamePair& pair, const RunReport& now);
+    void NoteRename(const RenamePair& pair, const RenameReport& now);
     void PutSettled(const RenameRun& run);
 
     Report& report_;
@@ -129,7 +129,7 @@ void Applying::Advance(RenameRun& run) {
 }
 
 // What became of the name; the tags may still be on their way.
-void Applying::NoteRename(const RenamePair& pair, const RunReport& now) {
+void Applying::NoteRename(const RenamePair& pair, const RenameReport& now) {
     FileRecord record;
     record.Path = pair.OldPath;
     record.NewPath = JoinPath(FolderOfPath(pair.OldPath), pair.NewName);

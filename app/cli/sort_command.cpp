@@ -65,8 +65,8 @@ public:
 private:
     [[nodiscard]] bool HasTargetFolder();
     void SortAll();
-    void ShowProgress(const SortProgress& progress);
-    void Summarize(const SortReport& result);
+    void ShowProgress(const RunProgress& progress);
+    void Summarize(const RunReport& result);
 
     Session& session_;
     Report& report_;
@@ -114,18 +114,18 @@ void Sorting::SortAll() {
     Summarize(run.Report());
 }
 
-void Sorting::ShowProgress(const SortProgress& progress) {
+void Sorting::ShowProgress(const RunProgress& progress) {
     const auto number = [](auto value) { return NumberText(static_cast<long long>(value)); };
-    Text line = number(progress.Done) + u" of " + number(progress.Total) + u"  " + progress.Method +
+    Text line = number(progress.Done) + u" of " + number(progress.Total) + u"  " + progress.Each +
                 u" " + FileNameOfPath(progress.Source);
     if (progress.FileTotal > 0)
         line += u"  " + number(progress.FileDone * 100 / progress.FileTotal) + u" %";
     report_.Progress(line);
 }
 
-void Sorting::Summarize(const SortReport& result) {
-    const Text summary = SummaryText(result);
-    if (result.Stopped || result.Cancelled) {
+void Sorting::Summarize(const RunReport& result) {
+    const Text summary = SummaryText(result, SortWording);
+    if (result.Broken()) {
         report_.Fail(u"stopped: " + summary);
     } else if (!report_.Json()) {
         report_.Line((report_.DryRun() ? "would be: " : "") + ToUtf8(summary));

@@ -8,8 +8,8 @@
 
 namespace mdlPLM::cli {
 
-/// Looks at a run after each of its steps and prints a record for every file that it has settled
-/// and every folder that was made.
+/// Looks at a run after each of its steps and prints what it has settled since, and the folders
+/// that were made.
 class SortWatch {
 public:
     /// `naming`: what new names come from, for the fields of the records; nothing where names are
@@ -25,23 +25,16 @@ public:
 
 private:
     void PutFolders();
-    void PutFolderFailures(const SortReport& now);
-    void PutFile(const SortRun& run, SortMethod method);
-    void Judge(const SortRun& run, SortMethod method, FileRecord& record);
-    [[nodiscard]] Outcome WhatWasDone(FileRecord& record, SortMethod method) const;
-    [[nodiscard]] Outcome WhySkipped(FileRecord& record);
+    void PutFile(const FileOutcome& file, SortMethod method);
 
     Report& report_;
     const PathSpelling& spelling_;
     ActionLog& disk_;
     PlanningPrompts& planner_;
     const NamingContext* naming_;
-    std::vector<Action> actions_;  ///< done for the file in hand
     Text expected_;
     std::optional<GatheredFields> fields_;  ///< of the expected file
-    // What the run had told when it was looked at last.
-    std::size_t done_ = 0;
-    std::size_t failures_ = 0;
+    std::size_t told_ = 0;                  ///< records of the run that have been printed
 };
 
 }  // namespace mdlPLM::cli

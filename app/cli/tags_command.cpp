@@ -21,9 +21,9 @@ constexpr BytesView Written = "written";
 constexpr BytesView Unchanged = "unchanged";
 constexpr BytesView Failed = "failed";
 
-BytesView WordFor(SaveOutcome outcome) {
-    if (outcome == SaveOutcome::Failed) return Failed;
-    return outcome == SaveOutcome::Written ? Written : Unchanged;
+BytesView WordFor(FileFate fate) {
+    if (fate == FileFate::Failed) return Failed;
+    return fate == FileFate::Done ? Written : Unchanged;
 }
 
 bool Has(const TagBoxes& boxes, TagVersion version) {
@@ -113,9 +113,9 @@ public:
 
 private:
     [[nodiscard]] bool MayBegin(std::size_t files);
-    void Put(const TagOutcome& outcome);
-    TagResult ResultOf(const TagOutcome& outcome);
-    void Summarize(const TagReport& result);
+    void PutSettled(const RunReport& now);
+    void Put(const TagResult& result);
+    void Summarize(const RunReport& result);
 
     Session& session_;
     Report& report_;
@@ -125,6 +125,7 @@ private:
     PlanningTagWriter writer_;
     /// Of the files whose outcome is not known yet, by place: the boxes as they become.
     std::map<std::size_t, TagBoxes> boxes_;
+    std::size_t told_ = 0;  ///< records of the run that have been printed
 };
 
 // The question is the panel's; without a terminal the command itself is the answer to it, because
@@ -151,7 +152,6 @@ void Tagging::Run(std::vector<Text> paths) {
         boxes_[place] = std::move(edited.Boxes);
         return std::move(edited.Change);
     });
-    run.TellEach([this](const TagOutcome& outcome) { Put(outcome); });
     if (report_.DryRun()) run.WriteThrough(writer_);
     while (!run.Finished()) {
         place = run.Done();
@@ -160,13 +160,23 @@ void Tagging::Run(std::vector<Text> paths) {
                              NumberText(static_cast<long long>(run.Total())) + u"  " +
                              run.Current());
         (void)run.Step();
+        PutSettled(run.Report());
         if (report_.ShouldStop()) run.Stop();
     }
+    PutSettled(run.Report());
     Summarize(run.Report());
 }
 
-void Tagging::Put(const TagOutcome& outcome) {
-    const TagResult result = ResultOf(outcome);
+void Tagging::PutSettled(const RunReport& now) {
+    for (; told_ < now.Files.size(); ++told_) {
+        const FileOutcome& file = now.Files[told_];
+        Put({Text(spelling_.Shown(file.Path)), std::move(boxes_[told_]), WordFor(file.What),
+             ReasonText(file.Reason)});
+        boxes_.erase(told_);
+    }
+}
+
+void Tagging::Put(const TagResult& result) {
     const bool failed = !result.Reason.empty();
     if (report_.Json()) {
         report_.Object(ObjectOf(report_, result, true));
@@ -179,15 +189,8 @@ void Tagging::Put(const TagOutcome& outcome) {
     report_.FlushSoon();
 }
 
-TagResult Tagging::ResultOf(const TagOutcome& outcome) {
-    TagResult result{Text(spelling_.Shown(outcome.Path)), std::move(boxes_[outcome.Place]),
-                     WordFor(outcome.Outcome), outcome.Reason};
-    boxes_.erase(outcome.Place);
-    return result;
-}
-
-void Tagging::Summarize(const TagReport& result) {
-    const Text summary = TagSummaryText(result);
+void Tagging::Summarize(const RunReport& result) {
+    const Text summary = SummaryText(result, TagWording);
     if (result.Stopped) {
         report_.Fail(u"stopped: " + summary);
     } else if (!report_.Json()) {

@@ -13,12 +13,6 @@ Text Line(const FileFailure& failure) { return u"\"" + failure.Path + u"\": " + 
 
 }  // namespace
 
-Text FailureList(const std::vector<FileFailure>& failures) {
-    Text text;
-    for (const FileFailure& failure : failures) text += Line(failure) + u"\n";
-    return text;
-}
-
 Text FailureBox(Text heading, const std::vector<FileFailure>& failures, const Language& words) {
     const std::size_t shown = std::min(failures.size(), FailuresInBox);
     for (std::size_t i = 0; i < shown; ++i) heading += u"\n" + Line(failures[i]);

@@ -12,9 +12,6 @@ struct FileFailure {
     Text Reason;
 };
 
-/// A line for each file and its reason: all of them, for a text that can be scrolled.
-Text FailureList(const std::vector<FileFailure>& failures);
-
 /// The heading, the first of the files and how many there are beside them: what fits into a message
 /// box.
 Text FailureBox(Text heading, const std::vector<FileFailure>& failures, const Language& words);

@@ -81,7 +81,7 @@ void AddTask::Publish() {
     listed_.Names.clear();
 }
 
-TaskProgress AddTask::Progress() const {
+RunProgress AddTask::Progress() const {
     const auto found = added_ + readyPaths_.size() + found_.size() + listed_.Names.size();
     return {request_.Words(PLM_TRANSLATE("Texts", "Adding files: %1 found"),
                            {NumberText(static_cast<long long>(found))}),
@@ -112,13 +112,13 @@ void NamesTask::Publish() {
     names_.clear();
 }
 
-TaskProgress NamesTask::Progress() const {
+RunProgress NamesTask::Progress() const {
     return {words_(PLM_TRANSLATE("Texts", "Computing new names")), next_, rows_.size()};
 }
 
 ScanTask::ScanTask(Text what, const FileList& list, ListScan scan, Apply apply)
     : what_(std::move(what)), list_(list), scan_(std::move(scan)), apply_(std::move(apply)) {}
 
-TaskProgress ScanTask::Progress() const { return {what_, scan_.Done(), list_.Count()}; }
+RunProgress ScanTask::Progress() const { return {what_, scan_.Done(), list_.Count()}; }
 
 }  // namespace mdlPLM

@@ -10,33 +10,15 @@
 #include "app/list/file_finder.h"
 #include "app/list/file_list.h"
 #include "app/list/list_operations.h"
+#include "app/list/run.h"
 #include "core/platform/prompts.h"
 #include "core/settings/settings.h"
 #include "core/text/language.h"
 
 namespace mdlPLM {
 
-struct TaskProgress {
-    Text What;
-    std::size_t Done = 0;
-    std::size_t Total = 0;  ///< 0: cannot be told
-};
-
-/// Whoever drives it calls Step until that is false, Publish now and then, and Finish at the end.
-/// Nobody else changes the list's rows meanwhile.
-class ListTask {
-public:
-    virtual ~ListTask() = default;
-    /// One file, one folder, a piece of a list file; false when nothing is left.
-    virtual bool Step() = 0;
-    /// Brings what the steps have found into the list.
-    virtual void Publish() {}
-    /// The end, reached by itself or because the user `stopped` it.
-    virtual void Finish(bool /*stopped*/) { Publish(); }
-    /// Asked to end. True when it may be ended at once; else it ends by itself, soon, in Step.
-    virtual bool Stop() { return true; }
-    [[nodiscard]] virtual TaskProgress Progress() const = 0;
-};
+/// Work on the file list. Nobody else changes the list's rows meanwhile.
+using ListTask = Run;
 
 /// Computes new names; holds all that they depend on, so that nothing that is typed or chosen
 /// changes a task under way.
@@ -66,7 +48,7 @@ public:
     bool Step() override;
     void Publish() override;
     void Finish(bool stopped) override;
-    [[nodiscard]] TaskProgress Progress() const override;
+    [[nodiscard]] RunProgress Progress() const override;
 
 private:
     struct Found {
@@ -98,7 +80,7 @@ public:
               Language words = {});
     bool Step() override;
     void Publish() override;
-    [[nodiscard]] TaskProgress Progress() const override;
+    [[nodiscard]] RunProgress Progress() const override;
 
 private:
     FileList& list_;
@@ -117,7 +99,7 @@ public:
     ScanTask(Text what, const FileList& list, ListScan scan, Apply apply);
     bool Step() override { return scan_.Step(1); }
     void Finish(bool stopped) override { apply_(scan_, stopped); }
-    [[nodiscard]] TaskProgress Progress() const override;
+    [[nodiscard]] RunProgress Progress() const override;
 
 private:
     Text what_;

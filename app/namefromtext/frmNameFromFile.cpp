@@ -179,7 +179,7 @@ void frmNameFromFile::BeginWork() {
 void frmNameFromFile::ShowWorkProgress() {
     if (renaming_) return;
     EnableControls(false);
-    const TaskProgress progress = work_.Current()->Progress();
+    const RunProgress progress = work_.Current()->Progress();
     ShowStatus(ToQt(progress.What));
     prgWork_->setRange(0, static_cast<int>(progress.Total));
     prgWork_->setValue(static_cast<int>(progress.Done));

@@ -66,7 +66,7 @@ private:
     void cmdRenameFiles_Click();
     [[nodiscard]] RunChoices ReadRunChoices() const;
     [[nodiscard]] std::vector<RenamePair> Pairs() const;
-    void EndRun(const RunReport& report);
+    void EndRun(const RenameReport& report);
     void ClearAfterRun();
     void cmdDetails_Click();
 

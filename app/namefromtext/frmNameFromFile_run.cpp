@@ -66,18 +66,19 @@ void frmNameFromFile::RestRenaming(bool rest) {
 void frmNameFromFile::cmdRenameFiles_Click() {
     const NamePairs& lists = lists_->Pairs();
     if (!MayRename(lists.OldFiles().size(), lists.NewNames().size(), context_.Ask)) return;
-    RenameRun run(Pairs(), ReadRunChoices(), context_.Values, context_.Files, context_.Ask);
+    auto run = std::make_unique<RenameRun>(Pairs(), ReadRunChoices(), context_.Values,
+                                           context_.Files, context_.Ask);
     renaming_ = true;
     BeginWork();
     EnableControls(false);
     auto task = std::make_unique<RenameTask>(std::move(run), host_.OpenProgress(this));
     const RenameTask& renaming = *task;
     work_.Start(
-        std::move(task), [this, &renaming](bool) { EndRun(renaming.Report()); },
+        std::move(task), [this, &renaming](bool) { EndRun(renaming.Renamed()); },
         WorkQueue::Pace::StepByStepLater);
 }
 
-void frmNameFromFile::EndRun(const RunReport& report) {
+void frmNameFromFile::EndRun(const RenameReport& report) {
     renaming_ = false;
     if (report.Completed) ClearAfterRun();
     failures_ = report.Failures;

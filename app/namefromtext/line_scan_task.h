@@ -16,7 +16,7 @@ public:
 
     bool Step() override { return scan_.Step(LinesPerStep, names_); }
     /// In percent of the text.
-    [[nodiscard]] TaskProgress Progress() const override {
+    [[nodiscard]] RunProgress Progress() const override {
         return {what_, 100 * scan_.Done() / scan_.Total(), 100};
     }
     /// What the scan has made so far.

@@ -18,7 +18,7 @@ public:
         if (stopped) box_.StopFilling();
     }
     /// In percent of the text.
-    [[nodiscard]] TaskProgress Progress() const override {
+    [[nodiscard]] RunProgress Progress() const override {
         return {what_, static_cast<std::size_t>(box_.FilledPercent()), 100};
     }
 

@@ -15,7 +15,7 @@ public:
         : what_(std::move(what)), gathering_(std::move(gathering)) {}
 
     bool Step() override { return gathering_->Step(files_); }
-    [[nodiscard]] TaskProgress Progress() const override { return {what_, 0, 0}; }
+    [[nodiscard]] RunProgress Progress() const override { return {what_, 0, 0}; }
     /// What has been found so far.
     [[nodiscard]] const std::vector<Text>& Files() const { return files_; }
 

@@ -10,23 +10,25 @@
 
 namespace mdlPLM {
 
-/// Ended from outside it gives up the tags that wait to be written: those files keep what they
-/// have.
+/// Ended from outside it still writes the tags that wait: their files have been renamed already.
 class RenameTask final : public ListTask {
 public:
-    RenameTask(RenameRun run, std::unique_ptr<RunProgressWindow> window);
+    RenameTask(std::unique_ptr<RenameRun> run, std::unique_ptr<RunProgressWindow> window);
 
     /// One step more than there are pairs: the stop flag counts behind the last one too.
     bool Step() override;
+    bool Stop() override;
     /// Closes the progress window.
     void Finish(bool stopped) override;
-    [[nodiscard]] TaskProgress Progress() const override { return {{}, run_.Done(), run_.Total()}; }
-    [[nodiscard]] const RunReport& Report() const { return run_.Report(); }
+    [[nodiscard]] RunProgress Progress() const override {
+        return {{}, run_->Done(), run_->Total()};
+    }
+    [[nodiscard]] const RenameReport& Renamed() const { return run_->Report(); }
 
 private:
     void ShowNextPair();
 
-    RenameRun run_;
+    std::unique_ptr<RenameRun> run_;
     std::unique_ptr<RunProgressWindow> window_;
 };
 

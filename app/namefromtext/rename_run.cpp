@@ -7,7 +7,6 @@
 #include "core/names/new_name.h"
 #include "core/platform/path.h"
 #include "core/tags/file_tags.h"
-#include "core/text/letter_case.h"
 
 namespace mdlPLM {
 
@@ -43,6 +42,10 @@ public:
     std::vector<ErrorNumber> Numbers;
 };
 
+bool HasItsName(std::optional<MoveResult> moved) {
+    return moved == MoveResult::Handled || moved == MoveResult::InPlace;
+}
+
 struct CountedPairs {
     std::size_t Count;
     const char* What;
@@ -56,7 +59,7 @@ bool MayRename(std::size_t oldFiles, std::size_t newNames, Prompts& prompts) {
     return prompts.AskYesNo(CountQuestion(newNames < oldFiles ? u"fewer" : u"more")) == Answer::Yes;
 }
 
-Text SummaryText(const RunReport& report, const Language& words) {
+Text SummaryText(const RenameReport& report, const Language& words) {
     const CountedPairs counts[] = {
         {report.Renamed, PLM_TRANSLATE("Texts", "%1 renamed")},
         {report.Kept, PLM_TRANSLATE("Texts", "%1 kept")},
@@ -87,8 +90,10 @@ RenameRun::RenameRun(std::vector<RenamePair> pairs, RunChoices choices, Settings
       settings_(std::move(settings)),
       disk_(disk),
       prompts_(prompts),
+      mover_(MovingRules(), disk, prompts, own_),
       ended_(pairs_.empty()) {
     report_.Completed = ended_;
+    if (choices_.Exists != IfExists::Replace) return;
     for (const RenamePair& pair : pairs_) own_.Add(pair.OldPath, disk_);
 }
 
@@ -137,63 +142,37 @@ void RenameRun::HandleFile(const RenamePair& pair, Unsettled& left) {
     const Text newPath = JoinPath(FolderOfPath(pair.OldPath), pair.NewName);
     left.Tagged = newPath;
     OwnTags own;
-    Outcome outcome = Outcome::Missing;
+    std::optional<MoveResult> moved;
     if (disk_.Exists(pair.OldPath)) {
         own = ReadOwnTags(pair.OldPath);
-        outcome = RenameTo(pair, newPath);
-        left.Attributed = outcome == Outcome::Named ? newPath : pair.OldPath;
+        moved = mover_.RenameFile(pair.OldPath, newPath);
+        left.Attributed = HasItsName(moved) ? newPath : pair.OldPath;
     } else {
         // Where neither is there, nothing is written or shown.
-        if (!disk_.Exists(newPath)) return CountOutcome(outcome);
+        if (!disk_.Exists(newPath)) return Count({}, pair);
         own = ReadOwnTags(newPath);
     }
-    CountOutcome(outcome);
-    if (outcome == Outcome::Named) own.Opened.LookAgainAfterRename();
+    Count(moved, pair);
+    if (HasItsName(moved)) own.Opened.LookAgainAfterRename();
     // After "No" the new path is the other, existing file's: its tags are written all the same, on
     // purpose. After a failure it is not known whose it is.
-    if (outcome == Outcome::Kept) (void)own.Opened.Close();
-    if (outcome != Outcome::Failed && outcome != Outcome::Cancelled)
+    if (moved == MoveResult::LeftAlone) (void)own.Opened.Close();
+    if (moved != MoveResult::Failed && moved != MoveResult::Cancelled)
         left.Saves = WriteTags(own, pair, newPath);
 }
 
-RenameRun::Outcome RenameRun::RenameTo(const RenamePair& pair, const Text& newPath) {
-    if (newPath == pair.OldPath) return Outcome::Named;
-    const bool caseOnly = UCase(newPath) == UCase(pair.OldPath);
-    if (!caseOnly && disk_.Exists(newPath)) return TakeExistingTarget(pair, newPath);
-    return RenameFile(pair, newPath, IfTargetExists::Fail);
+MoverRules RenameRun::MovingRules() {
+    MoverRules rules{SortMethod::Rename, choices_.Exists, CaseFold::Upper, MoveResult::LeftAlone};
+    rules.BeforeTarget = [this](TextView target, bool asks) {
+        // Nothing waits while the user is asked.
+        if (asks || IsWaiting(target)) CommitTags();
+    };
+    return rules;
 }
 
-// "Replace" is meant for the files that were there before: where the target belongs to the run
-// itself (a name that repeats, names that change places) the user is asked.
-RenameRun::Outcome RenameRun::TakeExistingTarget(const RenamePair& pair, const Text& newPath) {
-    if (disk_.IsSameFile(pair.OldPath, newPath)) return Outcome::Named;
-    const bool belongsToRun = own_.Contains(newPath, disk_);
-    const IfExists choice =
-        belongsToRun && choices_.Exists == IfExists::Replace ? IfExists::Prompt : choices_.Exists;
-    FileIdentity target;
-    const bool waits = IdentityOf(newPath, target) && group_.Holds(target);
-    // Nothing waits while the user is asked.
-    if (choice == IfExists::Prompt || waits) CommitTags();
-    switch (DecideExistingTarget(choice, newPath, prompts_)) {
-        case TargetDecision::Replace:
-            return RenameFile(pair, newPath, IfTargetExists::Replace);
-        case TargetDecision::Leave:
-            return Outcome::Kept;
-        case TargetDecision::Cancel:
-            break;
-    }
-    return Outcome::Cancelled;
-}
-
-RenameRun::Outcome RenameRun::RenameFile(const RenamePair& pair, const Text& newPath,
-                                         IfTargetExists ifExists) {
-    const Status status = disk_.Rename(pair.OldPath, newPath, ifExists);
-    if (status.Ok()) {
-        own_.Add(newPath, disk_);
-        return Outcome::Named;
-    }
-    Fail(pair.OldPath, RenameMessage(status.Number(), pair.OldPath));
-    return Outcome::Failed;
+bool RenameRun::IsWaiting(TextView path) const {
+    FileIdentity identity;
+    return IdentityOf(path, identity) && group_.Holds(identity);
 }
 
 bool RenameRun::SetsAttributes() const { return choices_.chkConvert && settings_.bSetAttributes; }
@@ -294,22 +273,26 @@ void RenameRun::SettleFirst() {
     ++settled_;
 }
 
-void RenameRun::CountOutcome(Outcome outcome) {
-    switch (outcome) {
-        case Outcome::Named:
-            ++report_.Renamed;
-            break;
-        case Outcome::Kept:
-            ++report_.Kept;
-            break;
-        case Outcome::Missing:
-            ++report_.Missing;
-            break;
-        case Outcome::Failed:
-            break;
-        case Outcome::Cancelled:
+void RenameRun::Count(std::optional<MoveResult> moved, const RenamePair& pair) {
+    if (!moved) {
+        ++report_.Missing;
+        return;
+    }
+    switch (*moved) {
+        case MoveResult::Failed:
+            return Fail(pair.OldPath, RenameMessage(mover_.Reason().Error, pair.OldPath));
+        case MoveResult::Cancelled:
             report_.Cancelled = ended_ = true;
-            break;
+            return;
+        case MoveResult::LeftAlone:
+        case MoveResult::Stays:
+            ++report_.Kept;
+            return;
+        case MoveResult::Handled:
+        case MoveResult::InPlace:
+        case MoveResult::UnderWay:
+            ++report_.Renamed;
+            return;
     }
 }
 

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <vector>
 
 #include "app/namefromtext/filled_tags.h"
+#include "app/sort/file_mover.h"
 #include "core/names/own_files.h"
 #include "core/platform/disk.h"
 #include "core/platform/prompts.h"
@@ -39,7 +41,7 @@ struct RunFailure {
     std::size_t Pair = 0;  ///< its place
 };
 
-struct RunReport {
+struct RenameReport {
     std::size_t Renamed = 0;           ///< renamed, or bearing the new name already
     std::size_t Kept = 0;              ///< left alone for the sake of a file that exists
     std::size_t Missing = 0;           ///< old file not there
@@ -50,13 +52,15 @@ struct RunReport {
 };
 
 /// "3 renamed, 1 kept, 2 failed": the line under the lists after a run.
-Text SummaryText(const RunReport& report, const Language& words = {});
+Text SummaryText(const RenameReport& report, const Language& words = {});
 
 class RenameRun {
 public:
     /// `settings` are those of this moment; `disk` and `prompts` must outlive the run.
     RenameRun(std::vector<RenamePair> pairs, RunChoices choices, Settings settings, Disk& disk,
               Prompts& prompts);
+    RenameRun(const RenameRun&) = delete;
+    RenameRun& operator=(const RenameRun&) = delete;
     /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
     void WriteTagsThrough(TagWriter& writer) { writer_ = &writer; }
 
@@ -74,10 +78,9 @@ public:
     /// The stop flag: no further pair is begun, and the closing steps are not due. Tags that wait
     /// to be written are written in the steps that follow.
     void Stop();
-    [[nodiscard]] const RunReport& Report() const { return report_; }
+    [[nodiscard]] const RenameReport& Report() const { return report_; }
 
 private:
-    enum class Outcome { Named, Kept, Missing, Failed, Cancelled };
     struct OwnTags;
     /// A pair whose tags are being saved, and what is to be done then.
     struct Unsettled {
@@ -90,9 +93,8 @@ private:
     void HandlePair(const RenamePair& pair);
     [[nodiscard]] Message NoNameLeft(const RenamePair& pair) const;
     void HandleFile(const RenamePair& pair, Unsettled& left);
-    Outcome RenameTo(const RenamePair& pair, const Text& newPath);
-    Outcome RenameFile(const RenamePair& pair, const Text& newPath, IfTargetExists ifExists);
-    Outcome TakeExistingTarget(const RenamePair& pair, const Text& newPath);
+    MoverRules MovingRules();
+    [[nodiscard]] bool IsWaiting(TextView path) const;
     [[nodiscard]] bool SetsAttributes() const;
     void LiftProtection(const Text& path);
     void SetAttributes(const Text& path);
@@ -105,7 +107,8 @@ private:
     void CommitTags();
     void Settle();
     void SettleFirst();
-    void CountOutcome(Outcome outcome);
+    /// `moved`: nothing for a file that is not there.
+    void Count(std::optional<MoveResult> moved, const RenamePair& pair);
     void Fail(TextView path, const Message& message);
     void FailWith(TextView path, ErrorNumber number);
 
@@ -116,13 +119,14 @@ private:
     Prompts& prompts_;
     TagWriter* writer_ = nullptr;  // none: into the files
     OwnFiles own_;
+    FileMover mover_;
     SaveGroup group_;
     std::deque<SaveResult> results_;  // known, and not told yet
     std::deque<Unsettled> unsettled_;
     std::size_t done_ = 0;
     std::size_t settled_ = 0;
     bool ended_ = false;  // no further pair is begun
-    RunReport report_;
+    RenameReport report_;
 };
 
 }  // namespace mdlPLM

@@ -64,7 +64,10 @@ QMessageBox::StandardButton ShowBox(const Message& message, const BoxLook& look)
 BoxText FitIntoBox(TextView text) {
     long long lines = 1;
     std::size_t cut = 0;
-    for (std::size_t end = text.find(u'\n'); end != TextView::npos; end = text.find(u'\n', end + 1))
+    // Behind the break that ends the text there is no further line.
+    const TextView whole = text.substr(0, text.find_last_not_of(u"\r\n") + 1);
+    for (std::size_t end = whole.find(u'\n'); end != TextView::npos;
+         end = whole.find(u'\n', end + 1))
         if (++lines == MostLines) cut = end + 1;
     if (lines <= MostLines) return {Text(text), {}};
     const QString more = QCoreApplication::translate("QtPrompts", "\u2026 %1 more lines");

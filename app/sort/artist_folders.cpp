@@ -7,7 +7,7 @@ namespace mdlPLM {
 void ArtistFolders::Count(TextView source) {
     if (!disk_.Exists(source)) return;
     const SortNames names = NamesOf(source, rules_, disk_);
-    if (!names.Fault.empty()) return;
+    if (names.Fault.Any()) return;
     const std::optional<Text> artist = ArtistOf(names.ArtistName);
     if (!artist) return;
     Artist& entry = artists_[*artist];

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "app/sort/artist_folders.h"
-#include "app/sort/file_transfer.h"
+#include "app/sort/file_mover.h"
 #include "app/sort/sort_folders.h"
 #include "core/names/existing_target.h"
 #include "core/platform/path.h"
@@ -34,15 +34,22 @@ bool CountsArtists(SortStart start, const SortChoices& choices) {
            choices.chkSubFolder && ArtistThreshold(choices) > 0;
 }
 
-Text ReasonWith(Status status, TextView name, const Language& words) {
-    return words(Describe(status.Number())) + u" (\"" + Text(name) + u"\")";
+/// After "No" a file that stays in its folder stays in the list as well.
+MoverRules MoverRulesOf(const SortRules& rules) {
+    const SortChoices& choices = rules.Choices;
+    MoverRules moving{choices.Method, choices.Exists};
+    const bool rename = choices.Method == SortMethod::Rename;
+    moving.Leave = rename ? MoveResult::Stays : MoveResult::LeftAlone;
+    const Settings& settings = rules.Context.Values;
+    if (settings.bSetAttributes) moving.Attributes = AttributesToSet(settings);
+    return moving;
 }
 
 }  // namespace
 
 /// The run itself; SortRun hands out what it has to tell.
 struct SortRun::Implementation {
-    using Result = FileTransfer::Result;
+    using Result = MoveResult;
 
     Implementation(SortRun& run, FileList& list, SortRules rules, Disk& disk, Prompts& prompts);
 
@@ -53,9 +60,10 @@ struct SortRun::Implementation {
     Result SortEntry(const Text& source);
     Result SortFile(const Text& source, const SortNames& names);
     Result RenameFile(const Text& source, const SortNames& names);
-    Result Fail(Text reason);
-    Result Stay(Text reason);
-    void Note(SortedFile::Outcome outcome, Text reason);
+    Result Fail(Cause reason);
+    Result Stay(Why reason);
+    FileOutcome Outcome(FileFate what);
+    void Note(FileFate what);
     void Leave();
     void Settle(Result result);
     void Flush();
@@ -70,7 +78,7 @@ struct SortRun::Implementation {
     FileList& List;
     const SortRules Rules;
     Disk& Files;
-    FileTransfer Transfer;
+    FileMover Mover;
     const std::vector<FileList::Index> Rows;  ///< the entries, as rows of the list at the start
     std::size_t ToNote = 0;                   ///< entries whose files are noted as the run's own
     std::size_t Noted = 0;
@@ -83,7 +91,7 @@ struct SortRun::Implementation {
     std::vector<FileList::Index> Handled;  ///< handled rows still in the list, as they are now
     FileList::Index Removed = 0;           ///< handled rows that are out of the list
     FileList::Index NextRow = 0;
-    Text Reason;  ///< why the entry in hand is not sorted
+    Cause Reason;  ///< why the entry in hand is not sorted
 };
 
 SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules rules, Disk& disk,
@@ -92,20 +100,19 @@ SortRun::Implementation::Implementation(SortRun& run, FileList& list, SortRules 
       List(list),
       Rules(std::move(rules)),
       Files(disk),
-      Transfer(Rules, disk, prompts, list.OwnFilesOfSorts()),
+      Mover(MoverRulesOf(Rules), disk, prompts, list.OwnFilesOfSorts()),
       Rows(list.SelectedRows()),
       ToNote(Rules.Choices.Exists == IfExists::Replace ? Rows.size() : 0),
       Artists(Rules, disk),
       NextRow(list.Count()) {}
 
 bool SortRun::Implementation::Ended() const {
-    const SortReport& report = Run.report_;
-    return report.Stopped || report.Cancelled || (AllLookedAt() && !Transfer.UnderWay());
+    return Run.report_.Broken() || (AllLookedAt() && !Mover.UnderWay());
 }
 
 void SortRun::Implementation::Step() {
-    if (Transfer.UnderWay()) {
-        Settle(Transfer.Continue());
+    if (Mover.UnderWay()) {
+        Settle(Mover.Continue());
     } else if (Run.stop_ && !AllLookedAt()) {
         Run.report_.Stopped = true;
     } else if (Noted < ToNote) {
@@ -139,7 +146,9 @@ void SortRun::Implementation::MakeSomeFolders() {
         Text folder;
         const Status status = EnsureFolders(ToMake[Made], Files, folder);
         if (status.Ok()) continue;
-        Run.report_.Failures.push_back({folder, Rules.Choices.Words(Describe(status.Number()))});
+        FileOutcome failed{folder, {}, FileFate::Failed, {Why::SystemError, status.Number()}};
+        failed.Folder = true;
+        Run.report_.Files.push_back(std::move(failed));
     }
 }
 
@@ -147,13 +156,11 @@ SortRun::Implementation::Result SortRun::Implementation::SortEntry(const Text& s
     Run.progress_.Source = source;
     Run.progress_.Target.clear();
     const PathKind kind = Files.KindOf(source);
-    if (kind == PathKind::Nothing)
-        return Stay(Rules.Choices.Words(PLM_TRANSLATE("Texts", "The file is missing")));
+    if (kind == PathKind::Nothing) return Stay(Why::Missing);
     // A list can name folders, but nobody asked for a new name or place of a whole folder.
-    if (kind == PathKind::Folder)
-        return Fail(Rules.Choices.Words(Describe(ErrorNumber::PathFileAccess)));
+    if (kind == PathKind::Folder) return Fail({Why::SystemError, ErrorNumber::PathFileAccess});
     const SortNames names = NamesOf(source, Rules, Files);
-    if (!names.Fault.empty()) return Fail(names.Fault);
+    if (names.Fault.Any()) return Fail(names.Fault);
     return Rules.Choices.Method == SortMethod::Rename ? RenameFile(source, names)
                                                       : SortFile(source, names);
 }
@@ -166,75 +173,72 @@ SortRun::Implementation::Result SortRun::Implementation::SortFile(const Text& so
     const bool exempt = ArtistThreshold(choices) == 0 && IsLastOfList();
     if (choices.chkSubFolder && !exempt &&
         !AddArtistFolder(levels, names.ArtistName, choices, Files)) {
-        return Stay(choices.Words(PLM_TRANSLATE("Texts", "Its name has no artist")));
+        return Stay(Why::NoArtist);
     }
     Text folder;
     const Status status = EnsureFolders(levels, Files, folder);
-    if (!status.Ok()) return Fail(ReasonWith(status, folder, choices.Words));
+    if (!status.Ok()) return Fail({Why::SystemError, status.Number(), folder});
     Run.progress_.Target = levels.back() + Separator + names.NewName;
-    return Transfer.CopyOrMoveFile(source, Run.progress_.Target);
+    return Mover.CopyOrMoveFile(source, Run.progress_.Target);
 }
 
 SortRun::Implementation::Result SortRun::Implementation::RenameFile(const Text& source,
                                                                     const SortNames& names) {
     Run.progress_.Target = FolderOfPath(source) + names.NewName;
-    return Transfer.RenameFile(source, Run.progress_.Target);
+    return Mover.RenameFile(source, Run.progress_.Target);
 }
 
-SortRun::Implementation::Result SortRun::Implementation::Fail(Text reason) {
+SortRun::Implementation::Result SortRun::Implementation::Fail(Cause reason) {
     Reason = std::move(reason);
     return Result::Failed;
 }
 
-SortRun::Implementation::Result SortRun::Implementation::Stay(Text reason) {
-    Reason = std::move(reason);
+SortRun::Implementation::Result SortRun::Implementation::Stay(Why reason) {
+    Reason = {reason};
     return Result::Stays;
 }
 
-void SortRun::Implementation::Note(SortedFile::Outcome outcome, Text reason) {
-    Text target = outcome == SortedFile::Outcome::Done ? Run.progress_.Target : Text();
-    Run.report_.Files.push_back(
-        {outcome, Run.progress_.Source, std::move(target), std::move(reason)});
+FileOutcome SortRun::Implementation::Outcome(FileFate what) {
+    const RunProgress& now = Run.progress_;
+    FileOutcome outcome{now.Source, now.Target, what, std::exchange(Reason, {})};
+    // What never got as far as a target was not asked about.
+    if (!outcome.NewPath.empty()) Mover.TellTarget(outcome);
+    return outcome;
+}
+
+void SortRun::Implementation::Note(FileFate what) {
+    Run.report_.Files.push_back(Outcome(what));
+    ++Next;
+    Run.progress_.Done = Next;
 }
 
 void SortRun::Implementation::Leave() {
-    ++Run.report_.Handled;
     NextRow = RowNow(Next) - Handled.size();
     Handled.push_back(RowNow(Next));
 }
 
 void SortRun::Implementation::Settle(Result result) {
-    Run.progress_.FileDone = Transfer.Copied();
-    Run.progress_.FileTotal = Transfer.Total();
+    Run.progress_.FileDone = Mover.Copied();
+    Run.progress_.FileTotal = Mover.Total();
     switch (result) {
         case Result::UnderWay:
             return;
         case Result::Cancelled:
-            Run.report_.Cancelled = true;
+            Run.report_.Cancelled = Outcome(FileFate::Skipped);
             return;
-        case Result::Stays:
-            ++Run.report_.Skipped;
-            Note(SortedFile::Outcome::Skipped,
-                 Reason.empty() ? Rules.Choices.Words(TargetExistsReason) : Reason);
-            break;
         case Result::Failed:
-            if (Reason.empty()) Reason = Transfer.Reason();
-            Run.report_.Failures.push_back({Run.progress_.Source, Reason});
-            Note(SortedFile::Outcome::Failed, Reason);
-            break;
+            if (!Reason.Any()) Reason = Mover.Reason();
+            return Note(FileFate::Failed);
+        case Result::Stays:
         case Result::LeftAlone:
-            ++Run.report_.LeftAlone;
-            Note(SortedFile::Outcome::Skipped, Rules.Choices.Words(TargetExistsReason));
-            Leave();
-            break;
+            if (!Reason.Any()) Reason = {Why::TargetExists};
+            if (result == Result::LeftAlone) Leave();
+            return Note(FileFate::Skipped);
+        case Result::InPlace:
         case Result::Handled:
-            Note(SortedFile::Outcome::Done, {});
             Leave();
-            break;
+            return Note(result == Result::Handled ? FileFate::Done : FileFate::Unchanged);
     }
-    Reason.clear();
-    ++Next;
-    Run.progress_.Done = Next;
 }
 
 void SortRun::Implementation::Flush() {
@@ -248,11 +252,13 @@ void SortRun::Implementation::Flush() {
     Handled.clear();
 }
 
-SortRun::SortRun(FileList& list, SortChoices choices, SortStart start, const NamingContext& context,
-                 Disk& disk, Prompts& prompts) {
+SortRun::SortRun(FileList& list, SortChoices choices, SortStart start, const NamingContext& naming,
+                 Disk& disk, Prompts& prompts)
+    : kept_(naming), naming_(kept_.Context()) {
     const bool multiple = list.SelectedCount() >= 2;
-    progress_.Method = choices.Words(MethodTexts.at(static_cast<std::size_t>(choices.Method)));
-    SortRules rules{InForce(std::move(choices)), multiple, context};
+    progress_.What = choices.Words(PLM_TRANSLATE("Texts", "Sorting"));
+    progress_.Each = choices.Words(MethodTexts.at(static_cast<std::size_t>(choices.Method)));
+    SortRules rules{InForce(std::move(choices)), multiple, naming_};
     impl_ = std::make_unique<Implementation>(*this, list, std::move(rules), disk, prompts);
     progress_.Total = impl_->Rows.size();
     if (CountsArtists(start, impl_->Rules.Choices)) impl_->ToCount = impl_->Rows.size();
@@ -269,6 +275,15 @@ bool SortRun::Step() {
     }
     return !finished_;
 }
+
+bool SortRun::Stop() {
+    stop_ = true;
+    return false;
+}
+
+void SortRun::Finish(bool /*stopped*/) { FlushRemovals(); }
+
+std::size_t SortRun::Handled() const { return impl_->Removed + impl_->Handled.size(); }
 
 void SortRun::FlushRemovals() { impl_->Flush(); }
 

@@ -26,9 +26,14 @@ bool WantsArtist(const SortChoices& choices) {
     return choices.chkSubFolder && choices.Method != SortMethod::Rename;
 }
 
-Text FaultOfPresentName(TextView name, const Language& words) {
+Cause FaultOfPresentName(TextView name) {
     if (IsUsableFileName(name)) return {};
-    return words(Describe(ErrorNumber::BadFileName)) + u" (\"" + Text(name) + u"\")";
+    return {Why::SystemError, ErrorNumber::BadFileName, Text(name)};
+}
+
+Cause FaultOfFixedName(TextView name, const Settings& settings) {
+    if (IsNothingLeft(name, settings)) return {Why::NoNameLeft, ErrorNumber::None, Text(name)};
+    return FaultOfPresentName(name);
 }
 
 SortNames PresentNames(TextView source, const SortChoices& choices, Disk& disk) {
@@ -36,7 +41,7 @@ SortNames PresentNames(TextView source, const SortChoices& choices, Disk& disk) 
     const Text present = FileNameOfPath(source);
     const Text contents = disk.ContentsAt(source);
     return {present, present, choices.chkGenre ? GetFileGenre(contents, silent) : Text(),
-            FaultOfPresentName(present, choices.Words)};
+            FaultOfPresentName(present)};
 }
 
 /// What GetFileGenre gives, from tags that have been read already.
@@ -72,8 +77,8 @@ SortNames NamesOf(TextView source, const SortRules& rules, Disk& disk) {
     const Status read = ReadingFault(tags, rules.Context.Values);
     // A name that is written down in the box needs no tag.
     const bool lacksName = !read.Ok() && (!fromBox || WantsArtist(choices));
-    names.Fault = lacksName ? choices.Words(Describe(read.Number()))
-                            : FaultOfNewName(names.NewName, rules.Context.Values, choices.Words);
+    names.Fault = lacksName ? Cause{Why::SystemError, read.Number()}
+                            : FaultOfFixedName(names.NewName, rules.Context.Values);
     return names;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/list/run.h"
 #include "app/sort/sort_choices.h"
 #include "core/platform/disk.h"
 #include "core/settings/settings.h"
@@ -26,7 +27,7 @@ struct SortNames {
     Text NewName;     ///< the name it gets
     Text ArtistName;  ///< the name whose beginning is its artist
     Text Genre;       ///< of its trailer, when a genre folder is wanted
-    Text Fault;       ///< why it gets no name, in words; empty when it gets one
+    Cause Fault;      ///< why it gets no name, if it gets none
 };
 
 /// What all names and folders of one sort depend on.

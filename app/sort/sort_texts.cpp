@@ -1,6 +1,4 @@
 // The questions and messages around a sort.
-#include <utility>
-
 #include "app/sort/sort_engine.h"
 
 namespace mdlPLM {
@@ -10,21 +8,6 @@ namespace {
 constexpr TextView TitleOfMessages = u"PLM";
 
 Text Quoted(TextView text) { return u"\"" + Text(text) + u"\""; }
-
-Text Count(std::size_t count) { return NumberText(static_cast<long long>(count)); }
-
-Text FileLine(const SortedFile& file, const Language& words) {
-    switch (file.What) {
-        case SortedFile::Outcome::Done:
-            return words(PLM_TRANSLATE("Texts", "Done: \"%1\" to \"%2\""),
-                         {file.Source, file.Target});
-        case SortedFile::Outcome::Skipped:
-            return words(PLM_TRANSLATE("Texts", "Skipped: \"%1\": %2"), {file.Source, file.Reason});
-        case SortedFile::Outcome::Failed:
-            break;
-    }
-    return words(PLM_TRANSLATE("Texts", "Failed: \"%1\": %2"), {file.Source, file.Reason});
-}
 
 Text TargetDirectory(const SortChoices& choices) {
     return u"The target directory " + Quoted(choices.txtTargetDir);
@@ -64,24 +47,8 @@ bool CheckTargetFolder(const SortChoices& choices, Disk& disk, Prompts& prompts)
     return false;
 }
 
-Text FailureText(const std::vector<FileFailure>& failures, const Language& words) {
-    if (failures.empty()) return {};
-    Text heading = failures.size() == 1 ? words(PLM_TRANSLATE("Texts", "This could not be sorted:"))
-                                        : words(PLM_TRANSLATE("Texts", "%1 could not be sorted:"),
-                                                {Count(failures.size())});
-    return FailureBox(std::move(heading), failures, words);
-}
-
-Text SummaryText(const SortReport& report, const Language& words) {
-    return words(PLM_TRANSLATE("Texts", "%1 done, %2 skipped, %3 failed"),
-                 {Count(report.Handled - report.LeftAlone),
-                  Count(report.Skipped + report.LeftAlone), Count(report.Failures.size())});
-}
-
-Text ReportList(const SortReport& report, const Language& words) {
-    Text text;
-    for (const SortedFile& file : report.Files) text += FileLine(file, words) + u"\n";
-    return text;
-}
+// A file that is in its place counts as sorted.
+const RunWording SortWording{FileFate::Done, PLM_TRANSLATE("Texts", "This could not be sorted:"),
+                             PLM_TRANSLATE("Texts", "%1 could not be sorted:")};
 
 }  // namespace mdlPLM

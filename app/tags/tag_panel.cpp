@@ -200,11 +200,11 @@ Text TagPanel::ConfirmationText() const { return mdlPLM::ConfirmationText(boxes_
 
 TagRun TagPanel::SaveAll(std::vector<Text> paths) {
     Reduce(&TagBoxRow::KeptInBatch);
-    return {std::move(paths), BatchEdit(boxes_, settings_), words_};
+    return {std::move(paths), BatchEdit(boxes_, settings_)};
 }
 
 TagRun TagPanel::FixAll(std::vector<Text> paths, TextView inPattern) const {
-    return {std::move(paths), FixEdit({settings_, replacements_, inPattern}), words_};
+    return {std::move(paths), FixEdit({settings_, replacements_, inPattern})};
 }
 
 void TagPanel::SetOtherFrames(Bytes frames) {

@@ -18,12 +18,20 @@ private:
     Status status_;
 };
 
-Text CountText(std::size_t count) { return NumberText(static_cast<long long>(count)); }
+FileFate FateOf(SaveOutcome outcome) {
+    if (outcome == SaveOutcome::Failed) return FileFate::Failed;
+    return outcome == SaveOutcome::Written ? FileFate::Done : FileFate::Unchanged;
+}
 
 }  // namespace
 
-TagRun::TagRun(std::vector<Text> paths, Edit edit, Language words)
-    : paths_(std::move(paths)), edit_(std::move(edit)), words_(std::move(words)) {}
+// To save and to clean are told alike: a file on which there is nothing to do is skipped.
+const RunWording TagWording{FileFate::Skipped,
+                            PLM_TRANSLATE("Texts", "The tags of this file could not be saved:"),
+                            PLM_TRANSLATE("Texts", "The tags of %1 files could not be saved:")};
+
+TagRun::TagRun(std::vector<Text> paths, Edit edit)
+    : paths_(std::move(paths)), edit_(std::move(edit)) {}
 
 void TagRun::ChangeFile(TextView path) {
     File file;
@@ -51,6 +59,7 @@ bool TagRun::Step() {
     if (group_.Working()) {
         group_.Step();
     } else if (!AllBegun()) {
+        if (leftOvers_ != nullptr) leftOvers_->LookBeside(paths_[done_]);
         ChangeFile(paths_[done_]);
         ++done_;
     }
@@ -60,36 +69,40 @@ bool TagRun::Step() {
 }
 
 void TagRun::TakeResults() {
-    for (SaveResult result; group_.Take(result); ++told_) Count(result);
+    for (SaveResult result; group_.Take(result);) report_.Files.push_back(OutcomeOf(result));
 }
 
-void TagRun::Count(const SaveResult& result) {
-    TagOutcome outcome{told_, paths_[told_], result.Outcome, {}};
-    switch (result.Outcome) {
-        case SaveOutcome::Failed:
-            outcome.Reason = ReasonOf(result, words_);
-            report_.Failures.push_back({paths_[told_], outcome.Reason});
-            break;
-        case SaveOutcome::Written:
-            report_.Written.push_back(told_);
-            break;
-        case SaveOutcome::NoWork:
-            ++report_.Unchanged;
-            break;
-    }
-    if (tell_) tell_(outcome);
+FileOutcome TagRun::OutcomeOf(const SaveResult& result) const {
+    FileOutcome outcome{paths_[report_.Files.size()], {}, FateOf(result.Outcome)};
+    if (outcome.What == FileFate::Failed) outcome.Reason = CauseOf(result);
+    return outcome;
 }
 
-void TagRun::Stop() {
+bool TagRun::Stop() {
     report_.Stopped = done_ < paths_.size();
     stopped_ = true;
     group_.Stop();
     TakeResults();
+    return Finished();
 }
 
 const Text& TagRun::Current() const {
     static const Text none;
     return AllBegun() ? none : paths_[done_];
+}
+
+Cause CauseOf(const SaveResult& result) {
+    switch (result.Obstacle) {
+        case SaveObstacle::InUse:
+            return {Why::AnotherWrites, result.Error};
+        case SaveObstacle::Changed:
+            return {Why::ChangedMeanwhile, result.Error};
+        case SaveObstacle::Stopped:
+            return {Why::GivenUp, result.Error};
+        case SaveObstacle::None:
+            break;
+    }
+    return {Why::SystemError, result.Error};
 }
 
 Status ReadForChange(TextView path, FileTags& tags) {
@@ -105,21 +118,6 @@ SaveResult OpenForChange(SaveGroup& group, TextView path, File& file, FileTags& 
     tags = ReadFileTags(file, path, ID3v2Parts::FieldsAndText, errors);
     if (errors.Result().Ok()) return {};
     return {SaveOutcome::Failed, errors.Result().Number()};
-}
-
-Text TagFailureText(const std::vector<FileFailure>& failures, const Language& words) {
-    if (failures.empty()) return {};
-    Text heading = failures.size() == 1
-                       ? words(PLM_TRANSLATE("Texts", "The tags of this file could not be saved:"))
-                       : words(PLM_TRANSLATE("Texts", "The tags of %1 files could not be saved:"),
-                               {CountText(failures.size())});
-    return FailureBox(std::move(heading), failures, words);
-}
-
-Text TagSummaryText(const TagReport& report, const Language& words) {
-    return words(PLM_TRANSLATE("Texts", "%1 done, %2 skipped, %3 failed"),
-                 {CountText(report.Written.size()), CountText(report.Unchanged),
-                  CountText(report.Failures.size())});
 }
 
 }  // namespace mdlPLM

@@ -34,8 +34,8 @@ frmSorting::frmSorting(QWidget* parent) : QDialog(parent), ui_(std::make_unique<
 
 frmSorting::~frmSorting() = default;
 
-void frmSorting::ShowProgress(const SortProgress& progress) {
-    ui_->lblMethod->setText(ToQt(progress.Method));
+void frmSorting::ShowProgress(const RunProgress& progress) {
+    ui_->lblMethod->setText(ToQt(progress.Each));
     ShowPath(*ui_->lblSource, ToQt(FileNameOfPath(progress.Source)));
     ShowPath(*ui_->lblTarget, ToQt(progress.Target));
     ui_->prgFiles->setRange(0, static_cast<int>(std::max<std::size_t>(progress.Total, 1)));

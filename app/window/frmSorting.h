@@ -19,7 +19,7 @@ public:
     explicit frmSorting(QWidget* parent = nullptr);
     ~frmSorting() override;
 
-    void ShowProgress(const SortProgress& progress);
+    void ShowProgress(const RunProgress& progress);
     /// The sort was cancelled from a question: the button says "Done!".
     void ShowDone();
 

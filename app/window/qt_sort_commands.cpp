@@ -6,7 +6,6 @@
 #include "app/shared/file_dialogs.h"
 #include "app/shared/qt_enable_with_reason.h"
 #include "app/shared/qt_language.h"
-#include "app/sort/sort_task.h"
 #include "app/window/frmSorting.h"
 #include "core/platform/path.h"
 #include "ui_frmPLM.h"
@@ -106,7 +105,7 @@ void SortCommands::StartSort(SortStart start) {
     const SortChoices choices = Choices();
     if (!CheckTargetFolder(choices, context.Files, context.Ask)) return;
     const Text inPattern = parts_.Names.InPattern();
-    auto task = std::make_unique<SortTask>(
+    auto task = std::make_unique<SortRun>(
         parts_.List, choices, start, NamingContext{context.Values, context.Replacements, inPattern},
         context.Files, ask_);
     sort_ = task.get();
@@ -140,12 +139,12 @@ void SortCommands::Sort_Progressed() {
     if (sort_ == nullptr) return;
     if (labelsShown_.elapsed() >= LabelsEvery) ShowSorting();
     if (removalsShown_.elapsed() < RemovalsEvery) return;
-    sort_->Run().FlushRemovals();
+    sort_->FlushRemovals();
     removalsShown_.start();
 }
 
 void SortCommands::ShowSorting() {
-    if (sorting_ != nullptr) sorting_->ShowProgress(sort_->Run().Progress());
+    if (sorting_ != nullptr) sorting_->ShowProgress(sort_->Progress());
     labelsShown_.start();
 }
 
@@ -154,7 +153,7 @@ void SortCommands::HideProgress() {
 }
 
 void SortCommands::Sort_Done() {
-    const auto report = std::make_shared<const SortReport>(sort_->Run().Report());
+    const auto report = std::make_shared<const RunReport>(sort_->Report());
     SelectNext();
     sort_ = nullptr;
     shown_.Rest(false);
@@ -163,13 +162,13 @@ void SortCommands::Sort_Done() {
     shown_.Blank();
     parts_.Counter.Update();
     if (parts_.List.SelectedCount() >= 2) shown_.ShowSelection(ChangedBy::Program);
-    CloseSorting(report->Cancelled);
+    CloseSorting(report->Cancelled.has_value());
     Report(report);
 }
 
 // What stayed is still selected; else the entry that took the last one's place is.
 void SortCommands::SelectNext() {
-    const FileList::Index next = sort_->Run().NextRow();
+    const FileList::Index next = sort_->NextRow();
     if (parts_.List.SelectedCount() == 0 && next < parts_.List.Count())
         parts_.List.SelectOnly(next);
     parts_.Selection.SetCurrentRow(static_cast<int>(next));
@@ -182,13 +181,12 @@ void SortCommands::CloseSorting(bool cancelled) {
     sorting_->deleteLater();
 }
 
-void SortCommands::Report(std::shared_ptr<const SortReport> report) {
+void SortCommands::Report(std::shared_ptr<const RunReport> report) {
     const Language words = UserLanguage();
-    const bool stopped = report->Stopped || report->Cancelled;
-    const CommandEnd end = stopped ? CommandEnd::Stopped : CommandEnd::Reached;
-    const Text failures = FailureText(report->Failures, words);
-    parts_.Status.Say(ToQt(RunStatus(SummaryText(*report, words), end, words)),
-                      [report, words] { return ReportList(*report, words); });
+    const CommandEnd end = report->Broken() ? CommandEnd::Stopped : CommandEnd::Reached;
+    const Text failures = FailureText(*report, SortWording, words);
+    parts_.Status.Say(ToQt(RunStatus(SummaryText(*report, SortWording, words), end, words)),
+                      [report, words] { return DetailsText(*report, SortWording, words); });
     if (!failures.empty()) parts_.Context.Ask.Critical({u"PLM", failures, {}});
 }
 

@@ -10,7 +10,6 @@
 
 namespace mdlPLM {
 
-class SortTask;
 class frmSorting;
 
 class SortCommands : public QObject {
@@ -38,14 +37,14 @@ private:
     void Sort_Done();
     void SelectNext();
     void CloseSorting(bool cancelled);
-    void Report(std::shared_ptr<const SortReport> report);
+    void Report(std::shared_ptr<const RunReport> report);
 
     WindowParts parts_;
     ShownFile& shown_;
     QPointer<frmSorting> sorting_;
     QPointer<QWidget> focusBefore_;
     AnnouncedPrompts ask_{parts_.Context.Ask, [this] { ShowSorting(); }};
-    SortTask* sort_ = nullptr;  ///< owned by the work queue, there while a sort is under way
+    SortRun* sort_ = nullptr;  ///< owned by the work queue, there while a sort is under way
     QElapsedTimer labelsShown_;
     QElapsedTimer removalsShown_;
 };

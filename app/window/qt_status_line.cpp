@@ -67,7 +67,7 @@ void StatusLine::Put(const QString& text, Details details) {
     cmdDetails_->setVisible(details_ != nullptr);
 }
 
-void StatusLine::ShowProgress(const TaskProgress& progress) {
+void StatusLine::ShowProgress(const RunProgress& progress) {
     lblStatus_->setText(ToQt(progress.What));
     // A bar without a total says that work goes on.
     prgWork_->setRange(0, static_cast<int>(progress.Total));

@@ -31,7 +31,7 @@ public:
     void SayRemovedLeftOvers();
     [[nodiscard]] const QString& Said() const { return said_; }
 
-    void ShowProgress(const TaskProgress& progress);
+    void ShowProgress(const RunProgress& progress);
     void EndProgress();
 
 signals:

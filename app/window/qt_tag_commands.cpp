@@ -6,7 +6,6 @@
 #include "app/list/list_texts.h"
 #include "app/shared/qt_language.h"
 #include "app/tags/frmPLM_tagpanel.h"
-#include "app/tags/tag_task.h"
 #include "ui_frmPLM.h"
 
 namespace mdlPLM {
@@ -131,33 +130,34 @@ void TagCommands::OneFileSaved(const PanelSave& saved) {
 
 void TagCommands::StartTagRun(const QString& what, TagRun run) {
     player_.Stop();
-    std::vector<FileList::Index> rows = parts_.List.SelectedRows();
-    parts_.Work.Start(std::make_unique<TagTask>(
-        FromQt(what), std::move(run),
-        [this, rows = std::move(rows)](const TagReport& report) { TagRun_Done(report, rows); },
-        parts_.Context.LeftBehind));
+    run.Call(FromQt(what));
+    if (parts_.Context.LeftBehind != nullptr) run.Tidy(*parts_.Context.LeftBehind);
+    auto work = std::make_unique<TagRun>(std::move(run));
+    const TagRun& underWay = *work;
+    parts_.Work.Start(std::move(work),
+                      [this, &underWay, rows = parts_.List.SelectedRows()](bool /*stopped*/) {
+                          TagRun_Done(underWay.Report(), rows);
+                      });
 }
 
-void TagCommands::TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows) {
+void TagCommands::TagRun_Done(const RunReport& report, const std::vector<FileList::Index>& rows) {
     ShowTagsAfterRun(report);
     parts_.Counter.Update();
     std::vector<FileList::Index> written;
-    for (const std::size_t place : report.Written) written.push_back(rows[place]);
+    for (std::size_t i = 0; i < report.Files.size(); ++i)
+        if (report.Files[i].What == FileFate::Done) written.push_back(rows[i]);
     preview_.Renew(std::move(written));
     const Language words = UserLanguage();
-    StatusLine::Details details;
-    if (!report.Failures.empty())
-        details = [failures = report.Failures] { return FailureList(failures); };
     const CommandEnd end = report.Stopped ? CommandEnd::Stopped : CommandEnd::Reached;
-    parts_.Status.Say(ToQt(RunStatus(TagSummaryText(report, words), end, words)),
-                      std::move(details));
-    const Text failures = TagFailureText(report.Failures, words);
+    parts_.Status.Say(ToQt(RunStatus(SummaryText(report, TagWording, words), end, words)),
+                      [whole = report, words] { return DetailsText(whole, TagWording, words); });
+    const Text failures = FailureText(report, TagWording, words);
     if (!failures.empty()) parts_.Context.Ask.Critical({{}, failures, {}});
 }
 
-void TagCommands::ShowTagsAfterRun(const TagReport& report) {
+void TagCommands::ShowTagsAfterRun(const RunReport& report) {
     const TagPanel& panel = parts_.Tags.Panel();
-    const bool allSaved = report.Failures.empty() && !report.Stopped;
+    const bool allSaved = report.Count(FileFate::Failed) == 0 && !report.Stopped;
     switch (WhatPanelShowsAfter({panel.Now(), panel.IsEdited(), allSaved})) {
         case PanelAfterRun::StaysAsItIs:
             return;

@@ -23,8 +23,8 @@ private:
     void SaveAllSelected();
     void OneFileSaved(const PanelSave& saved);
     void StartTagRun(const QString& what, TagRun run);
-    void TagRun_Done(const TagReport& report, const std::vector<FileList::Index>& rows);
-    void ShowTagsAfterRun(const TagReport& report);
+    void TagRun_Done(const RunReport& report, const std::vector<FileList::Index>& rows);
+    void ShowTagsAfterRun(const RunReport& report);
 
     WindowParts parts_;
     ShownFile& shown_;

@@ -25,8 +25,8 @@ public:
 
     void ShowPair(TextView oldName, TextView newName, std::size_t number,
                   std::size_t total) override {
-        SortProgress progress;
-        progress.Method = UserLanguage()(PLM_TRANSLATE("Texts", "Renaming file:"));
+        RunProgress progress;
+        progress.Each = UserLanguage()(PLM_TRANSLATE("Texts", "Renaming file:"));
         progress.Source = oldName;
         progress.Target = newName;
         progress.Done = number;

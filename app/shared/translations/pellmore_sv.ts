@@ -562,6 +562,14 @@
         <translation>Namnet innehåller ingen artist</translation>
     </message>
     <message>
+        <source>Done: &quot;%1&quot;</source>
+        <translation>Klar: &quot;%1&quot;</translation>
+    </message>
+    <message>
+        <source>There was nothing to change</source>
+        <translation>Det fanns inget att ändra</translation>
+    </message>
+    <message>
         <source>Done: &quot;%1&quot; to &quot;%2&quot;</source>
         <translation>Klar: &quot;%1&quot; till &quot;%2&quot;</translation>
     </message>

@@ -27,7 +27,7 @@ public:
         if (!EndsAtOnce) steps_ = 1;
         return EndsAtOnce;
     }
-    [[nodiscard]] TaskProgress Progress() const override { return {u"x", 1, 2}; }
+    [[nodiscard]] RunProgress Progress() const override { return {u"x", 1, 2}; }
 
     bool EndsAtOnce = true;
     std::function<void()> OnStep;

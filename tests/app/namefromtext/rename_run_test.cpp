@@ -31,7 +31,7 @@ struct Running {
         Pairs.push_back({Folder.File(oldName, ToUtf8(oldName)), Text(newName)});
     }
     RenameRun Start() { return {Pairs, Choices, Values, Files, Ask}; }
-    RunReport Run() {
+    RenameReport Run() {
         RenameRun run = Start();
         while (run.Step()) {
         }
@@ -89,7 +89,7 @@ TEST(RenameRun, EveryFileGetsItsNameInItsOwnFolder) {
     Running running;
     running.AddFile(u"a.mp3", u"01 - A.mp3");
     running.AddFile(u"sub/b.mp3", u"02 - B.mp3");
-    const RunReport report = running.Run();
+    const RenameReport report = running.Run();
     EXPECT_EQ(running.Left(),
               (Tree{{"01 - A.mp3", "a.mp3"}, {"sub/", ""}, {"sub/02 - B.mp3", "sub/b.mp3"}}));
     EXPECT_EQ(report.Renamed, 2U);
@@ -151,7 +151,7 @@ TEST(RenameRun, TheOtherSpellingOfAnotherFileIsNotReplaced) {
         running.Choices.Exists = choice;
         running.AddFile(u"track.mp3", u"Track.mp3");
         WriteFile(running.Folder / u"Track.mp3", "other");
-        const RunReport report = running.Run();
+        const RenameReport report = running.Run();
         EXPECT_EQ(running.Left(), (Tree{{"Track.mp3", "other"}, {"track.mp3", "track.mp3"}}));
         EXPECT_EQ(running.Ask.Bodies(), std::vector<Text>{u"Error: 58\r\nFile already exists"});
         EXPECT_EQ(report.Failures.size(), 1U);
@@ -187,7 +187,7 @@ TEST(RenameRun, NoAndSkipLeaveBothFiles) {
         running.AddFile(u"a.mp3", u"b.mp3");
         running.AddFile(u"c.mp3", u"d.mp3");
         WriteFile(running.Folder / u"b.mp3", "other");
-        const RunReport report = running.Run();
+        const RenameReport report = running.Run();
         EXPECT_EQ(running.Left(),
                   (Tree{{"a.mp3", "a.mp3"}, {"b.mp3", "other"}, {"d.mp3", "c.mp3"}}));
         EXPECT_EQ(report.Kept, 1U);
@@ -215,7 +215,7 @@ TEST(RenameRun, CancelEndsTheRunAtOnce) {
                      {running.Folder.File(u"c.mp3", contents), u"d.mp3"}};
     WriteFile(running.Folder / u"b.mp3", contents);
     const Tree before = running.Left();
-    const RunReport report = running.Run();
+    const RenameReport report = running.Run();
     EXPECT_EQ(running.Left(), before);
     EXPECT_TRUE(report.Cancelled);
     EXPECT_FALSE(report.Completed);
@@ -281,7 +281,7 @@ TEST(RenameRun, AnAccessErrorSaysThatTheFileCouldBeInUse) {
     running.AddFile(u"a.mp3", u"1.mp3");
     running.AddFile(u"b.mp3", u"2.mp3");
     running.Files.FailCall(DiskOperation::Rename, ErrorNumber::PathFileAccess);
-    const RunReport report = running.Run();
+    const RenameReport report = running.Run();
     ASSERT_EQ(running.Ask.Log.size(), 1U);
     EXPECT_EQ(running.Ask.Log[0].Kind, PromptKind::Critical);
     EXPECT_EQ(running.Ask.Log[0].What.Body, u"Could not rename file! \r\nThe file \"" +
@@ -296,7 +296,7 @@ TEST(RenameRun, OtherErrorsShowTheirNumberAndTheFileBesideIt) {
     Running running;
     running.AddFile(u"a.mp3", u"1.mp3");
     running.Files.FailCall(DiskOperation::Rename, ErrorNumber::PermissionDenied);
-    const RunReport report = running.Run();
+    const RenameReport report = running.Run();
     ASSERT_EQ(running.Ask.Log.size(), 1U);
     EXPECT_EQ(running.Ask.Log[0].What.Body, u"Error: 70\r\nPermission denied");
     EXPECT_EQ(running.Ask.Log[0].What.Detail, running.Folder / u"a.mp3");
@@ -328,7 +328,7 @@ TEST(RenameRun, ANameOfNothingButItsExtensionIsNeverUsed) {
         Running running;
         running.Choices.chkSaveID3v1 = true;
         running.AddFile(u"a.mp3", name);
-        const RunReport report = running.Run();
+        const RenameReport report = running.Run();
         ASSERT_EQ(report.Failures.size(), 1U);
         EXPECT_TRUE(StartsWith(report.Failures[0].Reason, u"no name is left"));
         ASSERT_EQ(running.Ask.Log.size(), 1U);
@@ -346,7 +346,7 @@ TEST(RenameRun, AFolderIsNotRenamed) {
     running.Add(u"album", u"01 - x.mp3");
     running.Add(u"linked", u"02 - y.mp3");
     running.AddFile(u"b.mp3", u"03 - z.mp3");
-    const RunReport report = running.Run();
+    const RenameReport report = running.Run();
     EXPECT_TRUE(report.Completed);
     EXPECT_EQ(report.Renamed, 1U);
     ASSERT_EQ(report.Failures.size(), 2U);
@@ -361,7 +361,7 @@ TEST(RenameRun, AFileThatVanishedIsPassedOver) {
     Running running;
     running.Choices.chkSaveID3v1 = running.Choices.chkSaveID3v2 = true;
     running.Add(u"gone.mp3", u"1.mp3");
-    const RunReport report = running.Run();
+    const RenameReport report = running.Run();
     EXPECT_EQ(report.Missing, 1U);
     EXPECT_TRUE(running.Left().empty());
     EXPECT_TRUE(running.Ask.Log.empty());
@@ -530,7 +530,7 @@ TEST(RenameRun, ATagThatCannotBeReadIsShownAndNotWritten) {
     Tagging tagging;
     const Bytes head = test::TagHeader(1000000);
     tagging.AddAudio(u"a.mp3", NewName, head);
-    const RunReport report = tagging.Run();
+    const RenameReport report = tagging.Run();
     EXPECT_EQ(tagging.Ask.Bodies(), std::vector<Text>{u"Error: 62\r\nInput past end of file"});
     EXPECT_EQ(tagging.Ask.Log[0].What.Detail, tagging.Folder / u"a.mp3");
     EXPECT_EQ(report.Renamed, 1U);
@@ -589,7 +589,7 @@ TEST(RenameRun, ReadOnlyIsSetAfterTheTagsSoThatEverybodyCanWriteThem) {
             }
             EXPECT_EQ(RunInChild([&] {
                           ObeyPermissions();
-                          const RunReport report = tagging.Run();
+                          const RenameReport report = tagging.Run();
                           return static_cast<int>(report.Failures.size() + tagging.Ask.Log.size());
                       }),
                       0);

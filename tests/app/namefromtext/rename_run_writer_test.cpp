@@ -55,7 +55,7 @@ struct Pretending {
         Files.Contents =
             Folder.File(u"real", test::WholeTag(test::TextFrame("TPE1", "Own")) + test::Noise(200));
     }
-    RunReport Run() {
+    RenameReport Run() {
         RenameRun run({{u"/m/a.mp3", u"Abba - Waterloo.mp3"}}, Choices, Values, Files, Ask);
         run.WriteTagsThrough(Writer);
         while (run.Step()) {
@@ -84,7 +84,7 @@ TEST(RenameRunWriter, TagsGoToTheWriterUnderTheNewName) {
 TEST(RenameRunWriter, WhatTheWriterCannotSaveIsAFailure) {
     Pretending pretending;
     pretending.Writer.Result = {SaveOutcome::Failed, ErrorNumber::PermissionDenied};
-    const RunReport report = pretending.Run();
+    const RenameReport report = pretending.Run();
     ASSERT_EQ(report.Failures.size(), 2U);
     EXPECT_EQ(report.Failures[0].Path, u"/m/Abba - Waterloo.mp3");
     EXPECT_EQ(report.Failures[0].Reason, ErrorMessage(ErrorNumber::PermissionDenied));

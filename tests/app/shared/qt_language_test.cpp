@@ -191,13 +191,14 @@ void LanguageTest::QuestionsHaveSwedishButtons() {
 
 void LanguageTest::TextsWithoutAWindowAreSwedish() {
     SpeakSwedish();
-    SortReport report;
-    report.Handled = 3;
-    report.Failures.push_back({u"/a.mp3", u"reason"});
-    QCOMPARE(ToQt(SummaryText(report, UserLanguage())),
+    RunReport report;
+    report.Files.resize(3);
+    report.Files.push_back(
+        {u"/a.mp3", {}, FileFate::Failed, {Why::SystemError, ErrorNumber::DiskFull}});
+    QCOMPARE(ToQt(SummaryText(report, SortWording, UserLanguage())),
              QStringLiteral("3 klara, 0 överhoppade, 1 misslyckade"));
-    QCOMPARE(ToQt(FailureText(report.Failures, UserLanguage())),
-             QStringLiteral("Detta kunde inte sorteras:\n\"/a.mp3\": reason"));
+    QCOMPARE(ToQt(FailureText(report, SortWording, UserLanguage())),
+             QStringLiteral("Detta kunde inte sorteras:\n\"/a.mp3\": Disken är full"));
     QCOMPARE(QCoreApplication::translate("ListedFrames", "Lyrics"), QStringLiteral("Sångtext"));
 }
 

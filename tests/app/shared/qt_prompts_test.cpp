@@ -194,6 +194,10 @@ void QtPromptsTest::CutsLongText() {
     const QString shown = ToQt(FitIntoBox(more).Shown);
     QVERIFY(shown.contains("file 11\r\n"));
     QVERIFY(shown.endsWith(u"\u2026 2 more lines"));
+    // A list whose last line is ended as well has no line more.
+    const Text ended = more + u"\r\nfile 14\r\n";
+    QVERIFY(ToQt(FitIntoBox(ended).Shown).endsWith(u"\u2026 3 more lines"));
+    QVERIFY(FitIntoBox(lines + u"\r\n").Rest.empty());
 
     QString whole;
     OnNextModal<QMessageBox>([&whole](QMessageBox& box) {

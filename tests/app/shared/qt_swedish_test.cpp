@@ -108,9 +108,9 @@ void SwedishTest::StatusLines() {
 }
 
 void SwedishTest::ReasonsOfFailures() {
-    SortReport report;
-    report.Failures = {{u"/a.mp3", UserLanguage()(Describe(ErrorNumber::DiskFull))}};
-    QCOMPARE(ToQt(FailureText(report.Failures, UserLanguage())),
+    RunReport report;
+    report.Files = {{u"/a.mp3", {}, FileFate::Failed, {Why::SystemError, ErrorNumber::DiskFull}}};
+    QCOMPARE(ToQt(FailureText(report, SortWording, UserLanguage())),
              QStringLiteral("Detta kunde inte sorteras:\n\"/a.mp3\": Disken är full"));
 }
 

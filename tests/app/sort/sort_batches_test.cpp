@@ -38,7 +38,7 @@ protected:
         SortRun run(list_, choices_, SortStart::All, context, disk_, no_);
         for (std::size_t step = 0; run.Step(); ++step)
             if (step + 1 == mostSteps) run.Stop();
-        return run.Report();
+        return ReportOf(run);
     }
 
     test::SaysNo no_;

@@ -9,10 +9,28 @@
 #include "app/sort/sort_engine.h"
 #include "core/platform/path.h"
 #include "tests/support/recording_disk.h"
+#include "tests/support/run_failures.h"
 #include "tests/support/scripted_prompts.h"
 #include "tests/support/temp_folder.h"
 
 namespace mdlPLM {
+
+/// What came of a sort.
+struct SortReport {
+    std::size_t Handled = 0;  ///< entries that leave the list
+    std::size_t Skipped = 0;  ///< entries that stay without a failure
+    bool Cancelled = false;
+    bool Stopped = false;
+    std::vector<FileFailure> Failures;
+};
+
+inline SortReport ReportOf(const SortRun& run) {
+    const RunReport& report = run.Report();
+    const std::size_t allRight = report.Count(FileFate::Done) + report.Count(FileFate::Unchanged) +
+                                 report.Count(FileFate::Skipped);
+    return {run.Handled(), allRight - run.Handled(), report.Cancelled.has_value(), report.Stopped,
+            FailuresOf(report)};
+}
 
 class SortTest : public ::testing::Test {
 protected:
@@ -52,7 +70,7 @@ protected:
         }
         EXPECT_TRUE(run.Finished());
         nextRow_ = run.NextRow();
-        return run.Report();
+        return ReportOf(run);
     }
 
     [[nodiscard]] std::vector<Text> Listed() const {
@@ -84,10 +102,6 @@ inline SortReport Counts(std::size_t handled, std::size_t skipped = 0) {
     report.Handled = handled;
     report.Skipped = skipped;
     return report;
-}
-
-inline bool operator==(const FileFailure& a, const FileFailure& b) {
-    return a.Path == b.Path && a.Reason == b.Reason;
 }
 
 inline bool operator==(const SortReport& a, const SortReport& b) {

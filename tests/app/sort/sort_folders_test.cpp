@@ -303,7 +303,7 @@ TEST_F(SortFolders, CountingTakesItsTimeInSlices) {
     EXPECT_EQ(disk_.Changes().front().Operation, DiskOperation::CreateFolder);
     while (run.Step()) {
     }
-    EXPECT_EQ(run.Report(), Counts(100));
+    EXPECT_EQ(ReportOf(run), Counts(100));
     EXPECT_EQ(InTarget().size(), 101U);
 }
 

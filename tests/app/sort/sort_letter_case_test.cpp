@@ -23,7 +23,7 @@ protected:
         SortRun run(list_, choices_, SortStart::All, context, folding_, no_);
         while (run.Step()) {
         }
-        return run.Report();
+        return ReportOf(run);
     }
     FoldingDisk folding_;
     test::SaysNo no_;

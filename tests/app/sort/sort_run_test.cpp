@@ -1,5 +1,6 @@
 // The run over the list: which entries, in which order, how it is stopped, what the list looks like
 // on the way and at the end.
+#include "core/names/existing_target.h"
 #include "tests/app/sort/sort_fixture.h"
 
 using namespace mdlPLM;
@@ -47,7 +48,7 @@ TEST_F(SortInMemory, NothingSelectedFinishesAtOnce) {
     const auto run = Start();
     EXPECT_FALSE(run->Step());
     EXPECT_TRUE(run->Finished());
-    EXPECT_EQ(run->Report(), Counts(0));
+    EXPECT_EQ(ReportOf(*run), Counts(0));
     EXPECT_EQ(run->NextRow(), list_.Count());
     EXPECT_EQ(memory_.Files.size(), 2U);
 }
@@ -59,7 +60,7 @@ TEST_F(SortInMemory, OnlySelectedEntriesAreSorted) {
     const auto run = Start();
     while (run->Step()) {
     }
-    EXPECT_EQ(run->Report(), Counts(3));
+    EXPECT_EQ(ReportOf(*run), Counts(3));
     EXPECT_EQ(Listed(), (Names{u"0.mp3", u"3.mp3"}));
     EXPECT_EQ(memory_.Files.count(u"/to/1.mp3"), 1U);
     EXPECT_EQ(memory_.Files.count(u"/to/0.mp3"), 0U);
@@ -72,7 +73,7 @@ TEST_F(SortInMemory, TheEntriesSelectedAtTheStartAreTheOnesSorted) {
     list_.SelectNone();
     while (run->Step()) {
     }
-    EXPECT_EQ(run->Report(), Counts(3));
+    EXPECT_EQ(ReportOf(*run), Counts(3));
 }
 
 TEST_F(SortInMemory, OneStepHandlesOneFileInListOrder) {
@@ -98,7 +99,7 @@ TEST_F(SortInMemory, TheMethodIsNamed) {
                                                      {SortMethod::Rename, u"Renaming file:"}};
     for (const auto& [method, text] : texts) {
         choices_.Method = method;
-        EXPECT_EQ(Start()->Progress().Method, text);
+        EXPECT_EQ(Start()->Progress().Each, text);
     }
 }
 
@@ -119,7 +120,7 @@ TEST_F(SortInMemory, ALargeCopyTakesSeveralSteps) {
     EXPECT_EQ(memory_.Files.count(u"/to/0.mp3"), 1U);
     while (run->Step()) {
     }
-    EXPECT_EQ(run->Report(), Counts(2));
+    EXPECT_EQ(ReportOf(*run), Counts(2));
 }
 
 TEST_F(SortInMemory, StoppingFinishesTheCopyUnderWayAndBeginsNoFurtherFile) {
@@ -132,7 +133,7 @@ TEST_F(SortInMemory, StoppingFinishesTheCopyUnderWayAndBeginsNoFurtherFile) {
     }
     SortReport expected = Counts(1);
     expected.Stopped = true;
-    EXPECT_EQ(run->Report(), expected);
+    EXPECT_EQ(ReportOf(*run), expected);
     EXPECT_EQ(memory_.Files.count(u"/to/0.mp3"), 1U);
     EXPECT_EQ(memory_.Files.count(u"/to/1.mp3"), 0U);
     EXPECT_EQ(Listed(), (Names{u"1.mp3", u"2.mp3"}));
@@ -145,7 +146,7 @@ TEST_F(SortInMemory, StoppingDuringTheLastCopyIsNoStop) {
     EXPECT_TRUE(run->Step());
     run->Stop();
     EXPECT_FALSE(run->Step());
-    EXPECT_EQ(run->Report(), Counts(1));
+    EXPECT_EQ(ReportOf(*run), Counts(1));
 }
 
 TEST_F(SortInMemory, ARunThatIsDroppedInMidCopyLeavesNothingBehind) {
@@ -169,7 +170,7 @@ TEST_F(SortInMemory, CancelEndsTheRunAndHandledFilesStayHandled) {
     }
     SortReport expected = Counts(2);
     expected.Cancelled = true;
-    EXPECT_EQ(run->Report(), expected);
+    EXPECT_EQ(ReportOf(*run), expected);
     EXPECT_EQ(run->Progress().Done, 2U);
     EXPECT_EQ(Listed(), (Names{u"2.mp3", u"3.mp3"}));
     EXPECT_EQ(memory_.Files.count(u"/to/3.mp3"), 0U);
@@ -204,7 +205,7 @@ TEST_F(SortInMemory, FlushingInBetweenTakesOutWhatIsHandledSoFar) {
     EXPECT_EQ(Listed(), (Names{u"1.mp3", u"2.mp3", u"5.mp3"}));
     EXPECT_FALSE(run->Step());
     EXPECT_EQ(Listed(), (Names{u"1.mp3", u"2.mp3"}));
-    EXPECT_EQ(run->Report(), Counts(4, 1));
+    EXPECT_EQ(ReportOf(*run), Counts(4, 1));
     EXPECT_TRUE(list_.Selected(1));
     EXPECT_FALSE(list_.Selected(0));
 }
@@ -254,7 +255,7 @@ TEST_F(SortInMemory, ThereIsNoNextRowWhenNothingWasHandled) {
     const auto run = Start();
     while (run->Step()) {
     }
-    EXPECT_EQ(run->Report(), Counts(0, 3));
+    EXPECT_EQ(ReportOf(*run), Counts(0, 3));
     EXPECT_EQ(run->NextRow(), 3U);
 }
 
@@ -267,7 +268,7 @@ TEST_F(SortInMemory, TheLastEntryIsKnownAfterEntriesBeforeItWereTakenOut) {
     }
     const auto run = Start();
     while (run->Step()) run->FlushRemovals();
-    EXPECT_EQ(run->Report(), Counts(3, 1));
+    EXPECT_EQ(ReportOf(*run), Counts(3, 1));
     EXPECT_EQ(memory_.Files, (std::set<Text>{u"/in/A - 1.mp3", u"/in/A - 2.mp3", u"/in/last.mp3",
                                              u"/in/no artist.mp3", u"/to/A/A - 1.mp3",
                                              u"/to/A/A - 2.mp3", u"/to/last.mp3"}));
@@ -284,21 +285,51 @@ TEST_F(SortInMemory, TheReportSaysWhatBecameOfEveryEntry) {
     SortRun run(list_, choices_, SortStart::All, context_, failing, prompts_);
     while (run.Step()) {
     }
-    using Outcome = SortedFile::Outcome;
-    const std::vector<SortedFile>& files = run.Report().Files;
+    const std::vector<FileOutcome>& files = run.Report().Files;
     ASSERT_EQ(files.size(), 4U);
-    EXPECT_TRUE(files[0].What == Outcome::Done && files[0].Source == u"/in/0.mp3");
-    EXPECT_EQ(files[0].Target, u"/to/0.mp3");
-    EXPECT_TRUE(files[1].What == Outcome::Skipped && files[1].Source == u"/in/1.mp3");
-    EXPECT_EQ(files[1].Reason, u"The file is missing");
-    EXPECT_TRUE(files[2].What == Outcome::Skipped && files[2].Source == u"/in/2.mp3");
-    EXPECT_EQ(files[2].Reason, u"There is a file of its new name");
-    EXPECT_TRUE(files[3].What == Outcome::Failed && files[3].Source == u"/in/3.mp3");
-    EXPECT_EQ(files[3].Reason, u"Disk full");
+    EXPECT_TRUE(files[0].What == FileFate::Done && files[0].Path == u"/in/0.mp3");
+    EXPECT_EQ(files[0].NewPath, u"/to/0.mp3");
+    EXPECT_TRUE(files[1].What == FileFate::Skipped && files[1].Path == u"/in/1.mp3");
+    EXPECT_EQ(files[1].Reason.What, Why::Missing);
+    EXPECT_TRUE(files[2].What == FileFate::Skipped && files[2].Path == u"/in/2.mp3");
+    EXPECT_EQ(files[2].Reason.What, Why::TargetExists);
+    EXPECT_EQ(files[2].NewPath, u"/to/2.mp3");
+    EXPECT_TRUE(files[3].What == FileFate::Failed && files[3].Path == u"/in/3.mp3");
+    EXPECT_EQ(files[3].Reason.Error, ErrorNumber::DiskFull);
     // The entry whose target was left alone leaves the list, but it is not what was done.
-    EXPECT_EQ(run.Report().Handled, 2U);
-    EXPECT_EQ(run.Report().LeftAlone, 1U);
-    EXPECT_EQ(SummaryText(run.Report()), u"1 done, 2 skipped, 1 failed");
+    EXPECT_EQ(run.Handled(), 2U);
+    EXPECT_EQ(SummaryText(run.Report(), SortWording), u"1 done, 2 skipped, 1 failed");
+}
+
+TEST_F(SortInMemory, TheReportHoldsTheQuestionsAndTheirAnswers) {
+    AddFiles(4);
+    for (const TextView name : {u"/to/0.mp3", u"/to/1.mp3", u"/to/2.mp3"})
+        memory_.Files.insert(Text(name));
+    prompts_.Answers = {Answer::Yes, Answer::No, Answer::Cancel};
+    const auto run = Start();
+    while (run->Step()) {
+    }
+    const std::vector<FileOutcome>& files = run->Report().Files;
+    ASSERT_EQ(files.size(), 2U);
+    EXPECT_TRUE(files[0].Replaced);
+    EXPECT_EQ(files[0].Answered, Answer::Yes);
+    EXPECT_EQ(files[0].Question, ExistingTargetQuestion(u"/to/0.mp3").Body);
+    EXPECT_FALSE(files[1].Replaced);
+    EXPECT_EQ(files[1].Answered, Answer::No);
+    ASSERT_TRUE(run->Report().Cancelled);
+    EXPECT_EQ(run->Report().Cancelled->Path, u"/in/2.mp3");
+    EXPECT_EQ(run->Report().Cancelled->Answered, Answer::Cancel);
+}
+
+TEST_F(SortInMemory, AFileThatIsInItsPlaceIsUnchangedAndCountsAsSorted) {
+    AddFiles(1);
+    choices_.txtTargetDir = u"/in";
+    const auto run = Start();
+    while (run->Step()) {
+    }
+    ASSERT_EQ(run->Report().Files.size(), 1U);
+    EXPECT_EQ(run->Report().Files[0].What, FileFate::Unchanged);
+    EXPECT_EQ(SummaryText(run->Report(), SortWording), u"1 done, 0 skipped, 0 failed");
 }
 
 TEST_F(SortInMemory, AThousandFilesGoWithoutTouchingTheOthers) {
@@ -309,7 +340,7 @@ TEST_F(SortInMemory, AThousandFilesGoWithoutTouchingTheOthers) {
     for (int step = 1; run->Step(); ++step) {
         if (step % 64 == 0) run->FlushRemovals();
     }
-    EXPECT_EQ(run->Report(), Counts(1000));
+    EXPECT_EQ(ReportOf(*run), Counts(1000));
     ASSERT_EQ(list_.Count(), 1000U);
     for (FileList::Index row = 0; row < 1000; ++row) {
         ASSERT_EQ(memory_.Files.count(list_.Path(row)), 1U);

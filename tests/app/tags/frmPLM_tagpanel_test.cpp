@@ -646,6 +646,16 @@ void FrmPLMTagpanelTest::FixCleansMixedSelection() {
     QVERIFY(!TagsOf(first).V2.Present());
     QCOMPARE(ReadFile(none), EncodedMp3());
     QCOMPARE(plm_->TextOf("lblStatus"), QStringLiteral("2 done, 1 skipped, 0 failed"));
+    // What became of each file can be seen though none failed.
+    QVERIFY(plm_->Get<QWidget>("cmdDetails").isVisible());
+    QString details;
+    OnNextModal<QDialog>([&details](QDialog& dialog) {
+        details = dialog.findChild<QPlainTextEdit*>()->toPlainText();
+        dialog.reject();
+    });
+    plm_->Click("cmdDetails");
+    QCOMPARE(details.count(QLatin1String("Done: ")), 2);
+    QVERIFY(details.contains(QLatin1String("Skipped: \"") + ToQt(none)));
 }
 
 void FrmPLMTagpanelTest::FixCleansTheShownFile() {

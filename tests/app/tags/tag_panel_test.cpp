@@ -8,6 +8,7 @@
 #include "tests/support/child_process.h"
 #include "tests/support/error_numbers.h"
 #include "tests/support/real_mp3.h"
+#include "tests/support/run_failures.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/tools.h"
@@ -40,8 +41,8 @@ protected:
 
     static void Finish(TagRun run, std::size_t failures = 0) {
         while (run.Step()) continue;
-        EXPECT_EQ(run.Report().Failures.size(), failures)
-            << ToUtf8(TagFailureText(run.Report().Failures));
+        EXPECT_EQ(FailuresOf(run.Report()).size(), failures)
+            << ToUtf8(FailureText(run.Report(), TagWording));
     }
 
     TempFolder folder_;
@@ -757,7 +758,7 @@ TEST_F(Panel, WithNothingEnteredNoFileIsTouched) {
     panel_.ShowBatch();
     TagRun run = panel_.SaveAll({path});
     run.Step();
-    EXPECT_EQ(run.Report().Unchanged, 1U);
+    EXPECT_EQ(run.Report().Count(FileFate::Unchanged), 1U);
     EXPECT_EQ(ReadFile(path), Audio + Trailer("a"));
 }
 
@@ -885,8 +886,8 @@ TEST_F(Panel, FixAllCleansTheTagsThatEachFileHas) {
     panel_.ShowBatch();
     TagRun run = panel_.FixAll({both, v1, none}, u"%track - %artist - %title.mp3");
     while (run.Step()) continue;
-    EXPECT_EQ(run.Report().Written, (std::vector<std::size_t>{0, 1}));
-    EXPECT_EQ(run.Report().Unchanged, 1U);
+    EXPECT_EQ(PlacesDone(run.Report()), (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(run.Report().Count(FileFate::Unchanged), 1U);
     EXPECT_EQ(Read(both).V2.Title, "A Title");
     EXPECT_EQ(Read(both).V2.Artist, "Abba");
     EXPECT_EQ(Read(both).V2.Track, "01");

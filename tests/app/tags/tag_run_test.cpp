@@ -7,6 +7,7 @@
 #include "core/tags/id3v2_writer.h"
 #include "tests/support/child_process.h"
 #include "tests/support/file_limit.h"
+#include "tests/support/run_failures.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
@@ -44,8 +45,8 @@ TEST_F(Run, OneFileIsReadChangedAndWrittenPerStep) {
     EXPECT_TRUE(run.Finished());
     EXPECT_EQ(run.Current(), u"");
     EXPECT_FALSE(run.Step());
-    EXPECT_EQ(run.Report().Written, (std::vector<std::size_t>{0, 1}));
-    EXPECT_EQ(TagSummaryText(run.Report()), u"2 done, 0 skipped, 0 failed");
+    EXPECT_EQ(PlacesDone(run.Report()), (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(SummaryText(run.Report(), TagWording), u"2 done, 0 skipped, 0 failed");
 }
 
 TEST_F(Run, StoppingBeginsNoFurtherFile) {
@@ -66,7 +67,7 @@ TEST_F(Run, NothingToRunIsFinishedAtOnce) {
     EXPECT_FALSE(run.Step());
     run.Stop();
     EXPECT_FALSE(run.Report().Stopped);
-    EXPECT_EQ(TagFailureText(run.Report().Failures), u"");
+    EXPECT_EQ(FailureText(run.Report(), TagWording), u"");
 }
 
 TEST_F(Run, AFileThatFailsIsNamedAndTheOthersAreWritten) {
@@ -76,23 +77,23 @@ TEST_F(Run, AFileThatFailsIsNamedAndTheOthersAreWritten) {
     const Text good = Make(u"good.mp3", Noise(300));
     TagRun run({tiny, missing, broken, good}, WriteTrailer);
     while (run.Step()) continue;
-    ASSERT_EQ(run.Report().Failures.size(), 3U);
-    EXPECT_EQ(TagFailureText(run.Report().Failures),
+    ASSERT_EQ(FailuresOf(run.Report()).size(), 3U);
+    EXPECT_EQ(FailureText(run.Report(), TagWording),
               u"The tags of 3 files could not be saved:\n\"" + tiny + u"\": Bad record number\n\"" +
                   missing + u"\": File not found\n\"" + broken + u"\": Input past end of file");
-    EXPECT_EQ(run.Report().Written, std::vector<std::size_t>{3});
+    EXPECT_EQ(PlacesDone(run.Report()), std::vector<std::size_t>{3});
     EXPECT_EQ(ReadFile(tiny), Noise(20));
     EXPECT_EQ(ReadFile(broken), test::TagHeader(100000) + Noise(500));
     EXPECT_FALSE(IsThere(missing));
-    EXPECT_EQ(TagSummaryText(run.Report()), u"1 done, 0 skipped, 3 failed");
+    EXPECT_EQ(SummaryText(run.Report(), TagWording), u"1 done, 0 skipped, 3 failed");
 }
 
 TEST_F(Run, AFileOnWhichThereIsNothingToDoIsNoFailure) {
     TagRun run({Make(u"a.mp3", Noise(300))}, [](TextView, const FileTags&) { return TagChange(); });
     run.Step();
-    EXPECT_EQ(run.Report().Unchanged, 1U);
-    EXPECT_TRUE(run.Report().Failures.empty());
-    EXPECT_TRUE(run.Report().Written.empty());
+    EXPECT_EQ(run.Report().Count(FileFate::Unchanged), 1U);
+    EXPECT_TRUE(FailuresOf(run.Report()).empty());
+    EXPECT_TRUE(PlacesDone(run.Report()).empty());
 }
 
 TEST_F(Run, AWriteProtectedFileFailsOnlyWhenThereIsSomethingToWrite) {
@@ -101,7 +102,7 @@ TEST_F(Run, AWriteProtectedFileFailsOnlyWhenThereIsSomethingToWrite) {
     const auto summaryOf = [&](const TagRun::Edit& edit) {
         TagRun run({path}, edit);
         run.Step();
-        return TagSummaryText(run.Report());
+        return SummaryText(run.Report(), TagWording);
     };
     EXPECT_EQ(RunInChild([&] {
                   ObeyPermissions();
@@ -124,7 +125,7 @@ TEST_F(Run, AGrowingTagIsWrittenToTheOpenFile) {
         return change;
     });
     while (run.Step()) continue;
-    EXPECT_EQ(run.Report().Written.size(), 1U);
+    EXPECT_EQ(PlacesDone(run.Report()).size(), 1U);
     EXPECT_TRUE(ReadFile(path) ==
                 BuildTagHeader(40) + BuildFrame("TIT2", "New title") + test::Nuls(20) + audio);
     EXPECT_EQ(ListTree(folder_.Path()), std::vector<Bytes>{"a.mp3"});
@@ -159,7 +160,7 @@ TEST_F(Run, AFailureInPlacePutsBackWhatTheFileHeld) {
             const test::FileLimit full(c.Limit);
             run.Step();
         }
-        EXPECT_EQ(run.Report().Failures.size(), 1U) << c.Limit;
+        EXPECT_EQ(FailuresOf(run.Report()).size(), 1U) << c.Limit;
         EXPECT_TRUE(ReadFile(path) == c.Before) << c.Limit;
     }
 }
@@ -209,7 +210,8 @@ protected:
     [[nodiscard]] std::vector<Bytes> Names() const { return ListTree(folder_.Path()); }
     static std::vector<Text> ReasonsOf(const TagRun& run) {
         std::vector<Text> reasons;
-        for (const FileFailure& failure : run.Report().Failures) reasons.push_back(failure.Reason);
+        for (const FileFailure& failure : FailuresOf(run.Report()))
+            reasons.push_back(failure.Reason);
         return reasons;
     }
 
@@ -220,26 +222,27 @@ const std::vector<Bytes> OnlyTheFiles = {"a.mp3", "b.mp3", "c.mp3"};
 
 TEST_F(Growing, AreToldWhenTheyHaveTheirNamesInTheOrderOfTheFiles) {
     paths_.push_back(folder_ / u"missing.mp3");
-    std::vector<std::pair<Text, SaveOutcome>> told;
     TagRun run(paths_, FirstTag);
-    run.TellEach([&](const TagOutcome& outcome) {
-        EXPECT_EQ(paths_[outcome.Place], outcome.Path);
-        EXPECT_EQ(Names(), OnlyTheFiles);
-        told.emplace_back(outcome.Path, outcome.Outcome);
-    });
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(run.Step());
     EXPECT_EQ(run.Done(), 3U);
-    EXPECT_TRUE(told.empty());
-    EXPECT_TRUE(run.Report().Written.empty());
+    EXPECT_TRUE(run.Report().Files.empty());
     paths_.pop_back();
     EXPECT_EQ(Tagged(), 0U);
     paths_.push_back(folder_ / u"missing.mp3");
-    while (run.Step()) continue;
-    EXPECT_EQ(told, (std::vector<std::pair<Text, SaveOutcome>>{{paths_[0], SaveOutcome::Written},
-                                                               {paths_[1], SaveOutcome::Written},
-                                                               {paths_[2], SaveOutcome::Written},
-                                                               {paths_[3], SaveOutcome::Failed}}));
-    EXPECT_EQ(TagSummaryText(run.Report()), u"3 done, 0 skipped, 1 failed");
+    std::size_t told = 0;
+    while (run.Step()) {
+        if (run.Report().Files.size() > told) {
+            EXPECT_EQ(Names(), OnlyTheFiles);
+        }
+        told = run.Report().Files.size();
+    }
+    const std::vector<FileOutcome>& files = run.Report().Files;
+    ASSERT_EQ(files.size(), 4U);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        EXPECT_EQ(files[i].Path, paths_[i]);
+        EXPECT_EQ(files[i].What, i < 3 ? FileFate::Done : FileFate::Failed);
+    }
+    EXPECT_EQ(SummaryText(run.Report(), TagWording), u"3 done, 0 skipped, 1 failed");
 }
 
 TEST_F(Growing, StoppedThoseThatWaitGetTheirNames) {
@@ -251,7 +254,7 @@ TEST_F(Growing, StoppedThoseThatWaitGetTheirNames) {
     EXPECT_EQ(run.Current(), u"");
     while (run.Step()) continue;
     EXPECT_TRUE(run.Report().Stopped);
-    EXPECT_EQ(run.Report().Written, (std::vector<std::size_t>{0, 1}));
+    EXPECT_EQ(PlacesDone(run.Report()), (std::vector<std::size_t>{0, 1}));
     EXPECT_EQ(Tagged(), 2U);
     EXPECT_TRUE(ReadFile(paths_[2]) == Audio);
     EXPECT_EQ(Names(), OnlyTheFiles);
@@ -275,7 +278,7 @@ TEST_F(Growing, AFileThatIsNamedTwiceIsReadAgainAfterItWasWritten) {
         return FirstTag(path, tags);
     });
     while (run.Step()) continue;
-    EXPECT_EQ(run.Report().Written.size(), 3U);
+    EXPECT_EQ(PlacesDone(run.Report()).size(), 3U);
     ASSERT_EQ(lengths.size(), 3U);
     EXPECT_EQ(lengths[0], 0U);
     EXPECT_LT(lengths[0], lengths[1]);
@@ -291,7 +294,7 @@ TEST_F(Growing, AnErrorThatStaysLeavesEveryFileAndEachIsNamed) {
     }
     EXPECT_EQ(ReasonsOf(run), std::vector<Text>(3, u"Disk full"));
     for (std::size_t i = 0; i < paths_.size(); ++i) {
-        EXPECT_EQ(run.Report().Failures[i].Path, paths_[i]);
+        EXPECT_EQ(FailuresOf(run.Report())[i].Path, paths_[i]);
         EXPECT_TRUE(ReadFile(paths_[i]) == Audio);
     }
     EXPECT_EQ(Names(), OnlyTheFiles);
@@ -320,23 +323,11 @@ TEST_F(Growing, TwoRunsAtOnceLoseNothing) {
     }
     EXPECT_EQ(Tagged(), 3U);
     EXPECT_EQ(Names(), OnlyTheFiles);
-    EXPECT_EQ(first.Report().Written.size(), 3U);
+    EXPECT_EQ(PlacesDone(first.Report()).size(), 3U);
     EXPECT_EQ(ReasonsOf(second),
               std::vector<Text>(3,
                                 u"Another program is writing to this file. Nothing was written; "
                                 u"save it again when that program is done."));
-}
-
-TEST(TagFailures, TheMessageStaysShort) {
-    std::vector<FileFailure> failures(20, {u"a.mp3", u"Disk full"});
-    const Text text = TagFailureText(failures);
-    EXPECT_EQ(std::count(text.begin(), text.end(), u'\n'), 16);
-    EXPECT_TRUE(EndsWith(text, u"\nand 5 more."));
-    const Text list = FailureList(failures);
-    EXPECT_EQ(std::count(list.begin(), list.end(), u'\n'), 20);
-    failures.resize(1);
-    EXPECT_EQ(TagFailureText(failures),
-              u"The tags of this file could not be saved:\n\"a.mp3\": Disk full");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/tags/tag_run.h"
+#include "tests/support/run_failures.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
@@ -43,10 +44,10 @@ TEST(TagRunWriter, TakesThePlaceOfTheFiles) {
     while (run.Step()) {
     }
     EXPECT_EQ(writer.Paths, paths);
-    EXPECT_EQ(run.Report().Written, std::vector<std::size_t>{0});
-    EXPECT_EQ(run.Report().Unchanged, 1U);
-    ASSERT_EQ(run.Report().Failures.size(), 1U);
-    EXPECT_EQ(run.Report().Failures[0].Reason, u"Permission denied");
+    EXPECT_EQ(PlacesDone(run.Report()), std::vector<std::size_t>{0});
+    EXPECT_EQ(run.Report().Count(FileFate::Unchanged), 1U);
+    ASSERT_EQ(FailuresOf(run.Report()).size(), 1U);
+    EXPECT_EQ(FailuresOf(run.Report())[0].Reason, u"Permission denied");
     for (const Text& path : paths) EXPECT_TRUE(ReadFile(path) == test::Noise(300));
 }
 

@@ -29,9 +29,9 @@ private:
     [[nodiscard]] Control& Get(const char* name) const {
         return *form_->findChild<Control*>(QLatin1String(name));
     }
-    [[nodiscard]] static SortProgress Progress() {
-        SortProgress progress;
-        progress.Method = u"Moving file:";
+    [[nodiscard]] static RunProgress Progress() {
+        RunProgress progress;
+        progress.Each = u"Moving file:";
         progress.Source = u"/from/a - b.mp3";
         progress.Target = u"/to/A - B.mp3";
         progress.Done = 3;
@@ -64,7 +64,7 @@ void FrmSortingTest::ShowsMethodFileTargetAndCount() {
 
 void FrmSortingTest::LongPathsAreShortenedAndStandInTheToolTip() {
     const int width = form_->width();
-    SortProgress progress = Progress();
+    RunProgress progress = Progress();
     progress.Target = u"/to/" + Text(400, u'x') + u"/end.mp3";
     form_->ShowProgress(progress);
     QCoreApplication::processEvents();
@@ -78,7 +78,7 @@ void FrmSortingTest::LongPathsAreShortenedAndStandInTheToolTip() {
 // What is shown before the window has its size is not cut shorter than the window asks for.
 void FrmSortingTest::PathsFillTheWidthOfTheWindow() {
     form_ = std::make_unique<frmSorting>();
-    SortProgress progress = Progress();
+    RunProgress progress = Progress();
     progress.Target = u"/to/a folder/A - A song with a name.mp3";
     form_->ShowProgress(progress);
     form_->show();
@@ -92,7 +92,7 @@ void FrmSortingTest::PathsFillTheWidthOfTheWindow() {
 }
 
 void FrmSortingTest::LargeCopyHasBarOfItsOwn() {
-    SortProgress progress = Progress();
+    RunProgress progress = Progress();
     progress.FileDone = std::int64_t{3} << 30;
     progress.FileTotal = std::int64_t{4} << 30;
     form_->ShowProgress(progress);

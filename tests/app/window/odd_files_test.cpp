@@ -146,9 +146,9 @@ TEST_P(OddFiles, AreSortedOrNamed) {
         while (run.Step()) {
         }
         ASSERT_EQ(run.Report().Files.size(), 2U);
-        EXPECT_EQ(run.Report().Files[1].What, SortedFile::Outcome::Done);
-        const SortedFile& thing = run.Report().Files[0];
-        EXPECT_EQ(thing.Reason.empty(), thing.What == SortedFile::Outcome::Done);
+        EXPECT_EQ(run.Report().Files[1].What, FileFate::Done);
+        const FileOutcome& thing = run.Report().Files[0];
+        EXPECT_EQ(thing.Reason.Any(), thing.What != FileFate::Done);
         // A link that points from its own folder leads nowhere from another one; the file stays.
         place.ExpectNothingLost();
     }
@@ -166,9 +166,9 @@ TEST_P(OddFiles, AreTaggedOrNamed) {
     TagRun run({place.Thing, place.Ordinary}, setTitle);
     while (run.Step()) {
     }
-    const TagReport& report = run.Report();
-    EXPECT_EQ(report.Written.back(), 1U);
-    EXPECT_EQ(report.Written.size() + report.Failures.size() + report.Unchanged, 2U);
+    const RunReport& report = run.Report();
+    ASSERT_EQ(report.Files.size(), 2U);
+    EXPECT_EQ(report.Files[1].What, FileFate::Done);
     EXPECT_EQ(ReadFile(place.Ordinary).substr(0, Sound.size() + 8), "ordinary" + Sound);
     for (const Bytes& before : place.Before) {
         const Contents now = place.Held();

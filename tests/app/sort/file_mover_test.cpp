@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "app/sort/file_mover.h"
 #include "core/text/letter_case.h"
 #include "tests/app/sort/sort_fixture.h"
 #include "tests/support/child_process.h"
@@ -270,7 +271,7 @@ TEST_F(SortFiles, MovingToTheOtherSpellingOnADiskThatDoesNotTellThemApartRenames
     SortRun run(list_, choices_, SortStart::All, context, disk, prompts_);
     while (run.Step()) {
     }
-    EXPECT_EQ(run.Report(), Counts(1));
+    EXPECT_EQ(ReportOf(run), Counts(1));
     EXPECT_EQ(disk.Files, (std::set<Text>{u"/m/One.mp3"}));
 }
 
@@ -578,7 +579,7 @@ TEST_F(SortFiles, AttributesAreSetOnTheSourceBeforeAnythingElse) {
         SortRun run(list_, choices_, SortStart::All, context, disk, prompts_);
         while (run.Step()) {
         }
-        EXPECT_EQ(run.Report(), Counts(1));
+        EXPECT_EQ(ReportOf(run), Counts(1));
         ASSERT_EQ(disk.Changes().size(), 2U);
         EXPECT_EQ(disk.Changes()[0].Operation, DiskOperation::SetAttributes);
         EXPECT_EQ(disk.Changes()[0].Path, source);
@@ -638,4 +639,80 @@ TEST_F(SortFiles, AttributesAreSetEvenWhenTheTargetIsThenLeftAlone) {
         ASSERT_EQ(disk.Changes().size(), 1U);
         EXPECT_EQ(disk.Changes()[0].Operation, DiskOperation::SetAttributes);
     }
+}
+
+namespace {
+
+/// One file "old.mp3" and a mover whose rules each test sets.
+class Mover : public SortTest {
+protected:
+    MoveResult RenameTo(TextView newName, TextView oldName = u"old.mp3") {
+        const Text old = temp_.File(u"in/" + Text(oldName), "old");
+        FileMover mover(rules_, disk_, prompts_, own_);
+        return mover.RenameFile(old, temp_ / u"in/" + Text(newName));
+    }
+    MoverRules rules_;
+    OwnFiles own_;
+};
+
+}  // namespace
+
+TEST_F(Mover, NoAndSkipMeanWhatTheRunSays) {
+    const Text there = temp_.File(u"in/there.mp3", "there");
+    for (const MoveResult meaning : {MoveResult::Stays, MoveResult::LeftAlone}) {
+        rules_.Leave = meaning;
+        rules_.Exists = IfExists::Skip;
+        EXPECT_EQ(RenameTo(u"there.mp3"), meaning);
+        rules_.Exists = IfExists::Prompt;
+        prompts_.Answers = {Answer::No};
+        EXPECT_EQ(RenameTo(u"there.mp3"), meaning);
+        prompts_.Answers = {Answer::Cancel};
+        EXPECT_EQ(RenameTo(u"there.mp3"), MoveResult::Cancelled);
+    }
+    EXPECT_EQ(ReadFile(there), "there");
+}
+
+// The small dotless i has the capital of the other one, and no other small letter.
+TEST_F(Mover, TheFoldDecidesWhichNamesAreOneInAnotherCase) {
+    const Text there = temp_.File(u"in/i.mp3", "there");
+    rules_.Exists = IfExists::Skip;
+    rules_.Fold = CaseFold::Lower;
+    EXPECT_EQ(RenameTo(u"i.mp3", u"\u0131.mp3"), MoveResult::Stays);
+    // One name in another case is renamed without a look, and takes nobody else's place.
+    rules_.Fold = CaseFold::Upper;
+    EXPECT_EQ(RenameTo(u"i.mp3", u"\u0131.mp3"), MoveResult::Failed);
+    EXPECT_EQ(ReadFile(there), "there");
+}
+
+TEST_F(Mover, AttributesAreSetBeforehandOrNotAtAll) {
+    EXPECT_EQ(RenameTo(u"new.mp3"), MoveResult::Handled);
+    EXPECT_EQ(disk_.Changes().size(), 1U);
+    rules_.Attributes = ReadOnly;
+    EXPECT_EQ(RenameTo(u"newer.mp3"), MoveResult::Handled);
+    ASSERT_EQ(disk_.Changes().size(), 3U);
+    EXPECT_EQ(disk_.Changes()[1].Operation, DiskOperation::SetAttributes);
+    EXPECT_EQ(GetAttributes(temp_ / u"in/newer.mp3") & ReadOnly, ReadOnly);
+}
+
+TEST_F(Mover, TheRunIsToldBeforeAnExistingTargetIsLookedAt) {
+    const Text there = temp_.File(u"in/there.mp3", "there");
+    std::vector<bool> asked;
+    rules_.BeforeTarget = [&](TextView target, bool asks) {
+        EXPECT_EQ(target, there);
+        asked.push_back(asks);
+    };
+    RenameTo(u"new.mp3");
+    EXPECT_TRUE(asked.empty());
+    rules_.Exists = IfExists::Replace;
+    RenameTo(u"there.mp3");
+    // It is the run's own now, so that even "Replace" asks.
+    prompts_.Answers = {Answer::No};
+    RenameTo(u"there.mp3");
+    EXPECT_EQ(asked, (std::vector<bool>{false, true}));
+}
+
+TEST_F(Mover, ARenameNeverTurnsIntoACopy) {
+    disk_.FailCall(DiskOperation::Rename, ErrorNumber::DifferentDrive);
+    EXPECT_EQ(RenameTo(u"new.mp3"), MoveResult::Failed);
+    EXPECT_EQ(InSource(), (Tree{"old.mp3"}));
 }
