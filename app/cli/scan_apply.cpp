@@ -8,6 +8,7 @@
 #include "app/cli/planning_tag_writer.h"
 #include "app/cli/records.h"
 #include "app/cli/terminal_prompts.h"
+#include "app/list/run_texts.h"
 #include "core/platform/path.h"
 #include "core/text/code_page.h"
 
@@ -142,7 +143,7 @@ void Applying::NoteRename(const RenamePair& pair, const RenameReport& now) {
         record.Reason = Describe(ErrorNumber::FileNotFound);
     } else if (now.Kept > kept_) {
         record.What = Outcome::Kept;
-        record.Reason = u"There is a file of its new name";
+        record.Reason = ReasonText({Why::TargetExists});
     } else {
         record.What = actions.empty() ? Outcome::Unchanged : Outcome::Renamed;
     }

@@ -112,7 +112,7 @@ void frmPLM::OneFileSaved(const PanelSave& saved) {
 
 void frmPLM::StartTagRun(const QString& what, TagRun run) {
     player_.Stop();
-    run.Call(FromQt(what));
+    run.SetName(FromQt(what));
     auto work = std::make_unique<TagRun>(std::move(run));
     const TagRun& underWay = *work;
     work_.Start(std::move(work), [this, &underWay, rows = list_.SelectedRows()](bool /*stopped*/) {
