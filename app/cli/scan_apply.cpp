@@ -8,7 +8,7 @@
 #include "app/cli/planning_tag_writer.h"
 #include "app/cli/records.h"
 #include "app/cli/terminal_prompts.h"
-#include "core/names/existing_target.h"
+#include "app/list/run_texts.h"
 #include "core/platform/path.h"
 #include "core/platform/tidy_disk.h"
 #include "core/text/code_page.h"
@@ -145,7 +145,7 @@ void Applying::NoteRename(const RenamePair& pair, const RenameReport& now) {
         record.Reason = Describe(ErrorNumber::FileNotFound);
     } else if (now.Kept > kept_) {
         record.What = Outcome::Kept;
-        record.Reason = FromUtf8(TargetExistsReason);
+        record.Reason = ReasonText({Why::TargetExists});
     } else {
         record.What = actions.empty() ? Outcome::Unchanged : Outcome::Renamed;
     }

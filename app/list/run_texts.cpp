@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "app/list/file_failures.h"
+#include "core/names/existing_target.h"
 #include "core/tags/save_tags.h"
 
 namespace mdlPLM {
@@ -16,7 +17,7 @@ Text CountText(std::size_t count) { return NumberText(static_cast<long long>(cou
 /// What is said of every cause but those of the system and of a save; in the order of Why.
 constexpr std::array<const char*, 6> Sentences = {
     "",
-    PLM_TRANSLATE("Texts", "There is a file of its new name"),
+    TargetExistsReason,
     PLM_TRANSLATE("Texts", "The file is missing"),
     PLM_TRANSLATE("Texts", "Its name has no artist"),
     PLM_TRANSLATE("Texts", "no name is left"),

@@ -13,7 +13,8 @@
 
 namespace mdlPLM {
 
-class TagRun : public Run {  // its records are in the order of the paths
+/// Its records are in the order of the paths.
+class TagRun : public Run {
 public:
     /// Works out the change of a file from what it holds.
     using Edit = std::function<TagChange(TextView path, const FileTags& tags)>;
@@ -22,8 +23,8 @@ public:
     /// Tags are saved through `writer`, which must outlive the run, instead of into the files.
     void WriteThrough(TagWriter& writer) { writer_ = &writer; }
 
-    /// What is told as the work under way.
-    void Call(Text what) { what_ = std::move(what); }
+    /// What the work is called while it is under way.
+    void SetName(Text what) { what_ = std::move(what); }
     /// What killed runs have left beside the files is removed on the way. `leftOvers` must outlive
     /// the run.
     void Tidy(LeftOvers& leftOvers) { leftOvers_ = &leftOvers; }

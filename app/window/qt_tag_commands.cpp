@@ -130,7 +130,7 @@ void TagCommands::OneFileSaved(const PanelSave& saved) {
 
 void TagCommands::StartTagRun(const QString& what, TagRun run) {
     player_.Stop();
-    run.Call(FromQt(what));
+    run.SetName(FromQt(what));
     if (parts_.Context.LeftBehind != nullptr) run.Tidy(*parts_.Context.LeftBehind);
     auto work = std::make_unique<TagRun>(std::move(run));
     const TagRun& underWay = *work;
