@@ -9,11 +9,15 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
+#include <map>
 
+#include "app/list/qt_work_queue.h"
 #include "app/shared/qt_prompts.h"
 #include "core/platform/path.h"
 #include "tests/support/qt_main_window.h"
 #include "tests/support/qt_modal.h"
+#include "tests/support/tag_bytes.h"
 
 using namespace mdlPLM;
 
@@ -38,6 +42,65 @@ private:
     int pipe_[2] = {-1, -1};
 };
 
+/// The main window with real boxes, and a signal for it.
+class OpenWindow {
+public:
+    OpenWindow() {
+        window_.show();
+        window_.findChild<WorkQueue*>()->SetSliceLength(0);
+    }
+    [[nodiscard]] const TempFolder& Folder() const { return plm_.Folder; }
+    [[nodiscard]] Bytes Settings() const { return ReadFile(plm_.Folder / u"PLM.ini"); }
+
+    /// Makes files in the folder "in" and takes them into the list.
+    std::vector<Text> Add(const std::map<Text, Bytes>& named) {
+        std::vector<Text> files;
+        for (const auto& [name, contents] : named)
+            files.push_back(plm_.Folder.File(u"in/" + name, contents));
+        window_.AddPaths(files);
+        while (!window_.findChild<QWidget*>("cmdAddFiles")->isEnabled())
+            QCoreApplication::processEvents();
+        return files;
+    }
+    void Press(const char* name) {
+        window_.findChild<QAbstractButton*>(QLatin1String(name))->click();
+    }
+    void Enter(const char* name, const QString& text) {
+        auto* const box = window_.findChild<QLineEdit*>(QLatin1String(name));
+        box->selectAll();
+        QTest::keyClicks(box, text);
+    }
+    /// Calls `act` when that much of the next work is done.
+    void OnThirdStep(const std::function<void()>& act) {
+        QObject::connect(window_.findChild<WorkQueue*>(), &WorkQueue::Progressed, &window_,
+                         [act, step = 0]() mutable {
+                             if (++step == 3) act();
+                         });
+    }
+    /// Presses a button and runs the program to its end.
+    void PressAndRun(const char* name) {
+        QTimer::singleShot(0, &window_, [this, name] { Press(name); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+        QVERIFY(!window_.isVisible());
+    }
+
+    const Signal Kill;
+
+private:
+    MainWindow plm_;
+    QtPrompts boxes_;
+    AppContext context_{plm_.Context.Values,
+                        {},
+                        plm_.Store,
+                        plm_.Files,
+                        boxes_,
+                        plm_.Dialogs,
+                        plm_.Context.ListsFolder,
+                        plm_.Context.ProgramFolder};
+    frmPLM window_{context_, plm_.Player};
+    const CloseAtSignal close_{Kill.Descriptor(), &window_};
+};
+
 /// A dialog that is not to be closed without a question.
 class AskingDialog : public QDialog {
 public:
@@ -59,6 +122,7 @@ private slots:
     void ClosesADialogThatAsksBack();
     void ClosesAMenu();
     void EndsASortBehindTheFileAtHandAndKeepsTheSettings();
+    void EndsATagRunBehindTheFileAtHand();
     void WithoutADescriptorNothingIsWatched();
 };
 
@@ -109,43 +173,44 @@ void CloseAtSignalTest::ClosesAMenu() {
 
 // The question is about the second of three files: the first is sorted, the others stay.
 void CloseAtSignalTest::EndsASortBehindTheFileAtHandAndKeepsTheSettings() {
-    const Signal signal;
-    MainWindow plm;
-    QtPrompts boxes;
-    AppContext context{plm.Context.Values,
-                       {},
-                       plm.Store,
-                       plm.Files,
-                       boxes,
-                       plm.Dialogs,
-                       plm.Context.ListsFolder,
-                       plm.Context.ProgramFolder};
-    frmPLM window(context, plm.Player);
-    window.show();
-    const CloseAtSignal close(signal.Descriptor(), &window);
-    std::vector<Text> files;
-    for (const TextView name : {u"a - x.mp3", u"b - x.mp3", u"c - x.mp3"})
-        files.push_back(plm.Folder.File(u"in/" + Text(name), NativePath(Text(name))));
-    const Text taken = plm.Folder.File(u"out/B - X.mp3", "there before");
-    window.AddPaths(files);
-    const auto press = [&window](const char* name) {
-        window.findChild<QAbstractButton*>(QLatin1String(name))->click();
-    };
-    QTRY_VERIFY(window.findChild<QWidget*>("cmdAddFiles")->isEnabled());
-    press("optMethod1");
-    press("optExists0");
-    auto* const target = window.findChild<QLineEdit*>("txtTargetDir");
-    target->selectAll();
-    QTest::keyClicks(target, ToQt(plm.Folder / u"out"));
-    press("cmdSelectAll");
-    OnNextModal<QMessageBox>([&signal](QMessageBox&) { signal.Send(); });
-    QTimer::singleShot(0, &window, [press] { press("cmdSort"); });
-    QCOMPARE(QCoreApplication::exec(), 0);
-    QVERIFY(!window.isVisible());
+    OpenWindow plm;
+    const Text taken = plm.Folder().File(u"out/B - X.mp3", "there before");
+    const std::vector<Text> files =
+        plm.Add({{u"a - x.mp3", "1"}, {u"b - x.mp3", "2"}, {u"c - x.mp3", "3"}});
+    plm.Press("optMethod1");
+    plm.Press("optExists0");
+    plm.Enter("txtTargetDir", ToQt(plm.Folder() / u"out"));
+    plm.Press("cmdSelectAll");
+    OnNextModal<QMessageBox>([&plm](QMessageBox&) { plm.Kill.Send(); });
+    plm.PressAndRun("cmdSort");
     QVERIFY(ReadFile(taken) == "there before");
-    QVERIFY(IsThere(plm.Folder / u"out/A - X.mp3"));
+    QVERIFY(IsThere(plm.Folder() / u"out/A - X.mp3"));
     QVERIFY(!IsThere(files[0]) && IsThere(files[1]) && IsThere(files[2]));
-    QVERIFY(ReadFile(plm.Folder / u"PLM.ini").find("TargetDir=") != Bytes::npos);
+    QVERIFY(plm.Settings().find("TargetDir=") != Bytes::npos);
+}
+
+// The tags of a batch wait for each other: those that are begun get their names, no more are begun.
+void CloseAtSignalTest::EndsATagRunBehindTheFileAtHand() {
+    OpenWindow plm;
+    std::map<Text, Bytes> songs;
+    constexpr int many = 30;
+    for (int i = 10; i < 10 + many; ++i)
+        songs[NumberText(static_cast<long long>(i)) + u".mp3"] =
+            test::Noise(300) + std::to_string(i);
+    const std::vector<Text> files = plm.Add(songs);
+    plm.Press("cmdSelectAll");
+    plm.Enter("txtV2Title", QStringLiteral("New title"));
+    OnNextModal<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+    plm.OnThirdStep([&plm] { plm.Kill.Send(); });
+    plm.PressAndRun("cmdSaveID3");
+    int written = 0;
+    for (const Text& file : files) {
+        const Bytes now = ReadFile(file);
+        QVERIFY(now.find(songs.at(FileNameOfPath(file))) != Bytes::npos);
+        if (now.find("New title") != Bytes::npos) ++written;
+    }
+    QVERIFY(written >= 3 && written < many);
+    QCOMPARE(ListTree(plm.Folder() / u"in").size(), files.size());
 }
 
 void CloseAtSignalTest::WithoutADescriptorNothingIsWatched() {
