@@ -77,7 +77,10 @@ void Gathering::TakePath(BytesView native) {
     const Text path = spelling_.Absolute(PathFromNative(native));
     finder_.Begin(path);
     FoundFiles found;
-    while (!session_.Results.ShouldStop() && finder_.Step(found)) Put(std::move(found));
+    // A single file that was named is among the files also when the user stops right then: the run
+    // that does not come to it says so.
+    while ((finder_.IsAtHand() || !session_.Results.ShouldStop()) && finder_.Step(found))
+        Put(std::move(found));
     TellFaults(path);
 }
 

@@ -38,6 +38,8 @@ public:
     void Begin(TextView path, AddAs as = AddAs::Dropped);
     /// False, and nothing found, when nothing of the thing is left.
     bool Step(FoundFiles& found);
+    /// True when the thing is a single file that the next step gives: that takes no time.
+    [[nodiscard]] bool IsAtHand() const { return single_.has_value(); }
     /// The folders of the thing so far that are too deep to be searched.
     [[nodiscard]] const std::vector<Text>& TooDeep() const { return tooDeep_; }
     /// How the thing itself could be opened and read; a folder below it is passed over.

@@ -9,6 +9,7 @@
 #include "core/platform/disk.h"
 #include "core/platform/path.h"
 #include "tests/faults/fault_run.h"
+#include "tests/support/run_failures.h"
 #include "tests/support/tag_bytes.h"
 #include "tests/support/temp_folder.h"
 
@@ -76,9 +77,10 @@ int TagFiles(const std::vector<Text>& paths) {
         return change;
     });
     while (run.Step()) continue;
-    for (const FileFailure& failure : run.Report().Failures)
+    const std::vector<FileFailure> failures = FailuresOf(run.Report());
+    for (const FileFailure& failure : failures)
         std::cerr << NativePath(failure.Path + u": " + failure.Reason) << std::endl;
-    return static_cast<int>(run.Report().Failures.size());
+    return static_cast<int>(failures.size());
 }
 
 // An error that stays, a quota that shows only when the disk is asked: the whole batch.

@@ -61,6 +61,19 @@ TEST_F(FindingFiles, WhatIsChosenAsAFileOrAListIsNoOtherThing) {
     EXPECT_EQ(prompts_.Log.size(), 1U);  // that was not a compatible playlist
 }
 
+TEST_F(FindingFiles, OnlyASingleFileIsAtHand) {
+    FoundFiles found;
+    EXPECT_FALSE(finder_.IsAtHand());
+    finder_.Begin(u"/m/b.mp3");
+    EXPECT_TRUE(finder_.IsAtHand());
+    EXPECT_TRUE(finder_.Step(found));
+    EXPECT_FALSE(finder_.IsAtHand());
+    finder_.Begin(folder_.Path());
+    EXPECT_FALSE(finder_.IsAtHand());
+    finder_.Begin(folder_.File(u"l.m3u"));
+    EXPECT_FALSE(finder_.IsAtHand());
+}
+
 TEST_F(FindingFiles, AnotherThingEndsTheOneBefore) {
     (void)folder_.File(u"f/a.mp3");
     finder_.Begin(folder_ / u"f");
