@@ -236,7 +236,8 @@ class Trial:
             began = time.monotonic()
             while program.poll() is None and len(self.cuts) < MOST_DURING[mode]:
                 self.cut(f"{1000 * (time.monotonic() - began):.0f} ms after the start", program)
-                time.sleep(self.random.uniform(0, 0.002))
+                # Ever longer, so that they are spread over work of any length.
+                time.sleep(self.random.uniform(0, 0.001 + len(self.cuts) / 2000))
             errors = program.communicate()[1].decode()
         finally:
             program.kill()  # only where something went wrong it is still there
