@@ -364,7 +364,8 @@ def main():
     finally:
         shutil.rmtree(fast, ignore_errors=True)
         shutil.rmtree(large, ignore_errors=True)
-    print(f"{'Lost' if faulty else 'Nothing lost'}. Tried: {', '.join(tried) or 'none'}. "
+    result = "Nothing was tried" if not tried else "Lost" if faulty else "Nothing lost"
+    print(f"{result}. Tried: {', '.join(tried) or 'none'}. "
           f"Could not be mounted here: {', '.join(refused) or 'none'}.")
     return 1 if faulty or not tried else 0
 

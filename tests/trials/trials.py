@@ -431,12 +431,12 @@ def fill(folder, free):
 
 def full_disks(kind):
     def run(ground, row, chance):
-        disk = ground.folder / f"full-{kind}"
+        disk = ground.folder / f"full-{kind}-{next(ground.count)}"
         tree = songs_in("music", ("full", "bare"), 6, lambda i: 200000)
         judge = ground.judge(Work(f"tags on {kind}", tree, tags(tree, LONG)))
         check = told_or_done(row)
         if not mounted_disk(kind, disk, 8):
-            row.name += " (could not be mounted here)"
+            row.name = f"full {kind} (not mountable here)"
             return
         try:
             sizes = [0, 4096, 65536, 196608, 210000, 300000, 500000, 1000000, 2000000]
