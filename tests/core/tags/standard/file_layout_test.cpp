@@ -155,6 +155,13 @@ TEST(StandardLayout, PaddingThatATagDoesNotDeclareIsItsOwn) {
     EXPECT_EQ(layout.AudioBegin, Size(later) + 100);
 }
 
+TEST(StandardLayout, FramesBeyondWhatATagDeclaresAreItsOwn) {
+    const Bytes frames = B("\0\0\0\x06\0\0\0\0\0\0") + Text23("TIT2", "Title");
+    const Bytes tag = TagOf(frames, {3, 0x40, 0, -5});
+    EXPECT_EQ(LayoutOf(tag + Audio()).TagUsed, Size(tag));
+    EXPECT_EQ(LayoutOf(tag + Audio()).TagRoom, Size(tag));
+}
+
 TEST(StandardLayout, OtherBytesBetweenTagAndAudioAreKept) {
     const Bytes tag = TagOf(Text23("TIT2", "T"), {3, 0, 50, 0});
     const FileLayout layout = LayoutOf(tag + "some bytes" + Audio());
