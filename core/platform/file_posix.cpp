@@ -43,15 +43,6 @@ bool IsSameState(const FileState& a, const FileState& b) {
     return a.Identity == b.Identity && a.Size == b.Size && a.ChangeTime == b.ChangeTime;
 }
 
-// A lock of the open file, not of the process: a second opening of the same file in this program
-// meets it as well. The whole file, however long it becomes.
-struct flock WholeFile() {
-    struct flock lock {};
-    lock.l_type = F_WRLCK;
-    lock.l_whence = SEEK_SET;
-    return lock;
-}
-
 bool HoldsBytes(mode_t mode) { return !S_ISDIR(mode) && !S_ISFIFO(mode) && !S_ISSOCK(mode); }
 
 }  // namespace
@@ -83,22 +74,12 @@ Status File::Open(TextView path, Mode mode) {
 }
 
 Status File::Lock() {
-#ifdef F_OFD_SETLK
-    struct flock lock = WholeFile();
-    if (::fcntl(handle_, F_OFD_SETLK, &lock) == 0) return {};
-    return errno == EAGAIN || errno == EACCES ? ErrorNumber::FileAlreadyOpen : ErrorNumber::None;
-#else
-    return {};
-#endif
+    const bool taken = posix::TakeLock(handle_) != posix::LockHolder::Another;
+    return taken ? ErrorNumber::None : ErrorNumber::FileAlreadyOpen;
 }
 
 bool File::IsLockedByAnother() const {
-#ifdef F_OFD_SETLK
-    struct flock lock = WholeFile();
-    return ::fcntl(handle_, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
-#else
-    return false;
-#endif
+    return posix::HolderOfLock(handle_) == posix::LockHolder::Another;
 }
 
 Status File::LookAgain() {

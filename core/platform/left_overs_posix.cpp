@@ -36,7 +36,7 @@ bool IsLeftOver(const Bytes& path, std::int64_t now) {
     struct stat data {};
     return file.IsOpen() && ::fstat(file.Get(), &data) == 0 && S_ISREG(data.st_mode) &&
            data.st_uid == ::geteuid() && now - LastTouched(data) >= OldEnough &&
-           posix::IsUnlocked(file.Get());
+           posix::HolderOfLock(file.Get()) == posix::LockHolder::Nobody;
 }
 
 // A folder that cannot be opened or read to its end is looked through as far as it goes.

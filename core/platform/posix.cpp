@@ -23,15 +23,14 @@ constexpr BytesView TemporaryEnd = ".tmp";
 constexpr std::size_t TemporaryDigits = 16;
 constexpr std::size_t LongestEnding = 8;  // of a file name, its dot included
 
-// The locks belong to the open file, not to the process: another descriptor of the process that is
-// closed does not give them back.
-int TryLock(int descriptor, short kind, int command) {
+#ifdef F_OFD_SETLK
+struct flock WholeFile() {
     struct flock lock {};
-    lock.l_type = kind;
+    lock.l_type = F_WRLCK;
     lock.l_whence = SEEK_SET;
-    if (::fcntl(descriptor, command, &lock) != 0) return -1;
-    return lock.l_type;
+    return lock;
 }
+#endif
 
 }  // namespace
 
@@ -172,7 +171,29 @@ bool IsTemporaryName(BytesView name) {
            digits.find_first_not_of(HexDigits) == BytesView::npos;
 }
 
-bool IsUnlocked(int descriptor) { return TryLock(descriptor, F_WRLCK, F_OFD_GETLK) == F_UNLCK; }
+// The lock belongs to the open file, not to the process: another descriptor of the process that is
+// closed does not give it back.
+LockHolder TakeLock(int descriptor) {
+#ifdef F_OFD_SETLK
+    struct flock lock = WholeFile();
+    if (::fcntl(descriptor, F_OFD_SETLK, &lock) == 0) return LockHolder::Nobody;
+    if (errno == EAGAIN || errno == EACCES) return LockHolder::Another;
+#else
+    (void)descriptor;
+#endif
+    return LockHolder::Unknown;
+}
+
+LockHolder HolderOfLock(int descriptor) {
+#ifdef F_OFD_SETLK
+    struct flock lock = WholeFile();
+    if (::fcntl(descriptor, F_OFD_GETLK, &lock) == 0)
+        return lock.l_type == F_UNLCK ? LockHolder::Nobody : LockHolder::Another;
+#else
+    (void)descriptor;
+#endif
+    return LockHolder::Unknown;
+}
 
 Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Handle& handle) {
     do {
@@ -180,7 +201,7 @@ Status CreateTemporaryBeside(const Bytes& target, unsigned mode, Bytes& path, Ha
         handle = OpenHandle(path, O_RDWR | O_CREAT | O_EXCL, mode);
     } while (!handle.IsOpen() && errno == EEXIST);
     if (!handle.IsOpen()) return LastErrorOfNewName();
-    (void)TryLock(handle.Get(), F_WRLCK, F_OFD_SETLK);
+    (void)TakeLock(handle.Get());
     return {};
 }
 

@@ -96,8 +96,18 @@ Bytes NameInBetween(const Bytes& from);
 /// True for a name (without its folder) of the form that temporary files have.
 bool IsTemporaryName(BytesView name);
 
-/// True when no process is known to hold a lock on the open file; false where nothing can be known.
-bool IsUnlocked(int descriptor);
+/// Who keeps others from writing to a file, as far as it is known.
+enum class LockHolder {
+    Nobody,
+    Another,  ///< another open file, of this process or of another one
+    Unknown,  ///< the system or the file system knows no such locks
+};
+/// Asks for the lock of the whole file, however long it becomes, and does not wait for it. Nobody:
+/// it is the open file's own now, until that is closed; another descriptor of the same file in
+/// this program meets it as well.
+LockHolder TakeLock(int descriptor);
+/// Who holds that lock, the open file itself left out.
+LockHolder HolderOfLock(int descriptor);
 
 /// The folder of a path with its trailing separator, "" when there is none.
 Bytes FolderOfNative(const Bytes& path);
