@@ -58,7 +58,8 @@ TEST(StandardFrameBody, EncryptedContentIsNotRead) {
 
 TEST(StandardFrameBody, UnsynchronisedContentIsRead) {
     const Bytes content = B("\1\xFF\xFE\xFF\0b\0");
-    Frame frame = FrameOf(TagForm::V24, B("\0\x02"), B("\1\xFF\xFE\xFF\0\0b\0"));
+    const Bytes plain = B("\1\xFF\xFE\xFF\0\0b\0");
+    Frame frame = FrameOf(TagForm::V24, B("\0\x02"), plain);
     frame.Unsynchronised = true;
     // The bytes cannot be unsynchronised: FE follows FF.
     EXPECT_EQ(ContentOf(frame).View, frame.Body);
@@ -113,13 +114,15 @@ TEST(StandardFrameBody, IsCarriedOverAsItIs) {
     for (const TagForm form : {TagForm::V23, TagForm::V24})
         for (const Bytes& flags : {B("\0\0"), B("\xFF\xF0"), B("\x40\x80")})
             EXPECT_EQ(Carried(FrameOf(form, flags, "any bytes"), form), flags + "any bytes");
-    Frame frame = FrameOf(TagForm::V24, B("\0\x02"), B("\0a\xFF\0\0"));
+    const Bytes plain = B("\0a\xFF\0\0");
+    Frame frame = FrameOf(TagForm::V24, B("\0\x02"), plain);
     frame.Unsynchronised = true;
     EXPECT_EQ(Carried(frame, TagForm::V24), B("\0\x02\0a\xFF\0\0"));
 }
 
 TEST(StandardFrameBody, WhatOnlyTheTagSaidIsPutRight) {
-    Frame frame = FrameOf(TagForm::V24, B("\x10\0"), B("\0a\xFF\0\0"));
+    const Bytes plain = B("\0a\xFF\0\0");
+    Frame frame = FrameOf(TagForm::V24, B("\x10\0"), plain);
     frame.Unsynchronised = true;
     EXPECT_EQ(Carried(frame, TagForm::V24), B("\x10\0\0a\xFF\0"));
     const Bytes body = test::SevenBit(4) + B("\0a\xFF\0\0");
@@ -129,7 +132,8 @@ TEST(StandardFrameBody, WhatOnlyTheTagSaidIsPutRight) {
 }
 
 TEST(StandardFrameBody, PicturesOfTheFirstVersionGetAMimeType) {
-    Frame frame = FrameOf(TagForm::V22, B("\0\0"), B("\1JPG\3\xFF\xFE\0\0data"));
+    const Bytes jpeg = B("\1JPG\3\xFF\xFE\0\0data");
+    Frame frame = FrameOf(TagForm::V22, B("\0\0"), jpeg);
     frame.Id = "APIC";
     EXPECT_EQ(Carried(frame, TagForm::V23), B("\0\0\1image/jpeg\0\3\xFF\xFE\0\0data"));
     for (const auto& [format, mime] : {std::pair("PNG", "image/png"), std::pair("-->", "-->"),
@@ -141,7 +145,8 @@ TEST(StandardFrameBody, PicturesOfTheFirstVersionGetAMimeType) {
 }
 
 TEST(StandardFrameBody, LinksOfTheFirstVersionGetALongIdentifier) {
-    Frame frame = FrameOf(TagForm::V22, B("\0\0"), B("TT2http://a\0"));
+    const Bytes link = B("TT2http://a\0");
+    Frame frame = FrameOf(TagForm::V22, B("\0\0"), link);
     frame.Id = "LINK";
     EXPECT_EQ(Carried(frame, TagForm::V23), B("\0\0TIT2http://a\0"));
 }
